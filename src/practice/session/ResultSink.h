@@ -99,6 +99,9 @@ class ResultSink {
     virtual void OutputParameter(std::size_t ordinal, const std::string& name, const SqlType& type,
                                  const Datum& value) = 0;
     virtual void Environment(const EnvironmentChange& change) = 0;
+    // Sends what has been told so far at once (RAISERROR ... WITH NOWAIT). Sinks that hold nothing back need
+    // not care.
+    virtual void Flush() {}
 };
 
 } // namespace quillon::practice

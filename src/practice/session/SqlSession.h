@@ -91,9 +91,12 @@ class SqlSession {
     virtual void RunTransactionRequest(const TransactionRequest& request, ResultSink& sink) = 0;
 
     // From any thread: the running request, if there is one, ends as soon as it can, its running statement
-    // undone, without a message. It does not touch the next request: the caller calls it only between a
-    // request's start and its return.
+    // undone, without a message. The mark stays until PrepareRequest, so that a Cancel at the very start of a
+    // request is not lost.
     virtual void Cancel() noexcept = 0;
+    // Forgets a Cancel that came too late for the request before. Called before each request, under the lock
+    // that the caller also holds while it calls Cancel.
+    virtual void PrepareRequest() noexcept = 0;
 
     // Makes the session as new for the next user of a pooled connection; `keepTransaction` leaves the open
     // transaction.
