@@ -36,7 +36,8 @@ std::string TextOf(bool value);      // "True", "False"
 
 // --- reading text ---
 // A number as CDbl reads it (blanks around, sign, decimal point, thousands commas, exponent, &H and &O,
-// currency sign, trailing sign, parentheses); none if the text is none.
+// currency sign, trailing sign, parentheses); none if the text is none. Raises 6 beyond the range of a
+// Double.
 std::optional<double> ParseNumber(std::string_view text);
 // A date, a time or both as CDate reads them, with two-digit years 00 to 29 in this century; none if it is
 // none.
@@ -47,6 +48,10 @@ bool IsNumeric(const Value& value);
 double RoundHalfEven(double value) noexcept;
 
 // --- the calendar ---
+// The days of 1 January 100 and 31 December 9999.
+inline constexpr std::int32_t EarliestDay = -657434;
+inline constexpr std::int32_t LatestDay = 2958465;
+
 struct CalendarTime {
     int year, month, day, hour, minute, second;
 };
