@@ -1,6 +1,7 @@
 // Reading dates and times from text, en-US: month before day, two-digit years 00 to 29 in this century.
 #include <array>
 #include <chrono>
+#include <ctime>
 
 #include "platform/Conversion.h"
 #include "platform/Failure.h"
@@ -93,12 +94,12 @@ struct DayOfYear {
 };
 
 int CurrentYear() {
-    const auto now = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
-    return static_cast<int>(std::chrono::year_month_day(now).year());
+    const std::time_t now = std::time(nullptr);
+    return std::localtime(&now)->tm_year + 1900;
 }
 
 bool IsRealDay(const DayOfYear& date) {
-    return date.year >= 100 && date.year <= 9999 &&
+    return date.year >= 100 && date.year <= 9999 && date.month <= 12 && date.day <= 31 &&
            std::chrono::year_month_day(std::chrono::year(date.year),
                                        std::chrono::month(static_cast<unsigned>(date.month)),
                                        std::chrono::day(static_cast<unsigned>(date.day)))

@@ -167,6 +167,15 @@ double DecimalToDouble(const ParsedNumber& number) {
     return number.negative ? -value : value;
 }
 
+// Whether the digits cut off lift the last one kept, half to even. `adjacent` says that no zero stands
+// between.
+bool RoundsUp(std::string_view cut, std::uint64_t kept, bool adjacent) {
+    if (!adjacent || cut.empty() || cut.front() < '5')
+        return false;
+    const bool exactHalf = cut.front() == '5' && cut.find_first_not_of('0', 1) == cut.npos;
+    return !exactHalf || kept % 2 != 0;
+}
+
 } // namespace
 
 std::optional<ParsedNumber> ReadNumber(std::string_view text) {
@@ -192,16 +201,14 @@ CurrencyValue CurrencyOf(const ParsedNumber& number) {
     const std::string_view whole = digits.substr(0, kept), rest = digits.substr(kept);
     std::uint64_t magnitude = 0;
     const auto result = std::from_chars(whole.data(), whole.data() + whole.size(), magnitude);
-    constexpr auto limit = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
-    if (result.ec == std::errc::result_out_of_range || magnitude >= limit)
+    if (result.ec == std::errc::result_out_of_range)
         throw Failure(numbers::Overflow);
-    const bool halfOrMore =
-        !rest.empty() && rest.front() >= '5' && -places <= static_cast<long>(digits.size());
-    const bool exactHalf = halfOrMore && rest.find_first_not_of('0', 1) == rest.npos && rest.front() == '5';
-    if (halfOrMore && (!exactHalf || magnitude % 2 != 0))
+    if (RoundsUp(rest, magnitude, -places <= static_cast<long>(digits.size())))
         ++magnitude;
-    const auto value = static_cast<std::int64_t>(magnitude);
-    return CurrencyValue{number.negative ? -value : value};
+    const std::uint64_t limit = std::uint64_t{1} << 63; // the negative end reaches one further
+    if (magnitude > limit - (number.negative ? 0 : 1))
+        throw Failure(numbers::Overflow);
+    return CurrencyValue{static_cast<std::int64_t>(number.negative ? 0 - magnitude : magnitude)};
 }
 
 std::optional<double> ParseNumber(std::string_view text) {
