@@ -57,7 +57,7 @@ function(quillon_tests name)
   cmake_parse_arguments(TESTS "" "" "LINK" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   add_executable(${name} ${sources})
-  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR})
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/tests)
   target_compile_definitions(${name} PRIVATE QUILLON_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
                                              QUILLON_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
   target_precompile_headers(${name} PRIVATE <gtest/gtest.h> ${QUILLON_STANDARD_HEADERS})
