@@ -1,0 +1,109 @@
+// The catalogue: all definitions of the server at one moment. A Catalogue never changes; DDL makes a new one
+// from the old (CatalogueEditor), which shares all that stayed as it was. The Store holds the last committed
+// one; a session that has made definitions in its open transaction sees its own until it commits or rolls
+// back. So a reader holds a consistent picture without a lock for as long as it keeps the pointer.
+//
+// Names compare without regard to case, whatever the collation of the database.
+#pragma once
+
+#include "practice/storage/Definitions.h"
+
+#include <functional>
+#include <set>
+
+namespace quillon::practice {
+
+// A name as a key of maps: equal for names that differ in case alone.
+std::string FoldName(std::string_view name);
+bool SameName(std::string_view left, std::string_view right);
+
+struct NamedObject {
+    ObjectId id = 0;
+    ObjectId parent = 0; // of constraints: the table; otherwise 0
+    ObjectKind kind = ObjectKind::Table;
+};
+
+struct Database {
+    DatabaseId id = 0;
+    std::string name;
+    std::string owner = "sa";
+    const Collation* collation = nullptr;
+    Moment created;
+    std::map<std::string, std::string> options; // upper-case names: RECOVERY, RECURSIVE_TRIGGERS ...
+    std::map<SchemaId, Schema> schemas;
+    std::map<PrincipalId, Principal> principals;
+    std::vector<Permission> permissions;
+    std::map<ObjectId, std::shared_ptr<const SchemaObject>> objects; // constraints are in their tables
+    std::map<std::pair<SchemaId, std::string>, NamedObject> names;   // folded; constraints too
+
+    const Schema* FindSchema(std::string_view schemaName) const;
+    const Principal* FindPrincipal(std::string_view principalName) const;
+    // Anything of that name in the schema, constraints too; nullptr when there is none.
+    const NamedObject* FindName(SchemaId schema, std::string_view objectName) const;
+    std::string_view SchemaName(SchemaId schema) const; // empty when there is none
+    bool Option(std::string_view option) const;         // whether it is set to ON
+};
+
+class Catalogue {
+  public:
+    // Grows with every change of any definition; two catalogues of one version are the same.
+    std::uint64_t Version() const { return m_version; }
+
+    const Database* FindDatabase(std::string_view name) const;
+    const Database* FindDatabase(DatabaseId id) const;
+    std::vector<const Database*> Databases() const; // by id
+
+    // nullptr when there is none, or it is of another kind.
+    std::shared_ptr<const SchemaObject> FindObject(ObjectId id) const;
+    std::shared_ptr<const SchemaObject> FindObject(DatabaseId database, SchemaId schema,
+                                                   std::string_view name) const;
+    std::shared_ptr<const Table> FindTable(ObjectId id) const;
+    std::shared_ptr<const Module> FindModule(ObjectId id) const;
+    std::shared_ptr<const Trigger> FindTrigger(ObjectId id) const;
+    // An object or a constraint by id, with its name and the object that holds it.
+    struct Named {
+        std::string name;
+        DatabaseId database = 0;
+        SchemaId schema = 0;
+        NamedObject object;
+    };
+    std::optional<Named> FindNamed(ObjectId id) const;
+
+  private:
+    friend class CatalogueEditor;
+    std::uint64_t m_version = 0;
+    std::map<DatabaseId, std::shared_ptr<const Database>> m_databases;
+    std::map<std::string, DatabaseId> m_databaseNames;
+    std::map<ObjectId, DatabaseId> m_homes; // objects and constraints
+};
+
+// Makes the next catalogue. Keeps note of what changed so that it can be written to the definition tables.
+class CatalogueEditor {
+  public:
+    CatalogueEditor(std::shared_ptr<const Catalogue> before, std::uint64_t version);
+
+    const Catalogue& Now() const { return *m_next; }
+    Database& EditDatabase(DatabaseId id); // header, schemas, principals, permissions; not objects
+    void AddDatabase(Database database);
+    void DropDatabase(DatabaseId id);
+    // Adds the object or puts it in the place of the one with its id; its `version` is set. Names are
+    // taken and freed; the caller has made sure that they are free (2714).
+    void Put(std::shared_ptr<SchemaObject> object);
+    void Drop(ObjectId id);
+
+    std::shared_ptr<const Catalogue> Finish() { return m_next; }
+    const std::set<ObjectId>& ChangedObjects() const { return m_changedObjects; } // dropped ones too
+    const std::set<DatabaseId>& ChangedDatabases() const { return m_changedDatabases; }
+
+  private:
+    Database& Own(DatabaseId id);
+    void TakeNames(Database& database, const SchemaObject& object);
+    void FreeNames(Database& database, ObjectId id);
+
+    std::shared_ptr<Catalogue> m_next;
+    std::map<DatabaseId, std::shared_ptr<Database>> m_owned;
+    std::set<ObjectId> m_changedObjects;
+    std::set<DatabaseId> m_changedDatabases;
+};
+
+} // namespace quillon::practice

@@ -1,0 +1,139 @@
+// StoreSession: one session's way into the store: an SQLite connection of its own, the transactions as T-SQL
+// counts them, and the catalogue as this session sees it.
+//
+// A transaction of T-SQL opens a write transaction of SQLite at its first write, not before; reads outside of
+// one see the last committed state. A statement that writes runs between BeginStatement and EndStatement: its
+// changes are undone as a whole when it fails, and without an open transaction it is one by itself.
+//
+// Threads: the session's own, save Interrupt.
+#pragma once
+
+#include "practice/storage/Store.h"
+#include "practice/storage/TemporaryTables.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace quillon::practice {
+
+class StoreSession {
+  public:
+    StoreSession(Store& store, int sessionId);
+    ~StoreSession(); // rolls back; temporary tables go
+    StoreSession(const StoreSession&) = delete;
+    StoreSession& operator=(const StoreSession&) = delete;
+
+    sqlite3* Connection() const { return m_connection; }
+    Store& Shared() const { return m_store; }
+
+    // --- Definitions -----------------------------------------------------------------------------------
+    // What this session sees now: its own uncommitted definitions, or the last committed ones.
+    const std::shared_ptr<const Catalogue>& View();
+    // Changes definitions, in the file and for this session's eyes; within BeginStatement and EndStatement.
+    void Change(const std::function<void(CatalogueEditor&)>& change);
+    TemporaryTables& Temporary() { return m_temporary; }
+
+    // --- Transactions (as @@TRANCOUNT counts) ------------------------------------------------------------
+    int TransactionCount() const { return m_count; }
+    // Tells one outermost transaction of this session from the next; 0 while there is none.
+    std::uint64_t TransactionNumber() const { return m_count > 0 ? m_number : 0; }
+    bool Doomed() const { return m_doomed; }
+    // XACT_STATE() -1: nothing but a full rollback is possible. Does nothing outside of a transaction.
+    void Doom();
+    void Begin(std::string_view name = {});
+    void Commit(); // 3902 without a transaction, 3930 when doomed
+    // Everything, or to the savepoint of that name; the name of the outermost transaction means everything.
+    // 3903 without a transaction, 6401 for an unknown name, 3931 when doomed and a savepoint is asked for.
+    void Rollback(std::string_view name = {});
+    void Save(std::string_view name); // 628 without a transaction
+
+    // --- Statements --------------------------------------------------------------------------------------
+    enum class Writes : std::uint8_t {
+        Data,      // the file: takes the write lock, waiting for it (1222 after the lock timeout)
+        Temporary, // temporary tables alone
+        Variables, // table variables alone: no rollback undoes what they hold
+    };
+    // Returns a mark to end the statement with. In autocommit the count of transactions becomes 1 until then,
+    // so that a trigger sees itself inside a transaction.
+    struct StatementMark {
+        std::uint64_t transaction = 0;
+        int savepoint = 0;
+        bool own = false; // it is a transaction by itself
+    };
+    StatementMark BeginStatement(Writes writes);
+    // Keeps what the statement did (and commits when it was a transaction by itself). Returns false when the
+    // transaction in which it began is gone: a trigger has rolled it back.
+    bool EndStatement(const StatementMark& mark);
+    // Undoes what the statement did; quiet when the transaction is gone already.
+    void UndoStatement(const StatementMark& mark) noexcept;
+
+    // --- Waiting and interruption ------------------------------------------------------------------------
+    void SetLockTimeout(int milliseconds) { m_lockTimeout = milliseconds; } // -1: without end
+    int LockTimeout() const { return m_lockTimeout; }
+    // From any thread: a running or waiting statement ends as soon as it can, with Interrupted.
+    void Interrupt() noexcept;
+    void ClearInterrupt() { m_interrupted = false; }
+    bool IsInterrupted() const { return m_interrupted; }
+
+    // Identity values used by the open transaction; written to the file when it commits.
+    void NoteIdentity(ObjectId table) { m_usedIdentities.insert(table); }
+    // Runs SQL for SQLite that has no result. Throws StoreFailure.
+    void Run(const std::string& sql);
+
+  private:
+    struct Savepoint {
+        std::string name; // of SAVE TRANSACTION; empty for a statement's own
+        std::shared_ptr<const Catalogue> own;
+        TemporaryTables::State temporary;
+    };
+
+    void OpenWrite(Writes writes);
+    void FinishCommit();
+    void RollBackAll();
+    void PushSavepoint(std::string name);
+    void RollbackToSavepoint(std::size_t index);
+    void Forget();
+
+    Store& m_store;
+    int m_sessionId;
+    sqlite3* m_connection = nullptr;
+    std::shared_ptr<const Catalogue> m_view; // committed, or own
+    bool m_ownView = false;
+    TemporaryTables m_temporary;
+    TemporaryTables::State m_temporaryAtBegin;
+
+    int m_count = 0;
+    std::uint64_t m_number = 0;
+    bool m_doomed = false;
+    bool m_open = false;   // an SQLite transaction is open
+    bool m_locked = false; // and it holds the write lock
+    std::string m_outerName;
+    std::vector<Savepoint> m_savepoints;
+    std::set<ObjectId> m_usedIdentities;
+
+    int m_lockTimeout = -1;
+    std::atomic<bool> m_interrupted{false};
+};
+
+// The running statement was interrupted from another thread. Not an SqlError: no TRY/CATCH sees it.
+class Interrupted : public std::exception {
+  public:
+    const char* what() const noexcept override { return "the request was cancelled"; }
+};
+
+// SQLite said no where our own checks should have kept it from being asked; carries its text.
+class StoreFailure : public std::runtime_error {
+  public:
+    StoreFailure(int sqliteCode, const std::string& text)
+        : std::runtime_error(text)
+        , code(sqliteCode) {}
+    int code;
+};
+// Throws Interrupted or StoreFailure for the connection's last error.
+[[noreturn]] void ThrowStoreFailure(sqlite3* connection);
+
+} // namespace quillon::practice
