@@ -33,7 +33,7 @@ struct PlatformServices {
     catalogue::Library* catalogue = nullptr;
     XmlLibrary* xml = nullptr;
     SpreadsheetLibrary* spreadsheets = nullptr;
-    std::function<std::unique_ptr<ScriptHost>()> newScriptHost;
+    std::function<std::unique_ptr<ScriptHost>()> newScriptHost = nullptr;
 };
 
 class Platform {
