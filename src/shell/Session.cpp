@@ -1,5 +1,8 @@
 #include "shell/Session.h"
 
+#include "platform/DataAccess.h"
+#include "platform/Platform.h"
+
 namespace quillon {
 
 std::string g_strExceptionFile;
@@ -18,5 +21,11 @@ std::string g_strArchFile;
 std::string g_strOutputFile;
 bool g_bolStop = false;
 bool g_bolJScript = false;
+
+data::Connection& SessionConnection() {
+    if (!g_objConnection)
+        g_objConnection = ThePlatform().dataAccess().NewConnection();
+    return *g_objConnection;
+}
 
 } // namespace quillon

@@ -31,7 +31,7 @@
 
 namespace quillon {
 
-class Application;
+struct Application;
 
 class Trace {
   public:
@@ -78,9 +78,9 @@ class Trace {
     template <class Body>
     std::invoke_result_t<Body&> Procedure(std::string name, Body&& body);
 
-    // The last reports, oldest first, at most ReportsKept.
-    const std::deque<FailureReport>& Reports() const noexcept { return m_reports; }
-    static constexpr std::size_t ReportsKept = 100;
+    // The last failures, oldest first, at most RecordsKept.
+    const std::deque<FailureRecord>& Records() const noexcept { return m_records; }
+    static constexpr std::size_t RecordsKept = 100;
 
     // Path of the report file; empty without a folder.
     std::string ReportFile() const;
@@ -108,11 +108,12 @@ class Trace {
     // Reports the exception being handled as a failure of the procedure at `depth`; rethrows it if it is no
     // std::exception.
     void ReportCurrentException(std::size_t depth);
-    FailureReport MakeReport(std::string_view description, double number, std::int32_t line,
+    FailureRecord MakeRecord(std::string_view description, double number, std::int32_t line,
                              std::string_view note) const;
-    // Empty when the report was appended or none is wanted; else why it was not.
-    std::string AppendToFile(const FailureReport& report) const noexcept;
-    void Tell(const FailureReport& report, const std::string& fileTrouble) const;
+    // Keeps the record, adds it to the report file and tells the user.
+    bool Tell(FailureRecord record);
+    // Empty when the record was added or no file is wanted; else why it was not.
+    std::string AppendToFile(const FailureRecord& record) const;
 
     const Application* m_application = nullptr;
     std::string m_mailAddress;
@@ -120,7 +121,7 @@ class Trace {
     std::string m_note;
     bool m_writesReportFile = false;
     std::vector<std::string> m_chain;
-    std::deque<FailureReport> m_reports;
+    std::deque<FailureRecord> m_records;
 };
 
 template <class Body>
@@ -142,7 +143,7 @@ extern std::unique_ptr<Trace> g_objTrace;
 
 // For the few procedures that ignore failures and go on with the next statement: one call a statement.
 template <class Statement>
-void IgnoringFailures(Statement&& statement) noexcept(false) {
+void IgnoringFailures(Statement&& statement) {
     try {
         statement();
     } catch (const std::exception&) {

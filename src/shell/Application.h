@@ -1,0 +1,22 @@
+// The program as it names itself.
+#pragma once
+
+#include <string>
+
+namespace quillon {
+
+struct Application {
+    std::string Title;
+    int Major = 0;
+    int Minor = 0;
+
+    // "Quillon 0.1"
+    std::string TitleAndVersion() const {
+        return Title + " " + std::to_string(Major) + "." + std::to_string(Minor);
+    }
+};
+
+// One for the process; its version is the build's.
+const Application& TheApplication();
+
+} // namespace quillon
