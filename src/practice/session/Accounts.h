@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -34,36 +35,37 @@ class Accounts {
     // cannot be understood or when others than its user may read it.
     explicit Accounts(std::filesystem::path file);
 
-    // Whether the name exists, is enabled, and has this password. Takes the same time for a name that does
-    // not exist.
+    // Whether the name exists, is enabled, and has this password. Takes as long for a name that does not
+    // exist.
     bool Verify(std::string_view name, std::string_view password) const;
 
     std::optional<Account> Find(std::string_view name) const;
     std::vector<Account> List() const; // by principalId
 
     // Throws SqlError 15025 when the name exists already. A login made with `administrator` may do
-    // everything.
+    // everything; the name sa is always one of those.
     Account Create(std::string_view name, std::string_view password, bool administrator = false);
-    // The next four throw SqlError 15151 when the login does not exist.
+    // The others throw SqlError 15151 when the login does not exist.
     void ChangePassword(std::string_view name, std::string_view password);
     void ChangeDefaults(std::string_view name, std::string_view database,
                         std::string_view language);               // empty: as it was
     void Rename(std::string_view name, std::string_view newName); // and 15025 when newName exists
     void SetDisabled(std::string_view name, bool disabled);
     void SetAdministrator(std::string_view name, bool administrator);
-    void Drop(std::string_view name); // sa cannot be dropped: 15405
+    void Drop(std::string_view name); // sa is refused with 15405
 
   private:
     struct Entry {
         Account account;
-        std::string salt; // bytes
-        std::string hash; // bytes
+        std::string hash;
     };
 
-    Entry& Require(std::string_view name);
-    const Entry* Seek(std::string_view name) const;
+    // Applies `change` to a copy of the entries, writes the copy, and only then makes it the truth.
+    void Change(const std::function<void(std::vector<Entry>&)>& change);
+    static Entry& Require(std::vector<Entry>& entries, std::string_view name);
+    static const Entry* Seek(const std::vector<Entry>& entries, std::string_view name);
     void Load();
-    void Save() const;
+    void Save(const std::vector<Entry>& entries) const;
 
     std::filesystem::path m_file;
     mutable std::mutex m_mutex;
