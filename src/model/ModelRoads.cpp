@@ -1,0 +1,20 @@
+#include "model/ModelRoads.h"
+
+#include "model/AuditObj.h"
+#include "platform/Failure.h"
+#include "platform/FailureNumbers.h"
+#include "shell/Session.h"
+#include "shell/SessionRoads.h"
+
+namespace quillon {
+
+void OpenModelRoads() {
+    TheRoads().NewAuditObj = [] { return std::make_shared<AuditObj>(); };
+    TheRoads().TableCount = [] {
+        if (!g_objAudit)
+            throw Failure(numbers::ObjectNotSet);
+        return g_objAudit->Database()->Tables()->Count();
+    };
+}
+
+} // namespace quillon

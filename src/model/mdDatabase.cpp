@@ -1,0 +1,46 @@
+#include "model/mdDatabase.h"
+
+#include <limits>
+
+#include "platform/Failure.h"
+#include "platform/FailureNumbers.h"
+
+namespace quillon {
+
+std::int16_t mdDatabase::AuditedTableCount() {
+    const auto count =
+        std::ranges::count_if(*Tables(), [](const auto& table) { return table->IsSelectedForAudit(); });
+    if (count > std::numeric_limits<std::int16_t>::max())
+        throw Failure(numbers::Overflow);
+    return static_cast<std::int16_t>(count);
+}
+
+const std::shared_ptr<mdTables>& mdDatabase::Tables() {
+    if (!m_tables)
+        m_tables = std::make_shared<mdTables>();
+    return m_tables;
+}
+
+std::shared_ptr<mdTable> mdDatabase::ActiveTable() {
+    const mdTables& tables = *Tables();
+    const bool known = m_activeTable && m_activeTableChanges == mdTable::ActiveTableChanges() &&
+                       m_tableChanges == tables.Changes();
+    if (!known) {
+        const auto active =
+            std::ranges::find_if(tables, [](const auto& table) { return table->IsActiveTable(); });
+        m_activeTable = active != tables.end() ? *active : tables.Item(1);
+        m_activeTableChanges = mdTable::ActiveTableChanges();
+        m_tableChanges = tables.Changes();
+    }
+    return m_activeTable;
+}
+
+void mdDatabase::SetActiveTable(const std::shared_ptr<mdTable>& table) {
+    for (const auto& other : *Tables())
+        other->SetIsActiveTable(false);
+    if (!table)
+        throw Failure(numbers::ObjectNotSet);
+    table->SetIsActiveTable(true);
+}
+
+} // namespace quillon
