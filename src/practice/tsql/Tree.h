@@ -11,7 +11,6 @@ namespace quillon::practice::tsql {
 struct Batch {
     std::string source;
     StatementList statements;
-        0; // the first so many declarations came from a parameter list, not from the text
 
     std::string_view Text(Span span) const {
         return std::string_view(source).substr(span.begin, span.end - span.begin);

@@ -231,6 +231,7 @@ struct DeclareCursorStatement : Statement {
 struct SetCursorVariableStatement : Statement {
     std::string variable;
     std::optional<CursorDefinition> definition;
+    CursorName source; // where there is no definition
 
     SetCursorVariableStatement()
         : Statement(StatementKind::SetCursorVariable) {}

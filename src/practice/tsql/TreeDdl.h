@@ -25,11 +25,11 @@ struct CreateDatabaseStatement : Statement {
 
 /// ALTER DATABASE name SET ..., COLLATE c, MODIFY NAME = n; an empty `name` is CURRENT.
 struct AlterDatabaseStatement : Statement {
-    enum class Action { Set, Collate, Rename, Other };
+    enum class Action { Set, Collate, Rename };
     std::string name;
     Action action = Action::Set;
     std::vector<OptionSetting> options;
-    std::string value; // the collation or new name; for Other the words themselves
+    std::string value; // the collation or new name
 
     AlterDatabaseStatement()
         : Statement(StatementKind::AlterDatabase) {}

@@ -18,10 +18,10 @@ enum class LiteralType {
     Integer, // digits without a point; more than an int holds makes it a decimal
     Decimal, // digits with a point
     Float,   // with an exponent
-    Money,   // after a currency sign; `text` holds sign and digits without it and without grouping commas
+    Money,   // after a currency sign, which `text` keeps
     String,  // '...'
     NString, // N'...'
-    Binary,  // 0x...; `text` holds the bytes themselves
+    Binary,  // 0x..., as written
 };
 
 struct Literal : Expression {

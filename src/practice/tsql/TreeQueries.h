@@ -53,6 +53,7 @@ enum class TableSourceKind { Table, Variable, Function, Derived, Values, Join };
 struct TableSource {
     TableSourceKind kind;
     Position position;
+    int height = 1;
     std::string alias;
     std::vector<std::string> columnAliases;
 
@@ -132,6 +133,7 @@ enum class QueryBodyKind { Select, SetOperation };
 struct QueryBody {
     QueryBodyKind kind;
     Position position;
+    int height = 1;
 
     explicit QueryBody(QueryBodyKind k)
         : kind(k) {}
@@ -190,6 +192,7 @@ struct QueryHint {
 struct Query {
     Position position;
     std::size_t end = 0;
+    int height = 1;
     std::vector<CommonTable> with;
     QueryBodyPtr body;
     std::vector<OrderItem> orderBy;
