@@ -23,6 +23,9 @@ struct NamedObject {
     ObjectKind kind = ObjectKind::Table;
 };
 
+// The constraints of a table by name: keys, defaults, checks, foreign keys.
+std::vector<std::pair<std::string, NamedObject>> ConstraintsOf(const Table& table);
+
 struct Database {
     DatabaseId id = 0;
     std::string name;
@@ -85,6 +88,7 @@ class CatalogueEditor {
     const Catalogue& Now() const { return *m_next; }
     Database& EditDatabase(DatabaseId id); // header, schemas, principals, permissions; not objects
     void AddDatabase(Database database);
+    void RenameDatabase(DatabaseId id, const std::string& name);
     void DropDatabase(DatabaseId id);
     // Adds the object or puts it in the place of the one with its id; its `version` is set. Names are
     // taken and freed; the caller has made sure that they are free (2714).

@@ -17,6 +17,9 @@ struct sqlite3;
 
 namespace quillon::practice {
 
+// Ids below belong to the server's own objects.
+constexpr ObjectId firstUserObject = 100'000;
+
 struct StoreOptions {
     std::filesystem::path folder; // exists; ignored when ephemeral
     bool ephemeral = false;       // a temporary folder that goes away with the store
@@ -38,20 +41,20 @@ class Store {
 
     WriteLock& Lock() { return m_lock; }
     IdentityCounters& Identities() { return m_identities; }
-    std::uint64_t NextRowVersion(); // grows; never given twice, not even by a server started anew
+    // Grows. What a committed row bears is not given again, not even by a server started anew.
+    std::uint64_t NextRowVersion() { return ++m_rowVersion; }
     std::uint64_t LastRowVersion() const { return m_rowVersion; }
     ObjectId NextObjectId() { return ++m_lastObjectId; }
     std::uint64_t NextVersion() { return ++m_lastVersion; }
 
     const std::filesystem::path& File() const { return m_file; }
     const std::filesystem::path& Folder() const { return m_folder; }
-    // Settings of the file for a connection of a session: WAL, full synchronisation, foreign keys off (ours
-    // are our own), collations registered.
-    static void Prepare(sqlite3* connection);
+    // A connection to the file, for one thread at a time, collations registered: WAL, and a commit is on the
+    // disk when it returns (not so in an ephemeral store). The caller closes it.
+    sqlite3* Connect() const;
 
   private:
     void CreateOrLoad(sqlite3* connection);
-    void CreateSystemDatabases(sqlite3* connection);
 
     std::filesystem::path m_folder;
     std::filesystem::path m_file;

@@ -9,6 +9,8 @@
 #pragma once
 
 #include "practice/storage/Store.h"
+#include "practice/storage/StoreFailure.h"
+#include "practice/storage/TableStorage.h"
 #include "practice/storage/TemporaryTables.h"
 
 #include <functional>
@@ -16,7 +18,6 @@
 #include <vector>
 
 struct sqlite3;
-struct sqlite3_stmt;
 
 namespace quillon::practice {
 
@@ -62,7 +63,8 @@ class StoreSession {
     struct StatementMark {
         std::uint64_t transaction = 0;
         int savepoint = 0;
-        bool own = false; // it is a transaction by itself
+        bool own = false;   // it is a transaction by itself
+        bool aside = false; // it stands outside of the open transaction: table variables alone
     };
     StatementMark BeginStatement(Writes writes);
     // Keeps what the statement did (and commits when it was a transaction by itself). Returns false when the
@@ -81,21 +83,27 @@ class StoreSession {
 
     // Identity values used by the open transaction; written to the file when it commits.
     void NoteIdentity(ObjectId table) { m_usedIdentities.insert(table); }
+    std::uint64_t NextRowVersion();
     // Runs SQL for SQLite that has no result. Throws StoreFailure.
     void Run(const std::string& sql);
 
   private:
     struct Savepoint {
+        int serial = 0;
         std::string name; // of SAVE TRANSACTION; empty for a statement's own
         std::shared_ptr<const Catalogue> own;
         TemporaryTables::State temporary;
     };
 
-    void OpenWrite(Writes writes);
-    void FinishCommit();
-    void RollBackAll();
-    void PushSavepoint(std::string name);
+    void TakeLock();
+    void OpenWrite();
+    void CommitAll();
+    void RollBackAll() noexcept;
+    int PushSavepoint(std::string name);
     void RollbackToSavepoint(std::size_t index);
+    std::vector<KeptRows> KeepVariables();
+    void SaveCounters();
+    void StartNew();
     void Forget();
 
     Store& m_store;
@@ -113,27 +121,13 @@ class StoreSession {
     bool m_locked = false; // and it holds the write lock
     std::string m_outerName;
     std::vector<Savepoint> m_savepoints;
+    int m_lastSerial = 0;
+    std::uint64_t m_lastNumber = 0;
     std::set<ObjectId> m_usedIdentities;
+    bool m_usedRowVersion = false;
 
     int m_lockTimeout = -1;
     std::atomic<bool> m_interrupted{false};
 };
-
-// The running statement was interrupted from another thread. Not an SqlError: no TRY/CATCH sees it.
-class Interrupted : public std::exception {
-  public:
-    const char* what() const noexcept override { return "the request was cancelled"; }
-};
-
-// SQLite said no where our own checks should have kept it from being asked; carries its text.
-class StoreFailure : public std::runtime_error {
-  public:
-    StoreFailure(int sqliteCode, const std::string& text)
-        : std::runtime_error(text)
-        , code(sqliteCode) {}
-    int code;
-};
-// Throws Interrupted or StoreFailure for the connection's last error.
-[[noreturn]] void ThrowStoreFailure(sqlite3* connection);
 
 } // namespace quillon::practice

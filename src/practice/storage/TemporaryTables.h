@@ -26,7 +26,8 @@ class TemporaryTables {
     std::vector<std::shared_ptr<const Table>> Beyond(int scope) const;
 
     const State& All() const { return m_entries; }
-    void Restore(State state);
+    // As after a rollback: what `state` holds, save that table variables are as they are now.
+    void Restore(const State& state);
     std::uint64_t Version() const { return m_version; } // changes with every change
 
   private:

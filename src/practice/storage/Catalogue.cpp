@@ -1,0 +1,145 @@
+#include "practice/storage/Catalogue.h"
+
+namespace quillon::practice {
+
+namespace {
+
+bool IsPlain(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+char LowerPlain(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+} // namespace
+
+std::string FoldName(std::string_view name) {
+    if (!IsPlain(name))
+        return DefaultCollation()->Key(name);
+    std::string folded(name);
+    std::transform(folded.begin(), folded.end(), folded.begin(), LowerPlain);
+    return folded;
+}
+
+bool SameName(std::string_view left, std::string_view right) {
+    if (left == right)
+        return true;
+    if (IsPlain(left) && IsPlain(right))
+        return left.size() == right.size() &&
+               std::equal(left.begin(), left.end(), right.begin(),
+                          [](char a, char b) { return LowerPlain(a) == LowerPlain(b); });
+    return FoldName(left) == FoldName(right);
+}
+
+const Schema* Database::FindSchema(std::string_view schemaName) const {
+    for (const auto& [schemaId, schema] : schemas)
+        if (SameName(schema.name, schemaName))
+            return &schema;
+    return nullptr;
+}
+
+const Principal* Database::FindPrincipal(std::string_view principalName) const {
+    for (const auto& [principalId, principal] : principals)
+        if (SameName(principal.name, principalName))
+            return &principal;
+    return nullptr;
+}
+
+const NamedObject* Database::FindName(SchemaId schema, std::string_view objectName) const {
+    const auto found = names.find({schema, FoldName(objectName)});
+    return found == names.end() ? nullptr : &found->second;
+}
+
+std::string_view Database::SchemaName(SchemaId schema) const {
+    const auto found = schemas.find(schema);
+    return found == schemas.end() ? std::string_view() : std::string_view(found->second.name);
+}
+
+bool Database::Option(std::string_view option) const {
+    const auto found = options.find(std::string(option));
+    return found != options.end() && found->second == "ON";
+}
+
+const Database* Catalogue::FindDatabase(std::string_view name) const {
+    const auto found = m_databaseNames.find(FoldName(name));
+    return found == m_databaseNames.end() ? nullptr : FindDatabase(found->second);
+}
+
+const Database* Catalogue::FindDatabase(DatabaseId id) const {
+    const auto found = m_databases.find(id);
+    return found == m_databases.end() ? nullptr : found->second.get();
+}
+
+std::vector<const Database*> Catalogue::Databases() const {
+    std::vector<const Database*> all;
+    for (const auto& [id, database] : m_databases)
+        all.push_back(database.get());
+    return all;
+}
+
+std::shared_ptr<const SchemaObject> Catalogue::FindObject(ObjectId id) const {
+    const auto home = m_homes.find(id);
+    if (home == m_homes.end())
+        return nullptr;
+    const auto& objects = m_databases.at(home->second)->objects;
+    const auto found = objects.find(id);
+    return found == objects.end() ? nullptr : found->second;
+}
+
+std::shared_ptr<const SchemaObject> Catalogue::FindObject(DatabaseId database, SchemaId schema,
+                                                          std::string_view name) const {
+    const Database* home = FindDatabase(database);
+    const NamedObject* named = home == nullptr ? nullptr : home->FindName(schema, name);
+    if (named == nullptr || named->parent != 0)
+        return nullptr;
+    return home->objects.at(named->id);
+}
+
+std::shared_ptr<const Table> Catalogue::FindTable(ObjectId id) const {
+    return std::dynamic_pointer_cast<const Table>(FindObject(id));
+}
+
+std::shared_ptr<const Module> Catalogue::FindModule(ObjectId id) const {
+    return std::dynamic_pointer_cast<const Module>(FindObject(id));
+}
+
+std::shared_ptr<const Trigger> Catalogue::FindTrigger(ObjectId id) const {
+    return std::dynamic_pointer_cast<const Trigger>(FindObject(id));
+}
+
+std::optional<Catalogue::Named> Catalogue::FindNamed(ObjectId id) const {
+    const auto home = m_homes.find(id);
+    if (home == m_homes.end())
+        return std::nullopt;
+    const Database& database = *m_databases.at(home->second);
+    if (const auto found = database.objects.find(id); found != database.objects.end())
+        return Named{found->second->name, database.id, found->second->schema, {id, 0, found->second->kind}};
+    for (const auto& [key, named] : database.names) {
+        if (named.id != id)
+            continue;
+        const auto table = std::dynamic_pointer_cast<const Table>(FindObject(named.parent));
+        for (const auto& [name, object] : ConstraintsOf(*table))
+            if (object.id == id)
+                return Named{name, database.id, key.first, named};
+    }
+    return std::nullopt;
+}
+
+std::vector<std::pair<std::string, NamedObject>> ConstraintsOf(const Table& table) {
+    std::vector<std::pair<std::string, NamedObject>> all;
+    for (const Index& index : table.indexes)
+        if (index.IsConstraint())
+            all.push_back({index.name,
+                           {index.constraint, table.id,
+                            index.primaryKey ? ObjectKind::PrimaryKey : ObjectKind::UniqueKey}});
+    for (const DefaultConstraint& value : table.defaults)
+        all.push_back({value.name, {value.id, table.id, ObjectKind::DefaultKind}});
+    for (const CheckConstraint& check : table.checks)
+        all.push_back({check.name, {check.id, table.id, ObjectKind::CheckKind}});
+    for (const ForeignKey& key : table.foreignKeys)
+        all.push_back({key.name, {key.id, table.id, ObjectKind::ForeignKeyConstraint}});
+    return all;
+}
+
+} // namespace quillon::practice

@@ -1,0 +1,294 @@
+#include "practice/storage/StoreSession.h"
+
+#include "practice/storage/DefinitionTables.h"
+#include "practice/storage/Sqlite.h"
+#include "practice/values/SqlError.h"
+
+#include <sqlite3.h>
+
+namespace quillon::practice {
+
+StoreSession::StoreSession(Store& store, int sessionId)
+    : m_store(store)
+    , m_sessionId(sessionId)
+    , m_connection(store.Connect()) {}
+
+StoreSession::~StoreSession() {
+    RollBackAll();
+    sqlite3_close_v2(m_connection);
+}
+
+void StoreSession::Run(const std::string& sql) {
+    Prepared(m_connection, sql).Run();
+}
+
+void StoreSession::Interrupt() noexcept {
+    m_interrupted = true;
+    sqlite3_interrupt(m_connection);
+    m_store.Lock().Wake();
+}
+
+std::uint64_t StoreSession::NextRowVersion() {
+    m_usedRowVersion = true;
+    return m_store.NextRowVersion();
+}
+
+const std::shared_ptr<const Catalogue>& StoreSession::View() {
+    if (!m_ownView)
+        m_view = m_store.Committed();
+    return m_view;
+}
+
+void StoreSession::Change(const std::function<void(CatalogueEditor&)>& change) {
+    CatalogueEditor editor(View(), m_store.NextVersion());
+    change(editor);
+    SaveChanges(m_connection, editor);
+    m_view = editor.Finish();
+    m_ownView = true;
+}
+
+// --- Transactions --------------------------------------------------------------------------------------
+
+void StoreSession::StartNew() {
+    m_number = ++m_lastNumber;
+    m_temporaryAtBegin = m_temporary.All();
+}
+
+void StoreSession::Begin(std::string_view name) {
+    if (m_count == 0) {
+        StartNew();
+        m_outerName = name;
+    }
+    ++m_count;
+}
+
+void StoreSession::Commit() {
+    if (m_count == 0)
+        throw SqlError(3902);
+    if (m_doomed)
+        throw SqlError(3930);
+    if (m_count == 1)
+        CommitAll();
+    else
+        --m_count;
+}
+
+void StoreSession::Rollback(std::string_view name) {
+    if (m_count == 0)
+        throw SqlError(3903);
+    if (name.empty() || SameName(name, m_outerName)) {
+        const std::vector<KeptRows> variables = KeepVariables();
+        RollBackAll();
+        for (const KeptRows& rows : variables)
+            rows.Restore();
+        return;
+    }
+    const auto found = std::find_if(m_savepoints.rbegin(), m_savepoints.rend(), [&](const Savepoint& point) {
+        return !point.name.empty() && SameName(point.name, name);
+    });
+    if (found == m_savepoints.rend())
+        throw SqlError(6401, {name});
+    if (m_doomed)
+        throw SqlError(3931);
+    RollbackToSavepoint(static_cast<std::size_t>(m_savepoints.rend() - found) - 1);
+}
+
+void StoreSession::Save(std::string_view name) {
+    if (m_count == 0)
+        throw SqlError(628);
+    if (m_doomed)
+        throw SqlError(3930);
+    PushSavepoint(std::string(name));
+}
+
+void StoreSession::Doom() {
+    if (m_count > 0)
+        m_doomed = true;
+}
+
+void StoreSession::TakeLock() {
+    if (m_locked)
+        return;
+    const auto timeout =
+        m_lockTimeout < 0 ? std::nullopt : std::optional(std::chrono::milliseconds(m_lockTimeout));
+    switch (m_store.Lock().Take(this, m_sessionId, timeout, m_interrupted)) {
+    case WriteLock::Outcome::Taken: m_locked = true; return;
+    case WriteLock::Outcome::TimedOut: throw SqlError(1222);
+    case WriteLock::Outcome::Interrupted: throw Interrupted();
+    }
+}
+
+// A transaction of T-SQL that has only read so far becomes one of SQLite, with the savepoints it has by now.
+void StoreSession::OpenWrite() {
+    TakeLock();
+    if (m_open)
+        return;
+    Run("BEGIN IMMEDIATE");
+    m_open = true;
+    for (const Savepoint& point : m_savepoints)
+        Run("SAVEPOINT s" + std::to_string(point.serial));
+}
+
+void StoreSession::SaveCounters() {
+    for (const ObjectId table : m_usedIdentities)
+        if (const auto last = m_store.Identities().Last(table))
+            Prepared(m_connection, "INSERT OR REPLACE INTO q_identity VALUES(?, ?)")
+                .Bind(1, table)
+                .Bind(2, *last)
+                .Run();
+    if (m_usedRowVersion)
+        SaveSetting(m_connection, "rowversion", static_cast<std::int64_t>(m_store.LastRowVersion()));
+}
+
+void StoreSession::CommitAll() {
+    if (m_open) {
+        try {
+            if (m_locked)
+                SaveCounters();
+            Run("COMMIT");
+        } catch (...) {
+            RollBackAll();
+            throw;
+        }
+        if (m_ownView)
+            m_store.Publish(m_view);
+    }
+    Forget();
+}
+
+void StoreSession::RollBackAll() noexcept {
+    // SQLite may have rolled back by itself (a full disk); then there is nothing left to do.
+    if (m_open && sqlite3_get_autocommit(m_connection) == 0)
+        sqlite3_exec(m_connection, "ROLLBACK", nullptr, nullptr, nullptr);
+    if (m_count > 0)
+        m_temporary.Restore(m_temporaryAtBegin);
+    Forget();
+}
+
+void StoreSession::Forget() {
+    m_count = 0;
+    m_doomed = false;
+    m_open = false;
+    m_ownView = false;
+    m_outerName.clear();
+    m_savepoints.clear();
+    m_usedIdentities.clear();
+    m_usedRowVersion = false;
+    m_temporaryAtBegin.clear();
+    if (m_locked)
+        m_store.Lock().Release(this);
+    m_locked = false;
+}
+
+int StoreSession::PushSavepoint(std::string name) {
+    const int serial = ++m_lastSerial;
+    if (m_open)
+        Run("SAVEPOINT s" + std::to_string(serial));
+    m_savepoints.push_back({serial, std::move(name), m_ownView ? m_view : nullptr, m_temporary.All()});
+    return serial;
+}
+
+void StoreSession::RollbackToSavepoint(std::size_t index) {
+    const std::vector<KeptRows> variables = KeepVariables();
+    const Savepoint& point = m_savepoints[index];
+    if (m_open)
+        Run("ROLLBACK TO s" + std::to_string(point.serial));
+    m_ownView = point.own != nullptr;
+    if (m_ownView)
+        m_view = point.own;
+    m_temporary.Restore(point.temporary);
+    m_savepoints.resize(index + 1);
+    for (const KeptRows& rows : variables)
+        rows.Restore();
+}
+
+std::vector<KeptRows> StoreSession::KeepVariables() {
+    std::vector<KeptRows> kept;
+    if (!m_open)
+        return kept;
+    for (const TemporaryTables::Entry& entry : m_temporary.All())
+        if (entry.table->variable)
+            kept.emplace_back(m_connection, entry.table);
+    return kept;
+}
+
+// --- Statements ----------------------------------------------------------------------------------------
+
+StoreSession::StatementMark StoreSession::BeginStatement(Writes writes) {
+    if (m_interrupted)
+        throw Interrupted();
+    if (m_doomed)
+        throw SqlError(3930);
+    StatementMark mark;
+    if (m_count == 0) {
+        // Of the lock first: what others commit while we wait must be seen.
+        if (writes == Writes::Data)
+            OpenWrite();
+        else {
+            Run("BEGIN");
+            m_open = true;
+        }
+        StartNew();
+        m_count = 1;
+        mark.own = true;
+    } else if (writes == Writes::Variables && !m_open) {
+        Run("SAVEPOINT aside");
+        mark.aside = true;
+    } else {
+        OpenWrite();
+        mark.savepoint = PushSavepoint({});
+    }
+    mark.transaction = m_number;
+    return mark;
+}
+
+bool StoreSession::EndStatement(const StatementMark& mark) {
+    if (mark.aside) {
+        Run("RELEASE aside");
+        return true;
+    }
+    if (m_count == 0 || m_number != mark.transaction)
+        return false;
+    if (mark.own) {
+        // A transaction that was begun inside (in a trigger) and left open goes on.
+        if (m_count > 1)
+            --m_count;
+        else
+            CommitAll();
+        return true;
+    }
+    const auto found = std::find_if(m_savepoints.begin(), m_savepoints.end(),
+                                    [&](const Savepoint& point) { return point.serial == mark.savepoint; });
+    if (found != m_savepoints.end()) {
+        Run("RELEASE s" + std::to_string(mark.savepoint));
+        m_savepoints.erase(found, m_savepoints.end());
+    }
+    return true;
+}
+
+void StoreSession::UndoStatement(const StatementMark& mark) noexcept {
+    if (mark.aside) {
+        sqlite3_exec(m_connection, "ROLLBACK TO aside; RELEASE aside", nullptr, nullptr, nullptr);
+        return;
+    }
+    if (m_count == 0 || m_number != mark.transaction)
+        return;
+    if (mark.own || sqlite3_get_autocommit(m_connection) != 0) {
+        RollBackAll();
+        return;
+    }
+    const auto found = std::find_if(m_savepoints.begin(), m_savepoints.end(),
+                                    [&](const Savepoint& point) { return point.serial == mark.savepoint; });
+    if (found == m_savepoints.end())
+        return;
+    const std::string name = "s" + std::to_string(mark.savepoint);
+    sqlite3_exec(m_connection, ("ROLLBACK TO " + name + "; RELEASE " + name).c_str(), nullptr, nullptr,
+                 nullptr);
+    m_ownView = found->own != nullptr;
+    if (m_ownView)
+        m_view = found->own;
+    m_temporary.Restore(found->temporary);
+    m_savepoints.erase(found, m_savepoints.end());
+}
+
+} // namespace quillon::practice
