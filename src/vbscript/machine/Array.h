@@ -46,7 +46,7 @@ class ArrayBuffer {
     void Resize(std::span<const std::int32_t> upperBounds);
     // Erase of a fixed array: its elements become Empty.
     void ClearElements();
-    // A copy with no owner yet; the copy is dynamic unless `keepFixed`.
+    // A copy with no owner yet, of fixed size if this one is.
     ArrayBuffer* Copy() const;
 
     void AddReference() noexcept { ++m_references; }

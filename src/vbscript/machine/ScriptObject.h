@@ -11,6 +11,7 @@
 #include <optional>
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "platform/Object.h"
 #include "vbscript/machine/Builtin.h"
@@ -38,10 +39,69 @@ class ScriptObject : public Object {
     // Raises 451 on an object that is no collection.
     virtual std::unique_ptr<VariantEnumerator> Walk();
 
+    // Lets go of every value held, when the engine that made the object ends: breaks cycles.
+    virtual void DropContents() noexcept {}
+    // The registry that knows of the object ends before it does.
+    virtual void Orphan() noexcept = 0;
+
     // --- Object ---
     Value Invoke(MemberId member, InvokeKind kind, std::span<Value> arguments) override;
     std::unique_ptr<ObjectEnumerator> Enumerate() override;
+
+  protected:
+    // Before the object is destroyed, its memory still whole; false if it was taken hold of again.
+    virtual bool LastRelease() noexcept { return true; }
+
+  private:
+    friend class ObjectRegistry;
+    // Destroys the object, chains of objects one after the other and not one inside the other.
+    void Release() noexcept final;
+
+    std::uint32_t m_place = 0; // in its registry
 };
+
+// The objects that an engine's scripts have made and not let go of yet.
+class ObjectRegistry {
+  public:
+    ObjectRegistry() = default;
+    ObjectRegistry(const ObjectRegistry&) = delete;
+    ObjectRegistry& operator=(const ObjectRegistry&) = delete;
+    ~ObjectRegistry();
+
+    void Add(ScriptObject& object);
+    void Remove(ScriptObject& object) noexcept;
+    // Drops the contents of all objects, so that cycles fall apart.
+    void DropAll() noexcept;
+    std::size_t Count() const noexcept { return m_objects.size(); }
+
+    // The registry of the engine that runs on this thread; null outside a run.
+    static ObjectRegistry* Current() noexcept { return s_current; }
+    static ObjectRegistry* SetCurrent(ObjectRegistry* registry) noexcept {
+        return std::exchange(s_current, registry);
+    }
+
+  private:
+    static inline thread_local constinit ObjectRegistry* s_current = nullptr;
+
+    std::vector<ScriptObject*> m_objects;
+};
+
+// The base of the built-in object types: one that its engine knows of.
+class NativeObject : public ScriptObject {
+  protected:
+    NativeObject();
+    ~NativeObject() override;
+
+  private:
+    void Orphan() noexcept final { m_registry = nullptr; }
+
+    ObjectRegistry* m_registry;
+};
+
+// The object of a Variant of kind ScriptObject.
+inline ScriptObject* ScriptObjectIn(const Variant& value) noexcept {
+    return static_cast<ScriptObject*>(value.AsObject().get());
+}
 
 // The place of a name in a built-in type's table of member names, counted from 1, without regard to case.
 std::optional<MemberId> FindInTable(std::span<const std::string_view> table, std::string_view name) noexcept;

@@ -58,6 +58,12 @@ class Text {
     // The characters for writing. Only for a text with one owner.
     char16_t* Writable() noexcept { return m_buffer == nullptr ? nullptr : m_buffer->characters(); }
 
+    // For an owner whose handle was copied bit by bit.
+    void AddOwner() noexcept {
+        if (m_buffer != nullptr)
+            ++m_buffer->references;
+    }
+
     // Appends; in place where this is the only owner. `tail` may lie within this text.
     void Append(std::u16string_view tail);
 
@@ -83,5 +89,8 @@ class Text {
 
     Buffer* m_buffer = nullptr;
 };
+
+// Halves of surrogate pairs become U+FFFD.
+std::string ToUtf8(std::u16string_view characters);
 
 } // namespace quillon::vbscript

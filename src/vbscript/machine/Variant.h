@@ -44,7 +44,8 @@ enum class Kind : std::uint64_t {
     Object,       // a late-bound object of the surroundings; Nothing is one with a null pointer
     ScriptObject, // a late-bound object of the engine's own (ScriptObject.h)
     Array,
-    Constant, // internal: a global name that is a constant
+    Constant,  // internal: a global name that is a constant; Pointer() is its Variant, owned elsewhere
+    ArrayLock, // internal: keeps an array whole while one of its elements is lent out
 };
 
 class Variant {
@@ -93,7 +94,9 @@ class Variant {
     Variant(const Variant& other) noexcept
         : m_held(other.m_held.bits)
         , m_kind(other.m_kind) {
-        if (IsCounted())
+        if (m_kind == Kind::Text)
+            m_held.text.AddOwner();
+        else if (IsCounted())
             Retain();
     }
     Variant(Variant&& other) noexcept
@@ -143,7 +146,7 @@ class Variant {
     Text& AsText() noexcept { return m_held.text; }
     std::u16string_view View() const noexcept { return m_held.text.View(); }
     const ObjectRef& AsObject() const noexcept { return m_held.object; }
-    ScriptObject* AsScriptObject() const noexcept; // kind ScriptObject
+
     ArrayBuffer* AsArray() const noexcept { return m_held.array; }
     Variant* Target() const noexcept { return m_held.target; } // Reference
     void* Pointer() const noexcept { return m_held.pointer; }  // Procedure, Class, Constant
@@ -156,6 +159,9 @@ class Variant {
         return result;
     }
     static Variant ReferenceTo(Variant* target) noexcept { return Internal(Kind::Reference, target); }
+
+    // Keeps `array` alive and locked as long as it lives.
+    static Variant LockOf(ArrayBuffer* array) noexcept;
 
     // --- for the machine's fast paths: overwrite without release, only over an uncounted kind ---
     void SetNumber(Kind kind, std::int64_t number) noexcept {

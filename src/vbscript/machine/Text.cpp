@@ -1,0 +1,172 @@
+#include "vbscript/machine/Text.h"
+
+#include <cstring>
+
+#include "platform/Failure.h"
+#include "platform/FailureNumbers.h"
+#include "vbscript/machine/Heap.h"
+
+namespace quillon::vbscript {
+namespace {
+
+constexpr char16_t Replacement = 0xFFFD;
+
+// One code point at `at`, which moves behind it; a byte that starts none is a replacement character.
+char32_t NextCodePoint(std::string_view bytes, std::size_t& at) noexcept {
+    const auto byte = [&](std::size_t place) { return static_cast<unsigned char>(bytes[place]); };
+    const unsigned first = byte(at++);
+    if (first < 0x80)
+        return first;
+    const int tail = first >= 0xF0 && first < 0xF5   ? 3
+                     : first >= 0xE0 && first < 0xF0 ? 2
+                     : first >= 0xC2 && first < 0xE0 ? 1
+                                                     : 0;
+    if (tail == 0 || at + tail > bytes.size())
+        return Replacement;
+    char32_t point = first & (0x3Fu >> tail);
+    for (int i = 0; i < tail; ++i) {
+        if ((byte(at + i) & 0xC0) != 0x80)
+            return Replacement;
+        point = (point << 6) | (byte(at + i) & 0x3Fu);
+    }
+    constexpr char32_t smallest[] = {0, 0x80, 0x800, 0x10000};
+    if (point < smallest[tail] || point > 0x10FFFF || (point >= 0xD800 && point < 0xE000))
+        return Replacement;
+    at += tail;
+    return point;
+}
+
+void AppendUtf8(std::string& bytes, char32_t point) {
+    const auto put = [&](char32_t byte) { bytes.push_back(static_cast<char>(byte)); };
+    if (point < 0x80) {
+        put(point);
+    } else if (point < 0x800) {
+        put(0xC0 | (point >> 6));
+        put(0x80 | (point & 0x3F));
+    } else if (point < 0x10000) {
+        put(0xE0 | (point >> 12));
+        put(0x80 | ((point >> 6) & 0x3F));
+        put(0x80 | (point & 0x3F));
+    } else {
+        put(0xF0 | (point >> 18));
+        put(0x80 | ((point >> 12) & 0x3F));
+        put(0x80 | ((point >> 6) & 0x3F));
+        put(0x80 | (point & 0x3F));
+    }
+}
+
+} // namespace
+
+Text::Text(std::u16string_view characters) {
+    if (characters.empty())
+        return;
+    m_buffer = Create(characters.size(), characters.size());
+    std::memcpy(m_buffer->characters(), characters.data(), characters.size() * sizeof(char16_t));
+}
+
+Text::Buffer* Text::Create(std::size_t length, std::size_t capacity) {
+    if (length > MaxLength)
+        throw Failure(numbers::OutOfStringSpace);
+    void* memory = Heap::Allocate(sizeof(Buffer) + capacity * sizeof(char16_t));
+    return new (memory)
+        Buffer{1, static_cast<std::uint32_t>(length), static_cast<std::uint32_t>(capacity), 0};
+}
+
+void Text::Destroy(Buffer* buffer) noexcept {
+    Heap::Free(buffer, sizeof(Buffer) + buffer->capacity * sizeof(char16_t));
+}
+
+Text Text::OfLength(std::size_t length) {
+    Text text;
+    if (length != 0)
+        text.m_buffer = Create(length, length);
+    return text;
+}
+
+Text Text::FromAscii(std::string_view characters) {
+    Text text = OfLength(characters.size());
+    std::copy(characters.begin(), characters.end(), text.Writable());
+    return text;
+}
+
+Text Text::FromUtf8(std::string_view bytes) {
+    const bool ascii =
+        std::ranges::all_of(bytes, [](char byte) { return static_cast<signed char>(byte) >= 0; });
+    if (ascii)
+        return FromAscii(bytes);
+    std::u16string characters;
+    characters.reserve(bytes.size());
+    for (std::size_t at = 0; at < bytes.size();) {
+        const char32_t point = NextCodePoint(bytes, at);
+        if (point < 0x10000) {
+            characters.push_back(static_cast<char16_t>(point));
+        } else {
+            characters.push_back(static_cast<char16_t>(0xD800 + ((point - 0x10000) >> 10)));
+            characters.push_back(static_cast<char16_t>(0xDC00 + ((point - 0x10000) & 0x3FF)));
+        }
+    }
+    return Text(characters);
+}
+
+std::string ToUtf8(std::u16string_view characters) {
+    std::string bytes;
+    bytes.reserve(characters.size());
+    for (std::size_t at = 0; at < characters.size(); ++at) {
+        const char32_t unit = characters[at];
+        const bool high = unit >= 0xD800 && unit < 0xDC00;
+        if (high && at + 1 < characters.size() && (characters[at + 1] & 0xFC00) == 0xDC00)
+            AppendUtf8(bytes, 0x10000 + ((unit - 0xD800) << 10) + (characters[++at] - 0xDC00u));
+        else
+            AppendUtf8(bytes, unit >= 0xD800 && unit < 0xE000 ? Replacement : unit);
+    }
+    return bytes;
+}
+
+std::string Text::ToUtf8() const {
+    return vbscript::ToUtf8(View());
+}
+
+void Text::Grow(std::size_t length) {
+    if (length > MaxLength)
+        throw Failure(numbers::OutOfStringSpace);
+    std::size_t capacity = std::min(std::max<std::size_t>(length + length / 2, 24), MaxLength);
+    if (capacity * sizeof(char16_t) > Heap::Limit() - std::min(Heap::Used(), Heap::Limit()))
+        capacity = length; // the room behind is a convenience; near the limit do without
+    Buffer* grown = Create(length, capacity);
+    if (m_buffer != nullptr) {
+        std::memcpy(grown->characters(), m_buffer->characters(), m_buffer->length * sizeof(char16_t));
+        if (--m_buffer->references == 0)
+            Destroy(m_buffer);
+    }
+    m_buffer = grown;
+}
+
+void Text::Append(std::u16string_view tail) {
+    if (tail.empty())
+        return;
+    const std::size_t before = Length();
+    const std::size_t length = before + tail.size();
+    if (IsUnique() && length <= m_buffer->capacity) {
+        std::memcpy(m_buffer->characters() + before, tail.data(), tail.size() * sizeof(char16_t));
+        m_buffer->length = static_cast<std::uint32_t>(length);
+        m_buffer->hash = 0;
+        return;
+    }
+    const Text keptForTail(*this); // `tail` may lie within
+    Grow(length);
+    std::memcpy(m_buffer->characters() + before, tail.data(), tail.size() * sizeof(char16_t));
+}
+
+std::uint32_t Text::Hash() const noexcept {
+    if (m_buffer == nullptr)
+        return 1;
+    if (m_buffer->hash != 0)
+        return m_buffer->hash;
+    std::uint32_t hash = 2166136261u;
+    for (const char16_t unit : View())
+        hash = (hash ^ unit) * 16777619u;
+    m_buffer->hash = hash == 0 ? 1 : hash;
+    return m_buffer->hash;
+}
+
+} // namespace quillon::vbscript
