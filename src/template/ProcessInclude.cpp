@@ -1,0 +1,43 @@
+#include "template/ProcessInclude.h"
+
+#include "model/AuditObj.h"
+#include "platform/Failure.h"
+#include "platform/FailureNumbers.h"
+#include "platform/Files.h"
+#include "platform/FrontEnd.h"
+#include "platform/Platform.h"
+#include "platform/ScriptHost.h"
+#include "shell/Session.h"
+#include "shell/Trace.h"
+
+namespace quillon::basProcTemplate {
+namespace {
+
+void AppendFile(const std::string& file, std::string& text, std::int32_t& lineCount) {
+    const auto input = ThePlatform().files().OpenInput(file);
+    for (std::string line; input->ReadLine(line); ++lineCount)
+        text.append(line).append("\r\n");
+}
+
+} // namespace
+
+std::int32_t ProcessInclude(std::string& includeText, ScriptHost& host, std::int32_t& lineCount) {
+    return g_objTrace->Procedure("basProcTemplate - ProcessInclude " + includeText, [&]() -> std::int32_t {
+        std::string file;
+        try {
+            for (const auto& include : *g_objAudit->Includes()) {
+                file = include->File();
+                AppendFile(file, includeText, lineCount);
+                host.AddCode(includeText);
+            }
+        } catch (const Failure& failure) {
+            if (failure.number() != numbers::FileNotFound)
+                return failure.number();
+            ThePlatform().frontEnd().Message("Include File: " + file + " not found", "Template Error",
+                                             Icon::Warning);
+        }
+        return 0;
+    });
+}
+
+} // namespace quillon::basProcTemplate
