@@ -53,8 +53,6 @@ double DoubleFromText(std::string_view text) {
         if (plain)
             return static_cast<double>(whole);
     }
-    if (const auto word = BooleanWord(text))
-        return *word ? -1 : 0;
     return DoubleOf(NumberIn(text));
 }
 
@@ -191,7 +189,7 @@ CurrencyValue ToCurrency(const Value& value) {
         return *currency;
     if (const auto* decimal = value.If<DecimalValue>())
         return CurrencyOf(NumberIn(decimal->digits));
-    if (const auto* text = value.If<std::string>(); text != nullptr && !BooleanWord(*text))
+    if (const auto* text = value.If<std::string>())
         return CurrencyOf(NumberIn(*text));
     return value.IsObject() ? ToCurrency(DefaultValueOf(value)) : CurrencyOf(ToDouble(value));
 }

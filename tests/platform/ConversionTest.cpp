@@ -94,7 +94,8 @@ TEST(Conversion, Booleans) {
     EXPECT_FALSE(ToBoolean("0"));
     EXPECT_FALSE(ToBoolean(Value{}));
     EXPECT_TRUE(ToBoolean(0.1));
-    EXPECT_EQ(ToDouble("True"), -1);
+    EXPECT_TRUE(ToBoolean("#TRUE#"));
+    EXPECT_EQ(NumberRaisedBy([] { ToDouble("True"); }), numbers::TypeMismatch);
     EXPECT_EQ(NumberRaisedBy([] { ToBoolean("yes"); }), numbers::TypeMismatch);
 }
 

@@ -1,0 +1,56 @@
+// CBool to CStr, Hex and Oct. The rules are machine/Convert's; these are their names.
+#include <array>
+#include <charconv>
+
+#include "vbscript/builtins/Arguments.h"
+#include "vbscript/builtins/Families.h"
+
+namespace quillon::vbscript {
+namespace {
+
+template <auto Convert>
+Variant Converted(BuiltinContext&, Arguments arguments) {
+    return Convert(arguments[0]);
+}
+
+// Whole sub-types up to Integer show sixteen bits, everything else thirty-two.
+std::uint32_t BitsOf(const Variant& value) {
+    if (value.IsWhole() && value.kind() <= Kind::Integer)
+        return static_cast<std::uint16_t>(value.Number());
+    return static_cast<std::uint32_t>(ToLong(value));
+}
+
+template <int Base>
+Variant InBase(BuiltinContext&, Arguments arguments) {
+    const Variant value = PlainValue(arguments[0]);
+    if (value.IsNull())
+        return value;
+    std::array<char, 16> digits;
+    char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), BitsOf(value), Base).ptr;
+    Text text = Text::OfLength(static_cast<std::size_t>(end - digits.data()));
+    std::transform(digits.data(), end, text.Writable(),
+                   [](char c) { return UpperOf(static_cast<char16_t>(c)); });
+    return text;
+}
+
+constexpr Builtin Table[] = {
+    {"CBool", 1, 1, Converted<ToBoolean>},
+    {"CByte", 1, 1, Converted<ToByte>},
+    {"CInt", 1, 1, Converted<ToInteger>},
+    {"CLng", 1, 1, Converted<ToLong>},
+    {"CSng", 1, 1, Converted<ToSingle>},
+    {"CDbl", 1, 1, Converted<ToDouble>},
+    {"CCur", 1, 1, Converted<ToCurrency>},
+    {"CDate", 1, 1, Converted<ToDate>},
+    {"CStr", 1, 1, Converted<ToText>},
+    {"Hex", 1, 1, InBase<16>},
+    {"Oct", 1, 1, InBase<8>},
+};
+
+} // namespace
+
+FunctionTable ConversionFunctions() noexcept {
+    return Table;
+}
+
+} // namespace quillon::vbscript
