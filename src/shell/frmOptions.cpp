@@ -4,7 +4,7 @@
 #include "platform/FailureNumbers.h"
 #include "shell/Settings.h"
 #include "shell/Trace.h"
-#include "shell/basFileDlg.h"
+#include "template/basFileDlg.h"
 
 namespace quillon {
 
@@ -77,9 +77,9 @@ void frmOptions::cmdCancel_Click() {
 
 void frmOptions::cmdFindTemplate_Click() {
     g_objTrace->Procedure("frmOptions.cmdFindTemplate_Click", [&] {
-        std::string path;
-        if (basFileDlg::ShowFileDlg(path, basFileDlg::OpenMode, "qlnx"))
-            txtDefaultArch.SetText(path);
+        const auto path = basFileDlg::ShowFileDlg(basFileDlg::Mode::Open, "qlnx");
+        if (path)
+            txtDefaultArch.SetText(*path);
     });
 }
 
