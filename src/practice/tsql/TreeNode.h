@@ -90,10 +90,12 @@ enum class ExpressionKind {
 };
 
 /// An operand or a condition; conditions are the kinds from Comparison on. `end` is the offset after its last
-/// token.
+/// token. `height` counts the nodes on the longest way down; the parser bounds it, so that walking a tree by
+/// recursion is safe however long a chain of operators the text holds.
 struct Expression {
     ExpressionKind kind;
     Position position;
+    int height = 1;
     std::size_t end = 0;
     mutable std::unique_ptr<Attachment> attachment;
 
