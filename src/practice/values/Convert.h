@@ -24,12 +24,17 @@ ConversionRule ConversionBetween(const SqlType& from, const SqlType& to);
 // static types cannot be converted; to be asked while binding.
 void RequireConversion(const SqlType& from, const SqlType& to, bool isExplicit);
 
+// No style was written: money and floats then look as in style 0, but date, time, datetime2 and
+// datetimeoffset as in 121.
+constexpr int noStyle = -1;
+
 // CAST(value AS to) and CONVERT(to, value, style). Too long texts and bytes are cut, numbers are rounded as
 // documented. Throws SqlError 220, 232, 234, 235, 237, 241, 242, 244, 245, 248, 281, 517, 529, 8114, 8115,
 // 8152, 8169, 9809 and their like. Null stays null.
-Datum Convert(const Datum& value, const SqlType& to, const ConvertOptions& options = {}, int style = 0);
+Datum Convert(const Datum& value, const SqlType& to, const ConvertOptions& options = {}, int style = noStyle);
 // TRY_CAST and TRY_CONVERT: null where the value cannot be converted; 529 is still thrown.
-Datum TryConvert(const Datum& value, const SqlType& to, const ConvertOptions& options = {}, int style = 0);
+Datum TryConvert(const Datum& value, const SqlType& to, const ConvertOptions& options = {},
+                 int style = noStyle);
 // Assignment to a variable or parameter: as CAST, implicit rules (206, 257).
 Datum ConvertForVariable(const Datum& value, const SqlType& to, const ConvertOptions& options = {});
 // Assignment to a column: as above but a value that would lose characters or bytes (other than trailing
@@ -39,7 +44,7 @@ Datum ConvertForColumn(const Datum& value, const SqlType& to, const ConvertOptio
 
 // The text that CAST to varchar gives, unlimited in length; null gives "NULL" (what PRINT-like uses must not
 // ask for).
-std::string ToText(const Datum& value, int style = 0);
+std::string ToText(const Datum& value, int style = noStyle);
 // The form that a client's grid shows is the client's; this is the 0x... form of bytes.
 std::string ToHex(std::string_view bytes, bool prefix = true);
 std::string FormatGuid(const Guid& guid); // upper case with dashes
@@ -53,7 +58,8 @@ struct ParsedMoment {
     bool hasDate = false;
     bool hasTime = false;
 };
-std::optional<ParsedMoment> ParseMoment(std::string_view text, const ConvertOptions& options, int style = 0);
+std::optional<ParsedMoment> ParseMoment(std::string_view text, const ConvertOptions& options,
+                                        int style = noStyle);
 
 // Characters as T-SQL counts them: UTF-16 code units.
 int CountCharacters(std::string_view utf8);

@@ -1,0 +1,373 @@
+#include "practice/values/Collation.h"
+
+#include "practice/values/Unicode.h"
+
+#include <algorithm>
+#include <array>
+#include <deque>
+#include <mutex>
+
+namespace quillon::practice {
+
+namespace {
+
+// How one code point sorts: by letter, then accent, then case. A combining mark has no letter of its own.
+struct Weight {
+    std::uint32_t letter;
+    std::uint16_t accent;
+    std::uint8_t upper;
+};
+
+std::uint32_t ClassOf(char32_t c) {
+    if (c == ' ' || c == '\t' || c == '\n' || c == '\r')
+        return 0x000000;
+    if (c >= '0' && c <= '9')
+        return 0x200000;
+    const bool isLetter = (c >= 'a' && c <= 'z') || c >= 0xAA;
+    return isLetter ? 0x400000 : 0x100000;
+}
+
+Weight ComputeWeight(char32_t c) {
+    if (c >= 0x300 && c < 0x370)
+        return {0, static_cast<std::uint16_t>(c - 0x300 + 1), 0};
+    if (c >= 0xFF01 && c <= 0xFF5E)
+        c -= 0xFEE0; // full width forms differ from the plain ones for no order that we have
+    const char32_t lower = unicode::ToLower(c);
+    const std::uint8_t upper = lower != c;
+    const unicode::Accented parts = unicode::Decompose(lower);
+    return {(ClassOf(parts.base) | static_cast<std::uint32_t>(parts.base)) + 1, parts.accents, upper};
+}
+
+const std::array<Weight, 0x250>& CommonWeights() {
+    static const std::array<Weight, 0x250> weights = [] {
+        std::array<Weight, 0x250> table{};
+        for (char32_t c = 0; c < table.size(); ++c)
+            table[c] = ComputeWeight(c);
+        return table;
+    }();
+    return weights;
+}
+
+// The letters that count as two: ae, oe, ss, th.
+const char* Expansion(char32_t c) {
+    switch (c) {
+    case 0xDF: return "ss";
+    case 0xC6: return "AE";
+    case 0xE6: return "ae";
+    case 0x152: return "OE";
+    case 0x153: return "oe";
+    case 0xDE: return "TH";
+    case 0xFE: return "th";
+    default: return nullptr;
+    }
+}
+
+// Walks a text weight by weight. Marks add to the accent of the letter before them.
+class Weights {
+  public:
+    explicit Weights(std::string_view text)
+        : m_text(text)
+        , m_common(CommonWeights()) {}
+
+    bool Next(Weight& weight) {
+        if (!Take(weight))
+            return false;
+        while (m_position < m_text.size() &&
+               static_cast<unsigned char>(m_text[m_position]) >> 1 == 0xCC >> 1) {
+            const std::size_t before = m_position;
+            Weight mark{};
+            if (!Take(mark) || mark.letter != 0) {
+                m_position = before;
+                break;
+            }
+            weight.accent = static_cast<std::uint16_t>(weight.accent * 113 + mark.accent);
+        }
+        return true;
+    }
+
+  private:
+    bool Take(Weight& weight) {
+        if (m_pending != 0) {
+            weight = m_common[static_cast<unsigned char>(m_pending)];
+            m_pending = 0;
+            return true;
+        }
+        if (m_position >= m_text.size())
+            return false;
+        const auto byte = static_cast<unsigned char>(m_text[m_position]);
+        if (byte < 0x80) {
+            ++m_position;
+            weight = m_common[byte];
+            return true;
+        }
+        const char32_t c = unicode::Next(m_text, m_position);
+        if (const char* two = Expansion(c)) {
+            weight = m_common[static_cast<unsigned char>(two[0])];
+            m_pending = two[1];
+            return true;
+        }
+        weight = c < m_common.size() ? m_common[c] : ComputeWeight(c);
+        return true;
+    }
+
+    std::string_view m_text;
+    const std::array<Weight, 0x250>& m_common;
+    std::size_t m_position = 0;
+    char m_pending = 0;
+};
+
+std::string_view WithoutTrailingBlanks(std::string_view text) {
+    while (!text.empty() && text.back() == ' ')
+        text.remove_suffix(1);
+    return text;
+}
+
+int Sign(int value) {
+    return value < 0 ? -1 : value > 0 ? 1 : 0;
+}
+
+// A text that is the beginning of another compares as if blanks followed it.
+int CompareTail(Weights& rest, Weight weight) {
+    const std::uint32_t blank = CommonWeights()[' '].letter;
+    do {
+        if (weight.letter != blank)
+            return weight.letter > blank ? 1 : -1;
+    } while (rest.Next(weight));
+    return 0;
+}
+
+int CompareByWeight(const Collation& collation, std::string_view leftText, std::string_view rightText) {
+    Weights left(leftText);
+    Weights right(rightText);
+    int accent = 0;
+    int letterCase = 0;
+    for (;;) {
+        Weight l{};
+        Weight r{};
+        const bool hasLeft = left.Next(l);
+        const bool hasRight = right.Next(r);
+        if (!hasLeft && !hasRight)
+            break;
+        if (!hasRight) {
+            if (const int tail = CompareTail(left, l))
+                return tail;
+            break;
+        }
+        if (!hasLeft) {
+            if (const int tail = CompareTail(right, r))
+                return -tail;
+            break;
+        }
+        if (l.letter != r.letter)
+            return l.letter < r.letter ? -1 : 1;
+        if (accent == 0)
+            accent = Sign(l.accent - r.accent);
+        if (letterCase == 0)
+            letterCase = Sign(l.upper - r.upper);
+    }
+    if (collation.accentSensitive && accent != 0)
+        return accent;
+    return collation.caseSensitive ? letterCase : 0;
+}
+
+int CompareBytes(std::string_view left, std::string_view right) {
+    left = WithoutTrailingBlanks(left);
+    right = WithoutTrailingBlanks(right);
+    const std::size_t common = std::min(left.size(), right.size());
+    for (std::size_t index = 0; index < common; ++index) {
+        const auto l = static_cast<unsigned char>(left[index]);
+        const auto r = static_cast<unsigned char>(right[index]);
+        if (l != r)
+            return l < r ? -1 : 1;
+    }
+    if (left.size() == right.size())
+        return 0;
+    // The shorter one goes on in blanks.
+    const bool leftLonger = left.size() > right.size();
+    const auto next = static_cast<unsigned char>(leftLonger ? left[common] : right[common]);
+    return (next > ' ') == leftLonger ? 1 : -1;
+}
+
+std::string UpperAscii(std::string_view text) {
+    std::string result(text);
+    for (char& c : result)
+        c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
+    return result;
+}
+
+struct LanguagePrefix {
+    const char* name; // upper case
+    std::uint32_t locale;
+    bool isSql; // the older family, which has a sort id and no version
+};
+
+constexpr LanguagePrefix prefixes[] = {
+    {"SQL_LATIN1_GENERAL_CP1250", 0x0409, true},
+    {"SQL_LATIN1_GENERAL_CP1251", 0x0419, true},
+    {"SQL_LATIN1_GENERAL_CP1253", 0x0408, true},
+    {"SQL_LATIN1_GENERAL_CP1254", 0x041F, true},
+    {"SQL_LATIN1_GENERAL_CP1", 0x0409, true},
+    {"SQL_LATIN1_GENERAL_CP437", 0x0409, true},
+    {"SQL_LATIN1_GENERAL_CP850", 0x0409, true},
+    {"SQL_LATIN1_GENERAL", 0x0409, true},
+    {"LATIN1_GENERAL", 0x0409, false},
+    {"ALBANIAN", 0x041C, false},
+    {"ARABIC", 0x0401, false},
+    {"CHINESE_PRC", 0x0804, false},
+    {"CHINESE_TAIWAN_STROKE", 0x0404, false},
+    {"CROATIAN", 0x041A, false},
+    {"CYRILLIC_GENERAL", 0x0419, false},
+    {"CZECH", 0x0405, false},
+    {"DANISH_NORWEGIAN", 0x0406, false},
+    {"ESTONIAN", 0x0425, false},
+    {"FINNISH_SWEDISH", 0x040B, false},
+    {"FRENCH", 0x040C, false},
+    {"GERMAN_PHONEBOOK", 0x10407, false},
+    {"GREEK", 0x0408, false},
+    {"HEBREW", 0x040D, false},
+    {"HUNGARIAN", 0x040E, false},
+    {"ICELANDIC", 0x040F, false},
+    {"JAPANESE", 0x0411, false},
+    {"KOREAN_WANSUNG", 0x0412, false},
+    {"LATVIAN", 0x0426, false},
+    {"LITHUANIAN", 0x0427, false},
+    {"MODERN_SPANISH", 0x0C0A, false},
+    {"POLISH", 0x0415, false},
+    {"ROMANIAN", 0x0418, false},
+    {"SLOVAK", 0x041B, false},
+    {"SLOVENIAN", 0x0424, false},
+    {"THAI", 0x041E, false},
+    {"TRADITIONAL_SPANISH", 0x040A, false},
+    {"TURKISH", 0x041F, false},
+    {"UKRAINIAN", 0x0422, false},
+    {"VIETNAMESE", 0x042A, false},
+};
+
+const LanguagePrefix* PrefixOf(std::string_view upperName) {
+    const LanguagePrefix* best = nullptr;
+    std::size_t bestLength = 0;
+    for (const LanguagePrefix& prefix : prefixes) {
+        const std::string_view name = prefix.name;
+        if (upperName.starts_with(std::string(name) + "_") && name.size() > bestLength) {
+            best = &prefix;
+            bestLength = name.size();
+        }
+    }
+    return best;
+}
+
+bool Eat(std::string_view& rest, std::string_view part) {
+    if (!rest.starts_with(part))
+        return false;
+    rest.remove_prefix(part.size());
+    return true;
+}
+
+// Reads what follows the language: _100_CI_AS_KS_WS_SC_UTF8 and the like.
+bool ReadFlags(std::string_view rest, bool isSql, Collation& collation) {
+    if (!isSql && !Eat(rest, "_90") && !Eat(rest, "_100"))
+        Eat(rest, "_140");
+    if (Eat(rest, "_BIN2") || Eat(rest, "_BIN")) {
+        collation.binary = collation.caseSensitive = true;
+        Eat(rest, "_UTF8");
+        return rest.empty();
+    }
+    if (isSql)
+        Eat(rest, "_PREF");
+    if (!Eat(rest, "_CI")) {
+        if (!Eat(rest, "_CS"))
+            return false;
+        collation.caseSensitive = true;
+    }
+    if (!Eat(rest, "_AS")) {
+        if (!Eat(rest, "_AI"))
+            return false;
+        collation.accentSensitive = false;
+    }
+    for (const char* part : {"_KS", "_WS", "_VSS", "_SC", "_UTF8"})
+        Eat(rest, part);
+    return rest.empty();
+}
+
+} // namespace
+
+const char* Collation::SqliteName() const {
+    if (binary)
+        return "BIN";
+    if (caseSensitive)
+        return accentSensitive ? "CS_AS" : "CS_AI";
+    return accentSensitive ? "CI_AS" : "CI_AI";
+}
+
+int Collation::Compare(std::string_view left, std::string_view right) const {
+    return binary ? CompareBytes(left, right) : CompareByWeight(*this, left, right);
+}
+
+std::string Collation::Key(std::string_view text) const {
+    text = WithoutTrailingBlanks(text);
+    if (binary)
+        return std::string(text);
+    std::string key;
+    Weights weights(text);
+    for (Weight weight{}; weights.Next(weight);) {
+        unicode::Append(key, weight.letter);
+        if (accentSensitive && weight.accent != 0)
+            unicode::Append(key, 0x10000u + weight.accent);
+        if (caseSensitive && weight.upper != 0)
+            unicode::Append(key, 0x20000u);
+    }
+    return key;
+}
+
+std::uint32_t Collation::LocaleAndFlags() const {
+    const LanguagePrefix* prefix = PrefixOf(UpperAscii(name));
+    const std::uint32_t locale = prefix != nullptr ? prefix->locale : 0x0409;
+    if (binary)
+        return locale | (UpperAscii(name).ends_with("_BIN2") ? 1u << 25 : 1u << 24);
+    std::uint32_t flags = (1u << 22) | (1u << 23); // width and kana do not count
+    if (!caseSensitive)
+        flags |= 1u << 20;
+    if (!accentSensitive)
+        flags |= 1u << 21;
+    return locale | flags;
+}
+
+std::uint8_t Collation::SortId() const {
+    const std::string upper = UpperAscii(name);
+    if (!upper.starts_with("SQL_LATIN1_GENERAL_CP1_"))
+        return 0;
+    if (caseSensitive)
+        return 51;
+    return accentSensitive ? 52 : 54;
+}
+
+const Collation* FindCollation(std::string_view name) {
+    static std::mutex guard;
+    static std::deque<Collation> known; // a deque, so that pointers stay
+    const std::string upper = UpperAscii(name);
+    const std::lock_guard lock(guard);
+    for (const Collation& collation : known)
+        if (UpperAscii(collation.name) == upper)
+            return &collation;
+    const LanguagePrefix* prefix = PrefixOf(upper);
+    if (prefix == nullptr)
+        return nullptr;
+    Collation collation;
+    collation.name = std::string(name);
+    const std::string_view flags = std::string_view(upper).substr(std::string_view(prefix->name).size());
+    if (!ReadFlags(flags, prefix->isSql, collation))
+        return nullptr;
+    return &known.emplace_back(std::move(collation));
+}
+
+const Collation* DefaultCollation() {
+    static const Collation* const collation = FindCollation("SQL_Latin1_General_CP1_CI_AS");
+    return collation;
+}
+
+const Collation* BinaryCollation() {
+    static const Collation* const collation = FindCollation("Latin1_General_BIN2");
+    return collation;
+}
+
+} // namespace quillon::practice

@@ -1,0 +1,80 @@
+#include "practice/values/SqlError.h"
+
+#include "practice/values/Messages.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace quillon::practice {
+
+namespace {
+
+const std::vector<MessageRow>& Table() {
+    static const std::vector<MessageRow> table = [] {
+        std::vector<MessageRow> rows;
+        for (const auto part : {LanguageMessages(), DataMessages(), ServiceMessages()})
+            rows.insert(rows.end(), part.begin(), part.end());
+        return rows;
+    }();
+    return table;
+}
+
+std::string Fill(const char* pattern, std::initializer_list<std::string_view> parameters) {
+    std::string text;
+    for (const char* at = pattern; *at != '\0'; ++at) {
+        if (*at != '%' || at[1] < '1' || at[1] > '9') {
+            text.push_back(*at);
+            continue;
+        }
+        const auto index = static_cast<std::size_t>(*++at - '1');
+        if (index < parameters.size())
+            text.append(parameters.begin()[index]);
+    }
+    return text;
+}
+
+} // namespace
+
+SqlError::SqlError(int messageNumber, std::initializer_list<std::string_view> parameters, int errorState)
+    : number(messageNumber)
+    , state(errorState) {
+    const MessageRow* row = FindMessage(messageNumber);
+    if (row == nullptr)
+        throw std::logic_error("no message " + std::to_string(messageNumber) + " in the table");
+    severity = row->severity;
+    text = Fill(row->text, parameters);
+}
+
+SqlError SqlError::Custom(int number, int severity, int state, std::string text) {
+    SqlError error;
+    error.number = number;
+    error.severity = severity;
+    error.state = state;
+    error.text = std::move(text);
+    return error;
+}
+
+SqlError SqlError::NotSupported(std::string_view feature) {
+    return SqlError(notSupportedNumber, {feature});
+}
+
+const MessageRow* AllMessages(int& count) {
+    count = static_cast<int>(Table().size());
+    return Table().data();
+}
+
+const MessageRow* FindMessage(int number) {
+    const auto& table = Table();
+    const auto at = std::lower_bound(table.begin(), table.end(), number,
+                                     [](const MessageRow& row, int value) { return row.number < value; });
+    return at != table.end() && at->number == number ? &*at : nullptr;
+}
+
+std::string MessageText(int number, std::initializer_list<std::string_view> parameters) {
+    const MessageRow* row = FindMessage(number);
+    if (row == nullptr)
+        throw std::logic_error("no message " + std::to_string(number) + " in the table");
+    return Fill(row->text, parameters);
+}
+
+} // namespace quillon::practice
