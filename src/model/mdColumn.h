@@ -13,13 +13,13 @@
 namespace quillon {
 
 struct ColumnProperties {
-    InternedText name;
-    InternedText parentName;  // of the table
-    InternedText parentOwner; // of the table
-    InternedText defaultText;
-    InternedText sqlDatatype;          // bare type name
-    InternedText sqlDatatypeAndLength; // as written in a CREATE TABLE
-    double length = 0;                 // in characters
+    InternedText name{};
+    InternedText parentName{};  // of the table
+    InternedText parentOwner{}; // of the table
+    InternedText defaultText{};
+    InternedText sqlDatatype{};          // bare type name
+    InternedText sqlDatatypeAndLength{}; // as written in a CREATE TABLE
+    double length = 0;                   // in characters
     std::int32_t numericScale = 0;
     std::int32_t numericPrecision = 0;
     std::int16_t ordinalPosition = 0; // in the table, from 0
