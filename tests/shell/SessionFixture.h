@@ -1,0 +1,105 @@
+// A session over doubles: one log of everything that the spine asks of the platform and of the other rooms.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/Platform.h"
+#include "shell/ScreenInstances.h"
+#include "shell/Session.h"
+#include "shell/SessionRoads.h"
+#include "shell/Trace.h"
+#include "shell/frmMain.h"
+#include "support/FakeCatalogue.h"
+#include "support/FakeDataAccess.h"
+#include "support/FaultPlan.h"
+#include "support/FaultyCatalogue.h"
+#include "support/FaultyDataAccess.h"
+#include "support/FaultyServices.h"
+#include "support/ManualClock.h"
+#include "support/MemoryFiles.h"
+#include "support/MemorySettings.h"
+#include "support/ScriptedFrontEnd.h"
+
+namespace quillon::tests {
+
+// The platform's services as doubles behind wrappers, set as the platform while it lives.
+struct DoubledPlatform {
+    FaultPlan plan;
+    ScriptedFrontEnd frontEnd;
+    MemoryFiles memoryFiles;
+    FaultyFiles files{memoryFiles, plan};
+    MemorySettings memorySettings;
+    FaultySettings settings{memorySettings, plan};
+    ManualClock clock;
+    FakeLibrary catalogue;
+    FaultyLibrary faultyCatalogue{catalogue, plan};
+    FakeDataAccess data;
+    FaultyDataAccess faultyData{data, plan};
+    Platform platform{Services()};
+
+  private:
+    PlatformServices Services() {
+        PlatformServices services;
+        services.frontEnd = &frontEnd;
+        services.files = &files;
+        services.settings = &settings;
+        services.clock = &clock;
+        services.dataAccess = &faultyData;
+        services.catalogue = &faultyCatalogue;
+        return services;
+    }
+};
+
+// Every session variable back to what it is before the start.
+inline void ForgetSession() {
+    g_objTrace.reset();
+    g_strExceptionFile.clear();
+    g_objSQLDMOApp.reset();
+    g_objSQLServer.reset();
+    g_strServer = g_strUser = g_strPassword = g_strDatabase = {};
+    g_objConnection.reset();
+    g_bolConnected = false;
+    g_objUndoConnection.reset();
+    g_objAudit.reset();
+    g_objArch.reset();
+    g_strArchFile.clear();
+    g_strOutputFile.clear();
+    g_bolStop = g_bolJScript = false;
+    ForgetScreen<frmMain>();
+    TheRoads() = SessionRoads();
+}
+
+class SessionTest : public ::testing::Test, protected DoubledPlatform {
+  protected:
+    SessionTest() {
+        ForgetSession();
+        g_objTrace = std::make_unique<Trace>();
+        OpenRoads();
+    }
+    ~SessionTest() override { ForgetSession(); }
+
+    // What the login's OK does when it succeeds; a test may replace it.
+    std::function<std::int32_t()> login = [this] {
+        g_objSQLServer = ThePlatform().catalogue().NewServer();
+        g_strServer = "PRACTICE";
+        return 0;
+    };
+    bool modelLoads = true;
+    std::int32_t tables = 3;
+
+    void OpenRoads();
+    // Logged in and remembered, as after a first login with integrated security.
+    void LogIn();
+    frmMain& Main() { return TheScreen<frmMain>(); }
+    // A person picks a database.
+    void Pick(const std::string& database);
+    // The log from now on.
+    void StartLog() { plan.Log.clear(); }
+};
+
+} // namespace quillon::tests
