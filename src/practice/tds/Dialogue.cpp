@@ -1,15 +1,14 @@
 #include "practice/tds/Dialogue.h"
 
 #include "practice/tds/Login.h"
+#include "practice/tds/Refusals.h"
 #include "practice/tds/Requests.h"
 #include "practice/tds/WireSink.h"
-#include "practice/values/SqlError.h"
 
 namespace quillon::practice::tds {
 namespace {
 
 constexpr std::int32_t protocolIncorrect = 4002;
-constexpr std::int32_t loginFailed = 18456;
 constexpr std::int32_t notAssociated = 18452;
 constexpr std::int32_t engineFailed = 49998; // our own, below the users' numbers
 
@@ -19,16 +18,6 @@ ServerMessage MakeMessage(std::int32_t number, std::uint8_t severity, std::strin
     message.severity = severity;
     message.text = std::move(text);
     return message;
-}
-
-ServerMessage LoginFailed(const std::string& login) {
-    return MakeMessage(loginFailed, 14, "Login failed for user '" + login + "'.");
-}
-
-void Refuse(const std::string& feature, EndScope scope, ResultSink& sink) {
-    SqlError error = SqlError::NotSupported(feature);
-    sink.Message(MakeMessage(error.number, static_cast<std::uint8_t>(error.severity), error.text));
-    sink.Done({scope, StatementKind::Other, std::nullopt, true});
 }
 
 } // namespace
@@ -95,7 +84,7 @@ bool Dialogue::ServeLogin(const ClientMessage& message) {
     }
     const std::string* newPassword = login.changePassword ? &login.newPassword : nullptr;
     if (!m_surroundings.authenticate(m_facts.login, login.password, newPassword)) {
-        RefuseLogin(*m_tokens, {LoginFailed(m_facts.login)});
+        RefuseLogin(*m_tokens, {TableMessage(18456, {m_facts.login})});
         return false;
     }
     return OpenSession(*m_tokens);
@@ -106,7 +95,7 @@ bool Dialogue::OpenSession(TokenWriter& tokens) {
     try {
         m_session = m_surroundings.server.OpenSession(m_facts, sink);
     } catch (const LoginRefused& refusal) {
-        RefuseLogin(tokens, {refusal.Refusal(), LoginFailed(m_facts.login)});
+        RefuseLogin(tokens, {refusal.Refusal(), TableMessage(18456, {m_facts.login})});
         return false;
     }
     tokens.CollationChange();
@@ -177,7 +166,7 @@ void Dialogue::RunRequest(const ClientMessage& message, ResultSink& sink) {
         }
         return;
     case PacketType::TransactionManager: RunManagerRequest(message, sink); return;
-    case PacketType::BulkLoad: Refuse("BULK INSERT", EndScope::Batch, sink); return;
+    case PacketType::BulkLoad: RefuseFeature("BULK INSERT", EndScope::Batch, sink); return;
     default: throw ProtocolError("A message has no place after the login.");
     }
 }
@@ -185,7 +174,7 @@ void Dialogue::RunRequest(const ClientMessage& message, ResultSink& sink) {
 void Dialogue::RunCall(const ProcedureCall& call, ResultSink& sink) {
     constexpr std::string_view serverCursors = "sp_cursor";
     if (call.name.compare(0, serverCursors.size(), serverCursors) == 0) {
-        Refuse(call.name, EndScope::Procedure, sink);
+        RefuseFeature(call.name, EndScope::Procedure, sink);
     } else if (!m_prepared.TryExecute(call, *m_session, sink)) {
         m_session->ExecuteProcedure(call, sink);
     }
@@ -194,7 +183,7 @@ void Dialogue::RunCall(const ProcedureCall& call, ResultSink& sink) {
 void Dialogue::RunManagerRequest(const ClientMessage& message, ResultSink& sink) {
     ManagerRequest manager = ReadManagerRequest(message.body, m_facts.tdsVersion);
     if (manager.distributed) {
-        Refuse("distributed transactions", EndScope::Batch, sink);
+        RefuseFeature("distributed transactions", EndScope::Batch, sink);
     } else {
         m_session->RunTransactionRequest(manager.request, sink);
     }

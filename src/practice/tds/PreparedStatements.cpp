@@ -1,20 +1,12 @@
 #include "practice/tds/PreparedStatements.h"
 
 #include "practice/tds/ForwardingSink.h"
+#include "practice/tds/Refusals.h"
 
 #include <algorithm>
 
 namespace quillon::practice::tds {
 namespace {
-
-void FailCall(ResultSink& sink, std::int32_t number, std::string text) {
-    ServerMessage message;
-    message.number = number;
-    message.severity = 16;
-    message.text = std::move(text);
-    sink.Message(message);
-    sink.Done({EndScope::Procedure, StatementKind::Execute, std::nullopt, true});
-}
 
 std::string TextArgument(const ProcedureCall& call, std::size_t index) {
     if (index >= call.parameters.size() || call.parameters[index].value.IsNull() ||
@@ -33,7 +25,7 @@ std::int32_t HandleArgument(const ProcedureCall& call) {
 }
 
 void RefuseHandle(std::int32_t handle, ResultSink& sink) {
-    FailCall(sink, 8179, "Could not find prepared statement with handle " + std::to_string(handle) + ".");
+    FailCall(TableMessage(8179, {std::to_string(handle)}), sink);
 }
 
 CallParameter TextParameter(const std::string& text) {
@@ -138,7 +130,7 @@ void PreparedStatements::Prepare(const ProcedureCall& call, SqlSession& session,
     DescribeSink describe(sink);
     session.Describe(statement.text, statement.parameters, describe);
     if (describe.Failed()) {
-        FailCall(sink, 8180, "Statement(s) could not be prepared.");
+        FailCall(TableMessage(8180), sink);
         return;
     }
     sink.ReturnStatus(0);

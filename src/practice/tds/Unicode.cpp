@@ -79,7 +79,8 @@ std::string ToCodePage1252(std::string_view utf8) {
     for (std::size_t position = 0; position < utf8.size();) {
         char32_t point = unicode::Next(utf8, position);
         // One byte for each UTF-16 unit, so that lengths stay what the type says.
-        out.append(static_cast<std::size_t>(unicode::Units(point)), static_cast<char>(unicode::ToCodePage(point)));
+        out.append(static_cast<std::size_t>(unicode::Units(point)),
+                   static_cast<char>(unicode::ToCodePage(point)));
     }
     return out;
 }
