@@ -20,7 +20,13 @@ int Precedence(TypeId id);
 // (operator not for this type).
 SqlType ResultType(BinaryOperator op, const SqlType& left, const SqlType& right);
 SqlType ResultType(UnaryOperator op, const SqlType& operand);
-// The type in which a comparison is made. Throws 402, 206, 305, 306, 468 (collation conflict), ...
+// An integer constant beside a decimal counts with its own digits (1.0/3 is numeric(7, 6)): the type to pass
+// to ResultType for an operand that is the constant `constant` when the other operand is of type `other`.
+// Otherwise the constant's type.
+SqlType ConstantOperandType(const Datum& constant, const SqlType& other);
+// The type in which a comparison is made. Throws 402, 206, 257, and 468 when both sides bear a collation and
+// not the same: an operand whose collation must give way (literal, or the other side has COLLATE) is passed
+// without.
 SqlType ComparisonType(ComparisonOperator op, const SqlType& left, const SqlType& right);
 // The common type of CASE, COALESCE, UNION, VALUES, IN: highest precedence, wide enough for both.
 SqlType CommonType(const SqlType& left, const SqlType& right);
