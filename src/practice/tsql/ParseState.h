@@ -75,6 +75,8 @@ class ParseState {
     bool quotedIdentifiers = true;
     bool terminated = true; // the statement before ended with a semicolon, or there was none
     ModuleKind module = ModuleKind::None;
+    int statements = 0; // taken so far
+    int blocks = 0;     // open around the next statement
     int loops = 0;
     bool columnsRefused = false; // in PRINT and VALUES a bare name is fault 128
 

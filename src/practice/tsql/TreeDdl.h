@@ -17,7 +17,6 @@ struct OptionSetting {
 struct CreateDatabaseStatement : Statement {
     std::string name;
     std::string collation;
-    bool forAttach = false;
 
     CreateDatabaseStatement()
         : Statement(StatementKind::CreateDatabase) {}
