@@ -27,10 +27,32 @@
 
 namespace quillon::tests {
 
+// Puts into the log what the scripted front end only remembers.
+class LoggingFrontEnd : public ScriptedFrontEnd {
+  public:
+    explicit LoggingFrontEnd(FaultPlan& plan)
+        : m_plan(plan) {}
+    void SetPointer(Pointer pointer) override {
+        m_plan.Ask("FrontEnd.SetPointer", pointer == Pointer::Hourglass ? "Hourglass" : "Default");
+        ScriptedFrontEnd::SetPointer(pointer);
+    }
+    void SetFocus(Control& control) override {
+        m_plan.Ask("FrontEnd.SetFocus", control.Name());
+        ScriptedFrontEnd::SetFocus(control);
+    }
+    void Repaint(Screen& screen) override {
+        m_plan.Ask("FrontEnd.Repaint", screen.Name());
+        ScriptedFrontEnd::Repaint(screen);
+    }
+
+  private:
+    FaultPlan& m_plan;
+};
+
 // The platform's services as doubles behind wrappers, set as the platform while it lives.
 struct DoubledPlatform {
     FaultPlan plan;
-    ScriptedFrontEnd frontEnd;
+    LoggingFrontEnd frontEnd{plan};
     MemoryFiles memoryFiles;
     FaultyFiles files{memoryFiles, plan};
     MemorySettings memorySettings;
