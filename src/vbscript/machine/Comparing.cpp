@@ -1,0 +1,95 @@
+// Comparisons, concatenation and Is.
+
+#include "platform/Failure.h"
+#include "platform/FailureNumbers.h"
+#include "vbscript/machine/Convert.h"
+#include "vbscript/machine/Operators.h"
+
+namespace quillon::vbscript {
+namespace {
+
+template <class Number>
+int Order(Number left, Number right) noexcept {
+    return left < right ? -1 : left > right ? 1 : 0;
+}
+
+int CompareNumbers(const Variant& left, const Variant& right) {
+    if (left.IsWhole() && right.IsWhole())
+        return Order(left.Number(), right.Number());
+    if (left.kind() == Kind::Currency && right.kind() == Kind::Currency)
+        return Order(left.Currency().tenThousandths, right.Currency().tenThousandths);
+    if (left.kind() == Kind::Single || right.kind() == Kind::Single) // a Single is as exact as a Single is
+        return Order(static_cast<float>(ToDouble(left)), static_cast<float>(ToDouble(right)));
+    return Order(ToDouble(left), ToDouble(right));
+}
+
+// A text against something that is neither text nor Empty.
+int CompareTextWith(const Variant& text, const Variant& other, bool textIsLiteral, bool otherIsLiteral) {
+    if (other.kind() == Kind::Array)
+        throw Failure(numbers::TypeMismatch);
+    if (otherIsLiteral && other.kind() == Kind::Boolean)
+        return CompareBinary(text.View(), ToText(other).View());
+    if (otherIsLiteral)
+        return Order(ToDouble(text), ToDouble(other));
+    if (textIsLiteral)
+        return CompareBinary(text.View(), ToText(other).View());
+    return 1;
+}
+
+int CompareValues(const Variant& left, const Variant& right, LiteralSides literals) {
+    const bool leftText = left.IsText(), rightText = right.IsText();
+    if (leftText && rightText)
+        return CompareBinary(left.View(), right.View());
+    if (leftText && right.IsEmpty())
+        return left.View().empty() ? 0 : 1;
+    if (rightText && left.IsEmpty())
+        return right.View().empty() ? 0 : -1;
+    if (leftText)
+        return CompareTextWith(left, right, literals.left, literals.right);
+    if (rightText)
+        return -CompareTextWith(right, left, literals.right, literals.left);
+    return CompareNumbers(left, right);
+}
+
+bool Holds(Comparison comparison, int order) noexcept {
+    switch (comparison) {
+    case Comparison::Equal: return order == 0;
+    case Comparison::NotEqual: return order != 0;
+    case Comparison::Less: return order < 0;
+    case Comparison::LessOrEqual: return order <= 0;
+    case Comparison::Greater: return order > 0;
+    case Comparison::GreaterOrEqual: return order >= 0;
+    }
+    return false;
+}
+
+} // namespace
+
+Variant Compare(Comparison comparison, const Variant& left, const Variant& right, LiteralSides literals) {
+    if (left.IsObject() || right.IsObject())
+        return Compare(comparison, PlainValue(left), PlainValue(right), literals);
+    if (left.IsNull() || right.IsNull())
+        return NullValue{};
+    return Holds(comparison, CompareValues(left, right, literals));
+}
+
+bool IsSameObject(const Variant& left, const Variant& right) {
+    if (!left.IsObject() || !right.IsObject())
+        throw Failure(numbers::ObjectRequired);
+    return left.AsObject() == right.AsObject();
+}
+
+Variant Concatenate(const Variant& left, const Variant& right) {
+    if (left.IsObject() || right.IsObject())
+        return Concatenate(PlainValue(left), PlainValue(right));
+    if (left.IsNull() && right.IsNull())
+        return NullValue{};
+    Text joined = left.IsNull() ? Text() : ToText(left);
+    const Text tail = right.IsNull() ? Text() : ToText(right);
+    if (joined.Length() == 0)
+        return tail;
+    joined.Append(tail.View());
+    return joined;
+}
+
+} // namespace quillon::vbscript
