@@ -79,12 +79,6 @@ bool HasCollation(Token token) {
     }
 }
 
-void WriteCollation(const SqlType& type, ByteWriter& out) {
-    const Collation* collation = type.collation != nullptr ? type.collation : DefaultCollation();
-    out.U32(collation->LocaleAndFlags());
-    out.U8(collation->SortId());
-}
-
 } // namespace
 
 WireType WireTypeFor(const SqlType& type, std::uint32_t tdsVersion) {
@@ -150,8 +144,20 @@ void WriteTypeInfo(const WireType& type, ByteWriter& out) {
         out.U8(type.type.scale);
     }
     if (HasCollation(type.token)) {
-        WriteCollation(type.type, out);
+        WriteCollation(type, out);
     }
+}
+
+void WriteCollation(const WireType& type, ByteWriter& out) {
+    constexpr std::uint32_t localeBits = 0xFFFFF;
+    const Collation* collation = type.type.collation != nullptr ? type.type.collation : DefaultCollation();
+    std::uint32_t locale = collation->LocaleAndFlags();
+    if (!type.wide) {
+        // The locale tells clients the code page, and whatever the collation, that of our bytes is 1252.
+        locale = (locale & ~localeBits) | (DefaultCollation()->LocaleAndFlags() & localeBits);
+    }
+    out.U32(locale);
+    out.U8(collation->SortId());
 }
 
 std::uint32_t UserTypeOf(const SqlType& type) {

@@ -82,6 +82,8 @@ WireType WireTypeFor(const SqlType& type, std::uint32_t tdsVersion);
 
 // TYPE_INFO, without the table name that text, ntext and image have in COLMETADATA.
 void WriteTypeInfo(const WireType& type, ByteWriter& out);
+// The five bytes that name the collation of a character type.
+void WriteCollation(const WireType& type, ByteWriter& out);
 // TYPE_INFO of a parameter. Throws ProtocolError for sizes that no type has, and for table and CLR types.
 WireType ReadTypeInfo(ByteReader& reader, std::uint32_t tdsVersion);
 
