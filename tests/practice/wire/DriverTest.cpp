@@ -1,5 +1,5 @@
 // The driver against a server that only follows a script: that what is sent is what the driver understands.
-#include "practice/wire/OdbcClient.h"
+#include "practice/support/OdbcClient.h"
 #include "practice/wire/RunningListener.h"
 
 #include <cstdio>

@@ -14,7 +14,8 @@ namespace quillon::practice::testing {
 class OdbcClient {
   public:
     // Throws std::runtime_error with the driver's diagnostics when it cannot connect.
-    OdbcClient(std::uint16_t port, const std::string& tdsVersion, const std::string& password = "Secret1!");
+    OdbcClient(std::uint16_t port, const std::string& tdsVersion, const std::string& password = "Secret1!",
+               const std::string& login = "sa");
     ~OdbcClient();
     OdbcClient(const OdbcClient&) = delete;
     OdbcClient& operator=(const OdbcClient&) = delete;

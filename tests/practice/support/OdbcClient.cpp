@@ -1,4 +1,4 @@
-#include "practice/wire/OdbcClient.h"
+#include "practice/support/OdbcClient.h"
 
 #include <array>
 #include <stdexcept>
@@ -46,13 +46,14 @@ std::string ReadColumn(SQLHSTMT statement, SQLUSMALLINT column) {
 
 } // namespace
 
-OdbcClient::OdbcClient(std::uint16_t port, const std::string& tdsVersion, const std::string& password) {
+OdbcClient::OdbcClient(std::uint16_t port, const std::string& tdsVersion, const std::string& password,
+                       const std::string& login) {
     SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &m_environment);
     SQLSetEnvAttr(m_environment, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
     SQLAllocHandle(SQL_HANDLE_DBC, m_environment, &m_connection);
     const std::string text =
         "Driver=/usr/lib/x86_64-linux-gnu/odbc/libtdsodbc.so;Server=127.0.0.1;Port=" + std::to_string(port) +
-        ";UID=sa;PWD=" + password + ";TDS_Version=" + tdsVersion + ";ClientCharset=UTF-8";
+        ";UID=" + login + ";PWD=" + password + ";TDS_Version=" + tdsVersion + ";ClientCharset=UTF-8";
     SQLRETURN result = SQLDriverConnect(m_connection, nullptr, Characters(text), SQL_NTS, nullptr, 0, nullptr,
                                         SQL_DRIVER_NOPROMPT);
     if (!SQL_SUCCEEDED(result)) {

@@ -1,0 +1,87 @@
+// The program as a person starts it.
+#include "practice/support/OdbcClient.h"
+#include "practice/support/ServerProcess.h"
+
+#include <csignal>
+#include <fstream>
+#include <sstream>
+
+namespace quillon::practice {
+namespace {
+
+using namespace quillon::practice::testing;
+using Answers = std::vector<std::string>;
+
+const std::filesystem::path binFolder = QUILLON_BIN_DIR;
+
+OdbcClient Connect(const ServerProcess& server) {
+    return OdbcClient(server.Port(), "7.4", server.Password());
+}
+
+TEST(Program, EndsCleanlyOnEitherSignalWhateverRuns) {
+    for (int signal : {SIGTERM, SIGINT}) {
+        ServerProcess server(binFolder);
+        OdbcClient client = Connect(server);
+        EXPECT_EQ(client.Run("SELECT 1"), Answers{"row 1"});
+        EXPECT_EQ(server.End(signal), 0);
+    }
+}
+
+TEST(Program, ListensOnTheLoopbackOnly) {
+    ServerProcess server(binFolder);
+    std::ifstream table("/proc/net/tcp");
+    std::ostringstream port;
+    port << ':' << std::uppercase << std::hex << std::setw(4) << std::setfill('0') << server.Port();
+    std::string line;
+    int listeners = 0;
+    while (std::getline(table, line)) {
+        std::size_t at = line.find(port.str() + " 00000000:0000 0A");
+        if (at != std::string::npos) {
+            ++listeners;
+            EXPECT_EQ(line.substr(at - 8, 8), "0100007F");
+        }
+    }
+    EXPECT_EQ(listeners, 1);
+}
+
+TEST(Program, KeepsWhatWasCommittedWhenItIsKilled) {
+    TemporaryFolder data;
+    {
+        ServerProcess server(binFolder, data.Path());
+        OdbcClient client = Connect(server);
+        EXPECT_EQ(client.Run("CREATE TABLE kept (id int PRIMARY KEY, name nvarchar(20))"), Answers{});
+        EXPECT_EQ(client.Run("INSERT kept VALUES (1, N'Zoë'), (2, N'家')"), Answers{"count 2"});
+        client.Run("BEGIN TRANSACTION INSERT kept VALUES (3, N'lost')");
+        EXPECT_EQ(server.End(SIGKILL), -SIGKILL);
+    }
+    ServerProcess server(binFolder, data.Path());
+    OdbcClient client = Connect(server);
+    EXPECT_EQ(client.Run("SELECT id, name FROM kept ORDER BY id"), (Answers{"row 1|Zoë", "row 2|家"}));
+}
+
+TEST(Program, RefusesADataFolderThatAnotherServerUses) {
+    TemporaryFolder data;
+    ServerProcess server(binFolder, data.Path());
+    EXPECT_THROW(ServerProcess(binFolder, data.Path()), std::runtime_error);
+}
+
+TEST(Program, RefusesAPasswordFileThatOthersMayRead) {
+    TemporaryFolder folder;
+    const std::filesystem::path file = folder.Path() / "password";
+    std::ofstream(file) << "open secret\n";
+    std::filesystem::permissions(file, std::filesystem::perms(0644));
+    EXPECT_THROW(ServerProcess(binFolder, {}, {"--password-file", file.string()}), std::runtime_error);
+}
+
+TEST(Program, LoginsMadeByOneClientLetOthersIn) {
+    ServerProcess server(binFolder);
+    OdbcClient administrator = Connect(server);
+    EXPECT_EQ(administrator.Run("CREATE LOGIN ann WITH PASSWORD = 'First-1st'"), Answers{});
+    OdbcClient ann(server.Port(), "7.4", "First-1st", "ann");
+    EXPECT_EQ(ann.Run("SELECT SUSER_SNAME()"), Answers{"row ann"});
+    EXPECT_EQ(administrator.Run("ALTER LOGIN ann DISABLE"), Answers{});
+    EXPECT_THROW(OdbcClient(server.Port(), "7.4", "First-1st", "ann"), std::runtime_error);
+}
+
+} // namespace
+} // namespace quillon::practice
