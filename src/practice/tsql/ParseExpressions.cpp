@@ -15,6 +15,8 @@ void RequireValue(const ParseState& state, const Expression& expression) {
 }
 
 void RequireCondition(const ParseState& state, const Expression& expression) {
+    if (state.Peek().symbol >= Symbol::PlusEqual) // `a *= b`, the outer join of old
+        state.FailHere();
     if (!expression.IsCondition())
         state.Fail(4145, {state.Value(state.Peek())}, state.At());
 }

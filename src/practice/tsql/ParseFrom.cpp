@@ -69,12 +69,17 @@ bool AtOldHints(const ParseState& state) {
            (state.Is(Symbol::RightParen, 2) || state.Is(Symbol::Comma, 2) || state.Is(Symbol::LeftParen, 2));
 }
 
+/// WITH and hints; the WITH of a view's WITH CHECK OPTION is not for the table.
+bool AtHints(const ParseState& state) {
+    return state.Is(Keyword::With) && !state.Is(Keyword::Check, 1);
+}
+
 void ParseHintsInto(ParseState& state, std::vector<std::string>& hints) {
     if (AtOldHints(state)) {
         hints = ParseHintList(state);
     } else if (state.Is(Keyword::HoldLock)) {
         hints.push_back(TakeWord(state));
-    } else if (state.Is(Keyword::With)) {
+    } else if (AtHints(state)) {
         hints = ParseTableHints(state);
     }
 }
@@ -103,7 +108,7 @@ TableSourcePtr ParseFunctionTable(ParseState& state, Name name, Position positio
         } while (state.Accept(Symbol::Comma));
     }
     state.Expect(Symbol::RightParen);
-    if (state.Is(Keyword::With))
+    if (AtHints(state))
         state.Refuse("table functions WITH a schema", state.At());
     ParseAliases(state, *source);
     return source;
@@ -232,7 +237,7 @@ std::optional<JoinType> AcceptJoin(ParseState& state) {
 std::string ParseTableAlias(ParseState& state) {
     if (state.Accept(Keyword::As))
         return ParseIdentifier(state);
-    return state.IsName() ? ParseIdentifier(state) : std::string();
+    return state.IsName() && !state.Is(Symbol::Colon, 1) ? ParseIdentifier(state) : std::string();
 }
 
 std::vector<std::string> ParseTableHints(ParseState& state) {

@@ -39,6 +39,9 @@ void ParseMergeInsert(ParseState& state, MergeClause& clause) {
 }
 
 void ParseMergeAction(ParseState& state, MergeClause& clause) {
+    // Only a row that the target lacks can be inserted, and nothing else can be done with it.
+    if (state.Is(Keyword::Insert) != (clause.match == MergeMatch::NotMatchedByTarget))
+        state.FailHere();
     if (state.Accept(Keyword::Update)) {
         state.Expect(Keyword::Set);
         clause.sets = ParseSetClauses(state);
@@ -48,15 +51,6 @@ void ParseMergeAction(ParseState& state, MergeClause& clause) {
         state.Expect(Keyword::Insert);
         ParseMergeInsert(state, clause);
     }
-    const Position at = clause.position;
-    if (clause.action == MergeAction::Insert && clause.match != MergeMatch::NotMatchedByTarget)
-        state.Fail(
-            10711,
-            {"INSERT", clause.match == MergeMatch::Matched ? "WHEN MATCHED" : "WHEN NOT MATCHED BY SOURCE"},
-            at);
-    if (clause.action != MergeAction::Insert && clause.match == MergeMatch::NotMatchedByTarget)
-        state.Fail(10711, {clause.action == MergeAction::Update ? "UPDATE" : "DELETE", "WHEN NOT MATCHED"},
-                   at);
 }
 
 MergeClause ParseMergeClause(ParseState& state) {

@@ -24,7 +24,7 @@ Name ParseName(ParseState& state, std::size_t most) {
         name.parts.push_back(state.Is(Symbol::Point) ? std::string() : ParseIdentifier(state));
     }
     if (name.parts.size() > most)
-        state.Fail(117, {"object", name.Text(), std::to_string(most)}, name.position);
+        state.Fail(117, {"object", name.Text(), std::to_string(most - 1)}, name.position);
     return name;
 }
 

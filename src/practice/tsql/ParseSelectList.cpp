@@ -32,7 +32,8 @@ void ParseAssignmentItem(ParseState& state, SelectItem& item) {
 /// A name after an expression; a text is taken as a name too.
 void ParseColumnAlias(ParseState& state, SelectItem& item) {
     const bool given = state.Accept(Keyword::As);
-    if (state.IsName() || state.IsString())
+    const bool label = !given && state.Is(Symbol::Colon, 1); // of the statement that follows
+    if (!label && (state.IsName() || state.IsString()))
         item.alias = state.Value(state.Take());
     else if (given)
         state.FailHere();

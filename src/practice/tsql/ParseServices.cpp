@@ -46,7 +46,8 @@ StatementPtr ParseUse(ParseState& state) {
     state.Take();
     statement->database = ParseIdentifier(state);
     if (state.module != ModuleKind::None)
-        state.Fail(154, {"a USE database statement"}, statement->position);
+        state.Fail(154, {"a USE database statement", "a procedure, function or trigger"},
+                   statement->position);
     return statement;
 }
 

@@ -43,6 +43,13 @@ Token ParseState::Take() {
     return token;
 }
 
+std::size_t ParseState::LastTextEnd() const {
+    std::size_t last = m_next;
+    while (last > 1 && m_tokens[last - 1].symbol == Symbol::Semicolon)
+        --last;
+    return last == 0 ? 0 : m_tokens[last - 1].end;
+}
+
 bool ParseState::Is(std::string_view word, std::size_t ahead) const {
     const Token& token = Peek(ahead);
     return token.kind == TokenKind::Identifier && token.end - token.begin == word.size() &&

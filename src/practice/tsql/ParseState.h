@@ -27,6 +27,8 @@ class ParseState {
     Token Take();
     Position At() const { return Peek().At(); }
     std::size_t LastEnd() const { return m_next == 0 ? 0 : m_tokens[m_next - 1].end; }
+    /// The end of what was taken, without the semicolons that close it.
+    std::size_t LastTextEnd() const;
     bool AtStart() const { return m_next == 0; }
     std::size_t Index() const { return m_next; }
     std::string Value(const Token& token) const { return TokenValue(m_source, token); }

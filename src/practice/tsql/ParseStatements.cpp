@@ -271,7 +271,7 @@ StatementPtr ParseStatement(ParseState& state) {
     const Nested nested(state);
     const std::size_t begin = state.At().offset;
     StatementPtr statement = ParseByFirstWord(state);
-    statement->text = {begin, state.LastEnd()};
+    statement->text = {begin, state.LastTextEnd()};
     ++state.statements;
     state.terminated = false;
     SkipSemicolons(state);

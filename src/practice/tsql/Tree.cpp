@@ -1,5 +1,7 @@
 #include "practice/tsql/Tree.h"
 
+#include "practice/tsql/Keywords.h"
+
 namespace quillon::practice::tsql {
 
 namespace {
@@ -27,6 +29,9 @@ std::string Name::Text() const {
 FunctionCall::FunctionCall()
     : Expression(ExpressionKind::Function) {}
 FunctionCall::~FunctionCall() = default;
+bool FunctionCall::IsCondition() const {
+    return name.parts.size() == 1 && SameWord(name.Last(), "UPDATE");
+}
 Subquery::Subquery()
     : Expression(ExpressionKind::Subquery) {}
 Subquery::~Subquery() = default;

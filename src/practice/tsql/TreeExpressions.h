@@ -98,6 +98,7 @@ struct FunctionCall : Expression {
 
     FunctionCall();
     ~FunctionCall() override;
+    bool IsCondition() const override;
 };
 
 /// CAST, TRY_CAST, CONVERT and TRY_CONVERT; `style` only for the last two.

@@ -89,9 +89,9 @@ enum class ExpressionKind {
     Exists,
 };
 
-/// An operand or a condition; conditions are the kinds from Comparison on. `end` is the offset after its last
-/// token. `height` counts the nodes on the longest way down; the parser bounds it, so that walking a tree by
-/// recursion is safe however long a chain of operators the text holds.
+/// An operand or a condition; conditions are the kinds from Comparison on, and the call UPDATE(column). `end`
+/// is the offset after its last token. `height` counts the nodes on the longest way down; the parser bounds
+/// it, so that walking a tree by recursion is safe however long a chain of operators the text holds.
 struct Expression {
     ExpressionKind kind;
     Position position;
@@ -102,7 +102,7 @@ struct Expression {
     explicit Expression(ExpressionKind k)
         : kind(k) {}
     virtual ~Expression() = default;
-    bool IsCondition() const { return kind >= ExpressionKind::Comparison; }
+    virtual bool IsCondition() const { return kind >= ExpressionKind::Comparison; }
 };
 
 using ExpressionPtr = std::unique_ptr<Expression>;
