@@ -115,6 +115,9 @@ constexpr MessageRow rows[] = {
     {9810, 16, "The datepart %1 is not supported by date function %2 for data type %3."},
     {9812, 16, "The timezone provided to builtin function %1 is invalid."},
     {9819, 16, "Conversion failed when converting the %1 value to the data type %2."},
+    {9828, 16,
+     "The second and third arguments of the %1 built-in function must contain an equal number of "
+     "characters."},
     {9829, 16,
      "STRING_AGG aggregation result exceeded the limit of 8000 bytes. Use LOB types to avoid result "
      "truncation."},
@@ -207,6 +210,12 @@ constexpr MessageRow rows[] = {
      "Cannot execute as the database principal because the principal \"%1\" does not exist, this type of "
      "principal cannot be impersonated, or you do not have permission."},
     {15600, 15, "An invalid parameter or option was specified for procedure '%1'."},
+    {15664, 16,
+     "Cannot set key '%1' in the session context. The key has been set as read_only for this session."},
+    {15665, 16,
+     "The value was not set for key '%1' because the total size of keys and values in the session context "
+     "would exceed the 1 MB limit."},
+    {15666, 16, "Cannot set or read a key in the session context because the key is null."},
     {16902, 16, "%1: The value of the parameter %2 is invalid."},
     {16903, 16, "The \"%1\" procedure was called with an incorrect number of parameters."},
     {16905, 16, "The cursor is already open."},
