@@ -75,6 +75,8 @@ class ExecutionContext {
     virtual DatabaseId CurrentDatabase() = 0;
     // USE: the database exists and is open to the login. Tells the sink (5701) and the client.
     virtual void ChangeDatabase(DatabaseId database) = 0;
+    // The text of the batch or module whose statement runs: the spans of its tree point into it.
+    virtual std::string_view SourceText() = 0;
     // The module that runs now: its home (for names without a schema and its error reports); 0 in a batch.
     virtual ObjectId CurrentModule() = 0;
     // Schema of names without one that are not in the module's own; the user's default, normally dbo.
@@ -96,6 +98,7 @@ class ExecutionContext {
     // Runs the trigger's body in a frame of its own (217 beyond 32 levels). What it throws ends the
     // statement.
     virtual void RunTrigger(const Trigger& trigger, const TriggerFrame& frame) = 0;
+    // A Datum of no type (TypeId::Null) among the arguments asks for the parameter's default.
     virtual Datum CallScalarFunction(const Module& function, std::span<const Datum> arguments) = 0;
     // Fills the table variable that a function of several statements returns.
     virtual void RunTableFunction(const Module& function, std::span<const Datum> arguments,

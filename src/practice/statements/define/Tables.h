@@ -1,0 +1,66 @@
+// Tables: how a parsed definition becomes a Table, and CREATE TABLE in its forms (permanent, #temporary,
+// variable, SELECT INTO).
+#pragma once
+
+#include "practice/statements/Plan.h"
+
+namespace quillon::practice {
+
+// Where an object of that name would be made: database and schema. Throws 2760 for an unknown schema, 911 for
+// an unknown database.
+struct Home {
+    DatabaseId database = 0;
+    SchemaId schema = dboSchema;
+};
+Home HomeFor(Engine& engine, const tsql::Name& name);
+// 2714 when the name is taken there.
+void RequireFreeName(Engine& engine, const Home& home, const std::string& name);
+// The table by its name as DDL takes it; throws the error given (4902, 1088 ...) when there is none.
+std::shared_ptr<const Table> RequireTable(Engine& engine, const tsql::Name& name, int errorNumber = 4902);
+// A copy to be changed, with a new modification date.
+std::shared_ptr<Table> CopyOf(const Table& table);
+
+// Builds definitions from their tree.
+class TableBuilder {
+  public:
+    TableBuilder(Engine& engine, Table& table);
+
+    void AddAll(const tsql::TableDefinition& definition);
+    Column& AddColumn(const tsql::ColumnDefinition& definition);
+    void AddConstraint(const tsql::ConstraintDefinition& definition, Column* of);
+    Index& AddIndex(const tsql::IndexDefinition& definition);
+    Column MakeColumn(const tsql::ColumnDefinition& definition, int id);
+    // Names and kinds of the constraints added so far, for WITH CHECK of ALTER TABLE.
+    std::vector<ObjectId> added;
+
+  private:
+    std::string ConstraintName(const tsql::ConstraintDefinition& definition, const char* prefix,
+                               const std::string& column, ObjectId id) const;
+    void AddKey(const tsql::ConstraintDefinition& definition, Column* of);
+    void AddForeignKey(const tsql::ConstraintDefinition& definition, Column* of);
+    void AddCheck(const tsql::ConstraintDefinition& definition, Column* of);
+    void AddDefault(const tsql::ConstraintDefinition& definition, Column* of);
+    void BindComputed(Column& column, const tsql::Expression& expression);
+    Column& RequireColumn(const std::string& name, int errorNumber);
+    std::string TextOf(tsql::Span span) const;
+    int NextIndexId(bool clustered) const;
+
+    Engine& m_engine;
+    Table& m_table;
+};
+
+// Makes the table known and its storage; `table` has database, schema, name and columns.
+std::shared_ptr<const Table> CreateTableObject(Engine& engine, std::shared_ptr<Table> table);
+// SELECT INTO.
+std::shared_ptr<const Table> CreateTableFor(Engine& engine, const tsql::Name& name,
+                                            const std::vector<OutputColumn>& columns);
+void CreateTable(Engine& engine, const tsql::CreateTableStatement& statement);
+std::shared_ptr<const Table> CreateTableVariable(Engine& engine, std::string_view name,
+                                                 const tsql::TableDefinition& definition);
+void DropTables(Engine& engine, const tsql::DropStatement& statement);
+void DropTableObject(Engine& engine, const std::shared_ptr<const Table>& table);
+void Truncate(Engine& engine, const tsql::TruncateStatement& statement);
+// Puts a changed definition in the place of the old one, wherever the table lives.
+void PutTable(Engine& engine, std::shared_ptr<Table> table);
+
+} // namespace quillon::practice

@@ -1,0 +1,391 @@
+// Values: literals, columns, variables, operators, CASE, CAST, subqueries.
+#include "practice/statements/translate/Translator.h"
+
+#include "practice/values/Literals.h"
+#include "practice/values/SqlError.h"
+#include "practice/values/StorageForm.h"
+
+namespace quillon::practice {
+
+namespace {
+
+BinaryOperator OperatorOf(tsql::BinaryOperator op) {
+    static_assert(static_cast<int>(tsql::BinaryOperator::BitXor) == static_cast<int>(BinaryOperator::BitXor));
+    return static_cast<BinaryOperator>(op);
+}
+
+} // namespace
+
+Translator::Translator(Engine& engine)
+    : m_engine(engine) {
+    m_here.database = engine.context.CurrentDatabase();
+    m_here.schema = engine.context.DefaultSchema();
+    if (const auto module = engine.store.View()->FindModule(engine.context.CurrentModule()))
+        m_here.schema = module->schema;
+    m_here.ansiNulls = engine.context.Options().ansiNulls;
+    m_here.quotedIdentifier = engine.context.Options().quotedIdentifier;
+}
+
+Translator::Translator(Engine& engine, const Surroundings& surroundings)
+    : m_engine(engine)
+    , m_here(surroundings) {}
+
+Scalar Translator::Value(const tsql::Expression& expression, const Scope* scope) {
+    std::vector<std::pair<const Scope*, std::size_t>> before;
+    for (const Scope* s = scope; s != nullptr; s = s->outer)
+        if (!s->groupKeys.empty())
+            before.emplace_back(s, s->looseColumns.size());
+    Scalar value = DispatchValue(expression, scope);
+    for (const auto& [grouped, count] : before) {
+        const auto& keys = grouped->groupKeys;
+        if (std::find(keys.begin(), keys.end(), value.sql) != keys.end())
+            grouped->looseColumns.resize(count);
+    }
+    return value;
+}
+
+Scalar Translator::DispatchValue(const tsql::Expression& expression, const Scope* scope) {
+    using Kind = tsql::ExpressionKind;
+    switch (expression.kind) {
+    case Kind::Literal: return Literal(tsql::As<tsql::Literal>(expression));
+    case Kind::Column: return ColumnValue(tsql::As<tsql::ColumnReference>(expression), scope);
+    case Kind::PseudoColumn: return PseudoValue(tsql::As<tsql::PseudoColumn>(expression), scope);
+    case Kind::Variable: return VariableValue(tsql::As<tsql::VariableReference>(expression).name);
+    case Kind::GlobalVariable: return GlobalValue(tsql::As<tsql::GlobalVariable>(expression));
+    case Kind::Unary: return UnaryValue(tsql::As<tsql::Unary>(expression), scope);
+    case Kind::Binary: return BinaryValue(tsql::As<tsql::Binary>(expression), scope);
+    case Kind::Function: return FunctionValue(tsql::As<tsql::FunctionCall>(expression), scope);
+    case Kind::Cast: return CastValue(tsql::As<tsql::Cast>(expression), scope);
+    case Kind::Case: return CaseValue(tsql::As<tsql::Case>(expression), scope);
+    case Kind::Collate: return CollateValue(tsql::As<tsql::Collate>(expression), scope);
+    case Kind::Subquery: return SubqueryValue(tsql::As<tsql::Subquery>(expression), scope);
+    case Kind::DefaultValue: throw SqlError(156, {"DEFAULT"});
+    default: {
+        // A condition that stands for a value: none in the language itself.
+        Scalar value;
+        value.sql = Condition(expression, scope);
+        value.type = SimpleType(TypeId::Bit);
+        return value;
+    }
+    }
+}
+
+Scalar Translator::Literal(const tsql::Literal& literal) {
+    using Type = tsql::LiteralType;
+    switch (literal.type) {
+    case Type::Null: {
+        Scalar null;
+        null.sql = "NULL";
+        null.constant = Datum();
+        return null;
+    }
+    case Type::Integer: return Constant(IntegerLiteral(literal.text));
+    case Type::Decimal: return Constant(DecimalLiteral(literal.text));
+    case Type::Float: return Constant(FloatLiteral(literal.text));
+    case Type::Money: return Constant(MoneyLiteral(literal.text));
+    case Type::String: return Constant(StringLiteral(literal.text, false));
+    case Type::NString: return Constant(StringLiteral(literal.text, true));
+    case Type::Binary: {
+        const auto length = static_cast<int>(std::max<std::size_t>(1, literal.text.size()));
+        return Constant(
+            Datum::Bytes(BinaryType(TypeId::VarBinary, length > 8000 ? maxLength : length), literal.text));
+    }
+    }
+    throw SqlError(102, {literal.text});
+}
+
+Scalar Translator::ColumnScalar(const ColumnUse& use, const Scope& scope) {
+    if (scope.insideAggregate == 0)
+        scope.looseColumns.push_back(use);
+    const SourceColumn& column = *use.column;
+    Scalar value;
+    value.sql = column.sql;
+    value.type = column.type;
+    value.nullable = column.nullable;
+    value.label = column.label;
+    if (column.sql.empty()) {
+        // A computed column: its expression over the columns of its own row.
+        Scope row;
+        row.sources.push_back(std::make_unique<Source>(*use.source));
+        const auto parsed = m_engine.StoredExpression(column.definition->computed);
+        value.sql = "(" + ConvertTo(Value(*parsed->expression, &row), column.type).sql + ")";
+    }
+    if (scope.capture != nullptr) {
+        scope.capture->sql.push_back(value.sql);
+        value.sql = scope.capture->alias + ".k" + std::to_string(scope.capture->sql.size());
+    }
+    return value;
+}
+
+Scalar Translator::ColumnValue(const tsql::ColumnReference& reference, const Scope* scope) {
+    const tsql::Name& name = reference.name;
+    bool qualifierKnown = false;
+    for (const Scope* s = scope; s != nullptr; s = s->outer) {
+        const std::vector<ColumnUse> found = FindColumns(*s, name);
+        if (found.size() > 1)
+            throw SqlError(209, {name.Last()});
+        if (found.size() == 1)
+            return ColumnScalar(found.front(), *s);
+        for (const std::unique_ptr<Source>& source : s->sources)
+            qualifierKnown = qualifierKnown || Matches(*source, name, name.parts.size() - 1);
+    }
+    if (name.parts.size() > 1 && !qualifierKnown)
+        throw SqlError(4104, {name.Text()});
+    // Where there is nothing to select from, a bare name is more likely meant as a constant.
+    if (scope == nullptr && name.parts.size() == 1)
+        throw SqlError(128, {name.Last()});
+    throw SqlError(207, {name.Last()});
+}
+
+Scalar Translator::PseudoValue(const tsql::PseudoColumn& pseudo, const Scope* scope) {
+    const bool identity = pseudo.name == "$IDENTITY";
+    for (const Scope* s = scope; s != nullptr; s = s->outer)
+        for (const std::unique_ptr<Source>& source : s->sources) {
+            if (!pseudo.table.Empty() && !Matches(*source, pseudo.table, pseudo.table.parts.size()))
+                continue;
+            for (const SourceColumn& column : source->columns)
+                if (identity ? column.identity
+                             : SameName(column.name, pseudo.name) ||
+                                   (column.definition != nullptr && column.definition->rowGuid &&
+                                    pseudo.name == "$ROWGUID"))
+                    return ColumnScalar({source.get(), &column}, *s);
+        }
+    throw SqlError(207, {pseudo.name});
+}
+
+Scalar Translator::VariableValue(const std::string& name) {
+    if (m_here.arguments != nullptr) {
+        const auto argument = m_here.arguments->find(FoldName(name));
+        if (argument == m_here.arguments->end())
+            throw SqlError(137, {name});
+        return argument->second;
+    }
+    const Variable* variable = m_engine.context.FindVariable(name);
+    if (variable == nullptr || variable->table)
+        throw SqlError(137, {name});
+    Scalar value;
+    value.type = WithCollation(variable->type);
+    const auto isThis = [&](const std::string& live) { return SameName(live, name); };
+    if (std::any_of(needs.liveVariables.begin(), needs.liveVariables.end(), isThis)) {
+        m_usedLive = true;
+        Engine& engine = m_engine;
+        return Call(
+            "variable " + FoldName(name), {}, value.type, Evaluation::EachRow,
+            [&engine, name](std::span<const Datum>) { return engine.context.FindVariable(name)->value; });
+    }
+    value.sql = "?" + std::to_string(AddNeeded({Needed::Kind::Variable, name, value.type}));
+    value.isParameter = true;
+    return value;
+}
+
+Scalar Translator::GlobalValue(const tsql::GlobalVariable& global) {
+    Scalar value;
+    value.type = WithCollation(m_engine.context.GlobalVariable(global.name).Type());
+    value.sql = "?" + std::to_string(AddNeeded({Needed::Kind::Global, global.name, value.type}));
+    value.isParameter = true;
+    return value;
+}
+
+Scalar Translator::UnaryValue(const tsql::Unary& unary, const Scope* scope) {
+    Scalar operand = Value(*unary.operand, scope);
+    if (operand.IsBareNull())
+        operand = ConvertTo(std::move(operand), SimpleType(TypeId::Int));
+    if (unary.op == tsql::UnaryOperator::Plus)
+        return operand;
+    const UnaryOperator op =
+        unary.op == tsql::UnaryOperator::Minus ? UnaryOperator::Minus : UnaryOperator::BitNot;
+    const SqlType result = ResultType(op, operand.type);
+    const bool nullable = operand.nullable;
+    Scalar value =
+        Call(op == UnaryOperator::Minus ? "minus" : "bitnot", {std::move(operand)}, result, Evaluation::Pure,
+             [op, result](std::span<const Datum> values) { return Evaluate(op, values[0], result); });
+    value.nullable = nullable;
+    return value;
+}
+
+Scalar Translator::BinaryValue(const tsql::Binary& binary, const Scope* scope) {
+    // A long chain of additions leans to the left; it is walked down without recursion.
+    std::vector<const tsql::Binary*> chain;
+    const tsql::Expression* leftmost = &binary;
+    while (leftmost->kind == tsql::ExpressionKind::Binary) {
+        chain.push_back(&tsql::As<tsql::Binary>(*leftmost));
+        leftmost = chain.back()->left.get();
+    }
+    Scalar value = Value(*leftmost, scope);
+    for (auto link = chain.rbegin(); link != chain.rend(); ++link)
+        value = Operate(OperatorOf((*link)->op), std::move(value), Value(*(*link)->right, scope));
+    return value;
+}
+
+Scalar Translator::Operate(BinaryOperator op, Scalar left, Scalar right) {
+    if (left.IsBareNull() && right.IsBareNull())
+        left.type = right.type = SimpleType(TypeId::Int);
+    else if (left.IsBareNull())
+        left = ConvertTo(std::move(left), right.type);
+    else if (right.IsBareNull())
+        right = ConvertTo(std::move(right), left.type);
+    Harmonize(left, right);
+    SqlType result = ResultType(op, left.type, right.type);
+    if (result.IsCharacter()) {
+        result.collation = left.type.IsCharacter() ? left.type.collation : right.type.collation;
+        if (!m_engine.context.Options().concatNullYieldsNull) {
+            left = Call("orempty", {std::move(left)}, left.type, Evaluation::EachRow,
+                        [type = left.type](std::span<const Datum> values) {
+                            return values[0].IsNull() ? Datum::Text(type, "") : values[0];
+                        });
+            right = Call("orempty", {std::move(right)}, right.type, Evaluation::EachRow,
+                         [type = right.type](std::span<const Datum> values) {
+                             return values[0].IsNull() ? Datum::Text(type, "") : values[0];
+                         });
+        }
+    }
+    const bool nullable = left.nullable || right.nullable;
+    const CollationLabel label = std::max(left.label, right.label);
+    const bool constants = left.constant && right.constant;
+    const bool joinsTexts = op == BinaryOperator::Add && left.type.IsCharacter() && right.type.IsCharacter();
+    if (joinsTexts && !constants && LengthsAdd(left.type, right.type, result)) {
+        Scalar joined;
+        joined.sql = "(" + left.sql + " || " + right.sql + ")";
+        joined.type = result;
+        joined.nullable = nullable;
+        joined.label = label;
+        return joined;
+    }
+    Engine& engine = m_engine;
+    Scalar value =
+        Call("op" + std::to_string(static_cast<int>(op)), {std::move(left), std::move(right)}, result,
+             Evaluation::Pure, [&engine, op, result](std::span<const Datum> values) {
+                 return Evaluate(op, values[0], values[1], result, engine.context.Functions().Options());
+             });
+    value.nullable = nullable;
+    value.label = label;
+    return value;
+}
+
+// Whether the joined text can never be longer than its type, so that nothing has to be cut.
+bool Translator::LengthsAdd(const SqlType& left, const SqlType& right, const SqlType& result) {
+    if (result.length == maxLength)
+        return true;
+    if (left.IsLegacyLob() || right.IsLegacyLob() || left.length == maxLength || right.length == maxLength)
+        return false;
+    return left.length + right.length <= result.length;
+}
+
+Scalar Translator::Compound(tsql::AssignmentOperator op, const Scalar& left, const Scalar& right) {
+    if (op == tsql::AssignmentOperator::Set)
+        return right;
+    return Operate(static_cast<BinaryOperator>(static_cast<int>(op) - 1), left, right);
+}
+
+Scalar Translator::CastValue(const tsql::Cast& cast, const Scope* scope) {
+    const SqlType to = TypeOf(cast.type, true);
+    Scalar operand = Value(*cast.operand, scope);
+    if (operand.IsBareNull())
+        return ConvertTo(std::move(operand), to);
+    RequireConversion(operand.type, to, true);
+    const bool nullable = operand.nullable || cast.tryForm;
+    const CollationLabel label = operand.label;
+    const Collation* collation = operand.type.collation;
+    Scalar value;
+    if (!cast.style && !cast.tryForm && SameStorage(operand.type, to)) {
+        value = ConvertTo(std::move(operand), to);
+    } else {
+        std::vector<Scalar> arguments{std::move(operand)};
+        if (cast.style)
+            arguments.push_back(ConvertTo(Value(*cast.style, scope), SimpleType(TypeId::Int)));
+        Engine& engine = m_engine;
+        const bool tryForm = cast.tryForm;
+        const bool styled = cast.style != nullptr;
+        value = Call(tryForm ? "trycast" : "cast", std::move(arguments), to, Evaluation::Pure,
+                     [&engine, to, tryForm, styled](std::span<const Datum> values) {
+                         if (styled && values[1].IsNull())
+                             return Datum::Null(to);
+                         const int style = styled ? static_cast<int>(values[1].Integer()) : noStyle;
+                         const ConvertOptions options = engine.context.Functions().Options();
+                         return tryForm ? TryConvert(values[0], to, options, style)
+                                        : Convert(values[0], to, options, style);
+                     });
+    }
+    value.nullable = nullable;
+    if (to.IsCharacter()) {
+        value.label = label;
+        value.type.collation = collation != nullptr ? collation : DatabaseCollation();
+    }
+    return value;
+}
+
+Scalar Translator::CaseValue(const tsql::Case& value, const Scope* scope) {
+    std::vector<Scalar> results;
+    for (const tsql::CaseBranch& branch : value.branches)
+        results.push_back(Value(*branch.then, scope));
+    if (value.otherwise)
+        results.push_back(Value(*value.otherwise, scope));
+    Scalar result = Common(results);
+    if (result.IsBareNull())
+        throw SqlError(8133);
+    std::string sql = "CASE";
+    for (std::size_t i = 0; i < value.branches.size(); ++i) {
+        const tsql::CaseBranch& branch = value.branches[i];
+        const std::string when = value.input ? Compare(ComparisonOperator::Equal, Value(*value.input, scope),
+                                                       Value(*branch.when, scope))
+                                             : Condition(*branch.when, scope);
+        sql += " WHEN " + when + " THEN " + results[i].sql;
+    }
+    if (value.otherwise)
+        sql += " ELSE " + results.back().sql;
+    result.sql = "(" + sql + " END)";
+    result.nullable = result.nullable || !value.otherwise;
+    return result;
+}
+
+Scalar Translator::CollateValue(const tsql::Collate& collate, const Scope* scope) {
+    Scalar value = Value(*collate.operand, scope);
+    if (value.IsBareNull())
+        value = ConvertTo(std::move(value), VarChar(1));
+    if (!value.type.IsCharacter())
+        throw SqlError(447, {value.type.Name()});
+    const Collation* collation = SameName(collate.collation, "database_default")
+                                     ? DatabaseCollation()
+                                     : FindCollation(collate.collation);
+    if (collation == nullptr)
+        throw SqlError(448, {collate.collation});
+    value.type.collation = collation;
+    value.label = CollationLabel::Explicit;
+    return value;
+}
+
+Scalar Translator::SubqueryValue(const tsql::Subquery& subquery, const Scope* scope) {
+    const QuerySql query = Query(*subquery.query, scope);
+    if (query.columns.size() != 1)
+        throw SqlError(116);
+    Scalar value;
+    value.type = query.columns[0].type;
+    value.label = query.columns[0].label;
+    if (query.oneRow) {
+        value.sql = "(" + query.sql + ")";
+        return value;
+    }
+    const SqlType type = value.type.id == TypeId::Null ? SimpleType(TypeId::Int) : value.type;
+    const std::string only = m_engine.functions.RowAggregate("only " + TypeKey(type), [&] {
+        class Only : public RowAggregateNode::State {
+          public:
+            void Step(std::span<const Datum> row) override {
+                if (m_seen)
+                    throw SqlError(512);
+                m_seen = true;
+                m_value = row[0];
+            }
+            Datum Result() override { return m_value; }
+
+          private:
+            bool m_seen = false;
+            Datum m_value;
+        };
+        return RowAggregateNode{{type}, type, [] { return std::make_unique<Only>(); }};
+    });
+    value.type = type;
+    value.sql = "(SELECT " + only + "(o1) FROM (" + query.sql + "))";
+    return value;
+}
+
+} // namespace quillon::practice

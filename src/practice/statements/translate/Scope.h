@@ -1,0 +1,71 @@
+// Scopes: what a column's name can mean at one place of a query. Each SELECT has one; subqueries see that of
+// the query around them as their outer scope.
+#pragma once
+
+#include "practice/statements/translate/Scalar.h"
+#include "practice/storage/Definitions.h"
+#include "practice/tsql/TreeNode.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace quillon::practice {
+
+struct SourceColumn {
+    std::string name;
+    std::string sql; // s1.c3; empty for a computed column that is worked out when it is read
+    SqlType type;
+    bool nullable = true;
+    CollationLabel label = CollationLabel::Implicit;
+    const Column* definition = nullptr; // of a table's column; lives as long as Source::table
+    bool identity = false;
+    bool readOnly = false;
+    std::string tableName;
+    int baseColumn = 0;
+};
+
+// One element of FROM.
+struct Source {
+    std::string alias;   // s1: what SQL for SQLite calls it
+    std::string exposed; // the name that columns may be qualified with
+    std::string schema;  // and before it, when it is a table's own name
+    std::string database;
+    std::vector<SourceColumn> columns;
+    std::shared_ptr<const Table> table;    // base table or row set
+    std::shared_ptr<const Module> view;    // view that was expanded here
+    bool hasRowId = false;                 // <alias>.rid or rowid tells its rows apart
+    std::string rowId;                     // SQL for it
+    std::shared_ptr<const Table> rowTable; // the table that rowId is of
+};
+
+struct ColumnUse {
+    const Source* source = nullptr;
+    const SourceColumn* column = nullptr;
+};
+
+// Columns taken in by an inner query so that an outer one can compute over its rows in their order.
+struct Capture {
+    std::string alias;
+    std::vector<std::string> sql; // of the inner query's columns k1, k2 ...
+};
+
+struct Scope {
+    const Scope* outer = nullptr;
+    std::vector<std::unique_ptr<Source>> sources;
+    // GROUP BY: the SQL of its expressions. A grouped query may use nothing else outside of aggregates.
+    std::vector<std::string> groupKeys;
+    // What the translation of its expressions finds out, step by step.
+    mutable bool sawAggregate = false;
+    mutable int insideAggregate = 0;
+    mutable int aggregateError = 0;              // not 0 where aggregates may not stand: the error then
+    mutable std::vector<ColumnUse> looseColumns; // used outside of aggregates and keys
+    Capture* capture = nullptr;
+};
+
+// The columns that a name may stand for in one scope; more than one is ambiguous.
+std::vector<ColumnUse> FindColumns(const Scope& scope, const tsql::Name& name);
+// Whether `qualifier` (one to three parts) names the source.
+bool Matches(const Source& source, const tsql::Name& qualifier, std::size_t parts);
+
+} // namespace quillon::practice
