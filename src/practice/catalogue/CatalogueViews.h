@@ -1,0 +1,43 @@
+// The system views that tools read: sysobjects, sys.tables, INFORMATION_SCHEMA and their kin, as SELECTs over
+// the definition tables. What is not in the data file (logins, sessions) comes through two SQL functions that
+// each connection must have.
+#pragma once
+
+#include "practice/statements/SystemViews.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+struct sqlite3;
+
+namespace quillon::practice {
+
+const SystemViews& CatalogueViews();
+
+struct LoginRow {
+    std::string name;
+    int principalId = 0;
+    std::string sid; // bytes
+    std::string defaultDatabase, defaultLanguage;
+    bool disabled = false, administrator = false;
+    Moment created, modified;
+};
+
+struct SessionRow {
+    int sessionId = 0;
+    std::string login, hostName, programName, status, database;
+    int hostProcessId = 0;
+    Moment loginTime;
+    int openTransactions = 0;
+};
+
+// What the views need and only the server knows. Called on the thread that runs the query.
+struct CatalogueSources {
+    std::function<std::vector<LoginRow>()> logins;
+    std::function<std::vector<SessionRow>()> sessions;
+};
+// To be done on every connection before a system view is read; `sources` must outlive the connection.
+void RegisterCatalogueSources(sqlite3* connection, const CatalogueSources& sources);
+
+} // namespace quillon::practice
