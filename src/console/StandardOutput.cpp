@@ -7,12 +7,21 @@
 #include "platform/FailureNumbers.h"
 
 namespace quillon::console {
+namespace {
+
+void Require(bool succeeded) {
+    if (!succeeded)
+        throw Failure(errno == ENOSPC ? numbers::DiskFull : numbers::DeviceIoError);
+}
+
+} // namespace
 
 void WriteStandardOutput(std::string_view text) {
-    errno = 0;
-    const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
-    if (!written || std::fflush(stdout) != 0)
-        throw Failure(errno == ENOSPC ? numbers::DiskFull : numbers::DeviceIoError);
+    Require(std::fwrite(text.data(), 1, text.size(), stdout) == text.size());
+}
+
+void FlushStandardOutput() {
+    Require(std::fflush(stdout) == 0);
 }
 
 } // namespace quillon::console

@@ -13,11 +13,9 @@
 #include <string>
 #include <string_view>
 
-namespace quillon {
+#include "template/TemplateLine.h"
 
-class LineReader;
-
-namespace basNewTemplate {
+namespace quillon::basNewTemplate {
 
 // The scratch files' paths.
 std::string TemplateFile();
@@ -27,22 +25,38 @@ std::string OutputFile();
 // failure of either file.
 std::string ProcessFile();
 
-// The body of the template that `input` holds, without the second pass. Shows a box for a line that closes a
-// tag that was never opened; such a line yields nothing. A line longer than 32,767 characters is reported and
-// yields nothing.
-std::string TranslateLines(LineReader& input);
+// Translates lines one after the other. Keeps from line to line whether a tag is open, and the form of the
+// statements from its creation on.
+class LineTranslator {
+  public:
+    LineTranslator();
 
-// Classifies a line. `isInTag` tells whether a tag is open, before and after. The three texts come in empty;
-// code keeps its delimiters. They are left empty, and the flag as it was, for a line that cannot be read.
+    // Appends the line's statements to the body. Shows a box for a line that closes a tag that was never
+    // opened; such a line yields nothing. A line longer than 32,767 characters is reported and yields
+    // nothing.
+    void Translate(std::string_view line, std::string& body);
+
+  private:
+    LineParts Classify(std::string_view line);
+    void WriteLiteral(std::string_view text, std::string& body) const;
+
+    const ScriptForm& m_form;
+    bool m_isInTag = false;
+};
+
+// Classifies a line. `isInTag` tells whether a tag is open, before and after. Code keeps its delimiters.
+// After a failure the three texts and the flag are as they were.
 void ProcessTags(std::string_view line, bool& isInTag, std::string_view& before, std::string_view& after,
                  std::string_view& code);
 
 // The text with each double quote replaced by `" & Chr(34) & "`, in both forms alike.
 std::string ProcessQuotes(std::string_view text);
 
+// The form of the script's statements that the session's language asks for.
+const ScriptForm& FormInForce();
+
 // Rewrites code in place: delimiters go, "objAudit.Print" becomes an append to strVar, leading blanks go.
 // A caller runs it over the whole body once more, so no delimiter is left in literal text either.
 void ProcessScript(std::string& text);
 
-} // namespace basNewTemplate
-} // namespace quillon
+} // namespace quillon::basNewTemplate

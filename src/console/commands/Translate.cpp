@@ -11,8 +11,7 @@
 #include "platform/Platform.h"
 #include "shell/Session.h"
 #include "shell/Trace.h"
-#include "template/basNewTemplate.h"
-#include "template/basProcTemplate.h"
+#include "template/ScriptStream.h"
 
 namespace quillon::console {
 namespace {
@@ -45,10 +44,8 @@ void Translate(const Options& options) {
     g_objTrace->SetNote("Translating " + options.file);
     g_bolJScript = options.jscript;
     TemplateLines lines(adapters::FromNative(options.file));
-    std::string script = basNewTemplate::TranslateLines(lines);
-    basNewTemplate::ProcessScript(script);
-    basProcTemplate::WrapCodeForExec(script);
-    WriteStandardOutput(script);
+    StreamScript(lines, WriteStandardOutput);
+    FlushStandardOutput();
 }
 
 } // namespace

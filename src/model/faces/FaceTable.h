@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -32,16 +33,16 @@ struct FaceTable {
 
     template <auto Getter>
     static Value Read(ModelObject& model, std::span<Value>) {
-        return ToValue((Self(model).*Getter)());
+        return ToValue(std::invoke(Getter, Self(model)));
     }
 
     // Writable members are booleans or texts.
     template <auto Setter>
     static void Write(ModelObject& model, const Value& value) {
         if constexpr (std::is_invocable_v<decltype(Setter), T&, bool>)
-            (Self(model).*Setter)(conversion::ToBoolean(value));
+            std::invoke(Setter, Self(model), conversion::ToBoolean(value));
         else
-            (Self(model).*Setter)(conversion::ToText(value));
+            std::invoke(Setter, Self(model), conversion::ToText(value));
     }
 
     template <auto Getter>
