@@ -2,6 +2,7 @@
 #include <array>
 #include <charconv>
 
+#include "platform/Conversion.h"
 #include "vbscript/builtins/Arguments.h"
 #include "vbscript/builtins/Families.h"
 
@@ -11,6 +12,19 @@ namespace {
 template <auto Convert>
 Variant Converted(BuiltinContext&, Arguments arguments) {
     return Convert(arguments[0]);
+}
+
+// From text the platform's conversion is asked, which fills the sub-type with the bits of &H and &O:
+// CInt("&HFFFF") is -1, CLng of it 65535.
+template <auto Convert, auto FromText>
+Variant ConvertedOrRead(BuiltinContext&, Arguments arguments) {
+    const Variant value = PlainValue(arguments[0]);
+    return value.IsText() ? FromText(Value(value.AsText().ToUtf8())) : Convert(value);
+}
+
+// True has all bits set in every whole sub-type.
+std::uint8_t ByteOf(const Variant& value) {
+    return value.kind() == Kind::Boolean ? static_cast<std::uint8_t>(value.Number()) : ToByte(value);
 }
 
 // Whole sub-types up to Integer show sixteen bits, everything else thirty-two.
@@ -34,10 +48,10 @@ Variant InBase(BuiltinContext&, Arguments arguments) {
 }
 
 constexpr Builtin Table[] = {
-    {"CBool", 1, 1, Converted<ToBoolean>},
-    {"CByte", 1, 1, Converted<ToByte>},
-    {"CInt", 1, 1, Converted<ToInteger>},
-    {"CLng", 1, 1, Converted<ToLong>},
+    {"CBool", 1, 1, ConvertedOrRead<ToBoolean, conversion::ToBoolean>},
+    {"CByte", 1, 1, ConvertedOrRead<ByteOf, conversion::ToByte>},
+    {"CInt", 1, 1, ConvertedOrRead<ToInteger, conversion::ToInteger>},
+    {"CLng", 1, 1, ConvertedOrRead<ToLong, conversion::ToLong>},
     {"CSng", 1, 1, Converted<ToSingle>},
     {"CDbl", 1, 1, Converted<ToDouble>},
     {"CCur", 1, 1, Converted<ToCurrency>},

@@ -1,0 +1,60 @@
+// The script host for JScript: ECMAScript code on the embedded Duktape engine, with late-bound objects.
+//
+// What scripts see of such objects: members without regard to case, collections called as functions
+// (`Tables(1)`), parameterless properties as values, methods, default members where text or a number is
+// wanted, `new Enumerator(collection)`, `new VBArray(array)`, `new ActiveXObject("Scripting.Dictionary")`.
+// They reach no file, process or network.
+//
+// Limits. `object.Item(1) = x` is no assignment in this dialect: it is a compile error. `typeof` of a host
+// object is "function". Errors know their line, not their column.
+//
+// Stop() ends a script at its next loop round, function call, method call or use of a host object. The
+// packaged engine offers no way to interrupt the rest: one long call of a built-in (a sort, a regular
+// expression with much backtracking) or code made by eval and new Function runs to its own end.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "platform/Object.h"
+#include "platform/ScriptHost.h"
+
+namespace quillon::jscript {
+
+// Makes the object that a program identifier names; an empty reference if there is none.
+using ObjectFactory = std::function<ObjectRef(std::string_view programId)>;
+
+class Engine;
+
+// ScriptHost says what the operations do; this host's language is "JScript" from the start and cannot be
+// changed. Not thread-safe but for Stop, which any thread may call.
+class JScriptHost final : public ScriptHost {
+  public:
+    static constexpr std::size_t DefaultMemory = std::size_t{512} << 20;
+
+    // Scripts that take more than `memoryLimit` bytes fail with 7.
+    explicit JScriptHost(ObjectFactory factory = {}, std::size_t memoryLimit = DefaultMemory);
+    ~JScriptHost() override;
+
+    // Raises 5 while a script of this host runs.
+    void Reset() override;
+    std::string Language() const override { return "JScript"; }
+    void SetLanguage(std::string_view name) override;
+    void AddObject(std::string_view name, ObjectRef object, bool addMembers = false) override;
+    void AddCode(std::string_view text) override;
+    Value Run(std::string_view procedure, std::span<Value> arguments = {}) override;
+    Value Eval(std::string_view expression) override;
+    const ScriptError& Error() const override { return m_error; }
+    void Stop() override;
+
+  private:
+    template <class Body>
+    auto Entry(Body body);
+
+    ObjectFactory m_factory;
+    std::size_t m_memoryLimit;
+    std::unique_ptr<Engine> m_engine;
+    ScriptError m_error;
+};
+
+} // namespace quillon::jscript
