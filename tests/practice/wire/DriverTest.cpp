@@ -1,8 +1,7 @@
 // The driver against a server that only follows a script: that what is sent is what the driver understands.
+#include "practice/support/CommandOutput.h"
 #include "practice/support/OdbcClient.h"
 #include "practice/wire/RunningListener.h"
-
-#include <cstdio>
 
 namespace quillon::practice::tds {
 namespace {
@@ -185,17 +184,6 @@ TEST(Driver, IsToldWhyItMayNotEnter) {
         EXPECT_NE(std::string(error.what()).find("18456 Login failed for user 'sa'."), std::string::npos)
             << error.what();
     }
-}
-
-std::string OutputOf(const std::string& command) {
-    std::string output;
-    FILE* pipe = popen(command.c_str(), "r");
-    char buffer[512];
-    while (std::size_t count = fread(buffer, 1, sizeof buffer, pipe)) {
-        output.append(buffer, count);
-    }
-    pclose(pipe);
-    return output;
 }
 
 TEST(CommandLineTools, TalkToTheServer) {
