@@ -135,6 +135,15 @@ TEST_F(StartTest, AnApplicationFolderThatCannotBeHadIsOneClearReport) {
     EXPECT_EQ(frontEnd.Failures()[0].Procedures, Names{"basMain - Form_Load"});
 }
 
+TEST_F(StartTest, SettingsThatCannotBeReadAreOneClearReport) {
+    plan.FailAlways("Settings.Read", Failure(numbers::PathFileAccess, "The settings file is damaged"));
+    frontEnd.ExpectFailure("The settings file is damaged");
+    Start();
+    EXPECT_EQ(frontEnd.Failures().size(), 1u);
+    EXPECT_EQ(frontEnd.Failures()[0].Procedures, (Names{"basMain - Form_Load", "frmMain.Form_Load"}));
+    EXPECT_TRUE(Main().IsVisible());
+}
+
 TEST_F(StartTest, ARoadThatNobodyOpenedSaysSo) {
     TheRoads().RegisterLanguages = std::function<void(bool)>();
     frontEnd.ExpectFailure("basLanguages.RegisterLanguages is not part of this build");

@@ -16,6 +16,7 @@
 
 #include "platform/DataAccess.h"
 #include "platform/Failure.h"
+#include "platform/Object.h" // completes the references that a Value may hold
 
 namespace quillon::tests {
 

@@ -52,12 +52,12 @@ std::string Shown(std::string nativePath) {
 
 } // namespace
 
-void RaiseSystemFailure(int error, const std::string& nativePath, std::source_location where) {
+void RaiseSystemFailure(int error, const std::string& nativePath) {
     const std::int32_t number = NumberOf(error, nativePath);
     std::string description = std::string(FailureText(number)) + ": " + Shown(nativePath);
     if (number == numbers::DeviceIoError)
         description += " (" + std::generic_category().message(error) + ")";
-    throw Failure(number, description, {}, where);
+    throw Failure(number, description);
 }
 
 } // namespace quillon::adapters
