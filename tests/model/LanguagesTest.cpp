@@ -23,13 +23,13 @@ class Languages : public ModelTest {
 TEST_F(Languages, ADifferentLanguageBecomesTheSetting) {
     EXPECT_EQ(audit->Languages()->ScriptLanguage(), "VBScript");
     EXPECT_EQ(Set("vbSCRIPT"), "status ");
-    EXPECT_TRUE(settings.values.empty());
+    EXPECT_TRUE(settings.Written.empty());
     EXPECT_EQ(Set("JSCRIPT"), "register switch status ");
-    EXPECT_EQ(settings.values["ScriptingLanguage"], "1");
+    EXPECT_EQ(settings.Get("ScriptingLanguage"), "1");
     EXPECT_EQ(audit->Languages()->ScriptLanguage(), "JScript");
     EXPECT_EQ(Set("jscript"), "status ");
     EXPECT_EQ(Set("VBScript"), "register switch status ");
-    EXPECT_EQ(settings.values["ScriptingLanguage"], "0");
+    EXPECT_EQ(settings.Get("ScriptingLanguage"), "0");
 }
 
 TEST_F(Languages, AnUnknownNameIsAnsweredWithABox) {
@@ -39,7 +39,7 @@ TEST_F(Languages, AnUnknownNameIsAnsweredWithABox) {
                                "Invalid Pre-Processor Value", Icon::Warning);
         EXPECT_EQ(Set(name), "");
     }
-    EXPECT_TRUE(settings.values.empty());
+    EXPECT_TRUE(settings.Written.empty());
 }
 
 TEST_F(Languages, NoHookIsNeeded) {

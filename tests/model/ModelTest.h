@@ -11,27 +11,12 @@
 #include "platform/Failure.h"
 #include "platform/FailureNumbers.h"
 #include "platform/Platform.h"
-#include "platform/SettingsStore.h"
 #include "shell/Session.h"
 #include "shell/Trace.h"
+#include "support/MemorySettings.h"
 #include "support/ScriptedFrontEnd.h"
 
 namespace quillon::tests {
-
-class MapSettings : public SettingsStore {
-  public:
-    std::optional<std::string> Read(const std::string&, const std::string&,
-                                    const std::string& key) const override {
-        const auto found = values.find(key);
-        return found == values.end() ? std::nullopt : std::optional(found->second);
-    }
-    void Write(const std::string&, const std::string&, const std::string& key,
-               const std::string& value) override {
-        values[key] = value;
-    }
-
-    std::map<std::string, std::string> values;
-};
 
 class ModelTest : public testing::Test {
   protected:
@@ -92,7 +77,7 @@ class ModelTest : public testing::Test {
     std::string description;
     std::string source;
     ScriptedFrontEnd frontEnd;
-    MapSettings settings;
+    MemorySettings settings;
     Platform platform{{.frontEnd = &frontEnd, .settings = &settings}};
     std::shared_ptr<AuditObj> audit = std::make_shared<AuditObj>();
 };
