@@ -43,6 +43,22 @@ duk_ret_t RunStep(duk_context* context, void* data) {
 
 } // namespace
 
+bool Engine::HasRoomFor(std::size_t bytes) noexcept {
+    const bool room = m_memoryUsed <= m_memoryLimit && bytes <= m_memoryLimit - m_memoryUsed;
+    m_memoryShort = m_memoryShort || !room;
+    return room;
+}
+
+// Duktape answers a refused allocation by collecting garbage and asking again. With little left to collect, a
+// script would spend its time on nothing else, so it fails as soon as that begins.
+void Engine::EndOrGoOn(duk_context* context) {
+    if (m_stop)
+        Throw(context, StoppedNumber, "Script was stopped");
+    m_memoryShort = false;
+    if (m_memoryUsed > m_memoryLimit / 8 * 7)
+        Throw(context, numbers::OutOfMemory);
+}
+
 void* Engine::Allocate(void* engine, duk_size_t size) {
     auto& self = *static_cast<Engine*>(engine);
     if (size == 0 || !self.HasRoomFor(size))

@@ -73,10 +73,10 @@ class Engine {
     [[noreturn]] void ThrowShielded(duk_context* context);
     // Raises an error that scripts can catch. An empty description takes the number's own text.
     [[noreturn]] void Throw(duk_context* context, std::int32_t number, const char* description = "");
-    // Ends the script if it was told to stop.
+    // Ends the script if it was told to stop, and fails it when its memory is used up.
     void Poll(duk_context* context) {
-        if (m_stop)
-            Throw(context, StoppedNumber, "Script was stopped");
+        if (m_stop || m_memoryShort)
+            EndOrGoOn(context);
     }
 
     // --- values; may fail in Duktape's way ---
@@ -117,9 +117,8 @@ class Engine {
     static void* Allocate(void* engine, duk_size_t size);
     static void* Reallocate(void* engine, void* memory, duk_size_t size);
     static void Free(void* engine, void* memory);
-    bool HasRoomFor(std::size_t bytes) const noexcept {
-        return m_memoryUsed <= m_memoryLimit && bytes <= m_memoryLimit - m_memoryUsed;
-    }
+    bool HasRoomFor(std::size_t bytes) noexcept;
+    void EndOrGoOn(duk_context* context);
 
     static void Execute(Engine& engine, duk_context* context, void* data);
     static void Call(Engine& engine, duk_context* context, void* data);
@@ -146,6 +145,7 @@ class Engine {
     duk_context* m_context = nullptr;
     std::shared_ptr<EngineLink> m_link;
     std::atomic<bool> m_stop = false;
+    bool m_memoryShort = false; // an allocation was refused
     int m_depth = 0;
 
     std::deque<Frame> m_frames; // a frame stays in place while others come and go behind it
