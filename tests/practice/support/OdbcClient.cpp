@@ -125,6 +125,17 @@ std::vector<std::string> OdbcClient::Run(const std::string& text) {
     return answers;
 }
 
+void OdbcClient::Stream(const std::string& text, const std::function<void()>& onRow, long most) {
+    Statement statement(m_connection);
+    if (!SQL_SUCCEEDED(SQLExecDirect(statement.Handle(), Characters(text), SQL_NTS))) {
+        throw std::runtime_error(Diagnostics(SQL_HANDLE_STMT, statement.Handle(), true));
+    }
+    for (long row = 0; row != most && SQL_SUCCEEDED(SQLFetch(statement.Handle())); ++row) {
+        onRow();
+    }
+    SQLCancel(statement.Handle());
+}
+
 std::vector<std::string> OdbcClient::RunPrepared(const std::string& text, const std::vector<int>& values) {
     Statement statement(m_connection);
     std::vector<std::string> answers;

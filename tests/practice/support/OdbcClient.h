@@ -6,6 +6,7 @@
 #include <sqlext.h>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,8 @@ class OdbcClient {
 
     // Everything that a batch answers, in order: "row a|b" with NULL as "-", "count 3", "error 208 text".
     std::vector<std::string> Run(const std::string& text);
+    // Reads a result row by row without keeping any; cancels it after `most` rows.
+    void Stream(const std::string& text, const std::function<void()>& onRow, long most = -1);
     // Executes a prepared statement once for each value of its only parameter, an int; gives what each
     // answers.
     std::vector<std::string> RunPrepared(const std::string& text, const std::vector<int>& values);
