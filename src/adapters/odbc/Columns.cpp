@@ -1,0 +1,185 @@
+#include "adapters/odbc/Columns.h"
+
+#include <array>
+#include <cmath>
+#include <cstring>
+
+#include "platform/Conversion.h"
+
+namespace quillon::adapters {
+namespace {
+
+constexpr SQLSMALLINT SqlVariant = -150; // SQL_SS_VARIANT of the server's drivers
+
+template <class T>
+T As(const std::vector<char>& buffer) {
+    T value;
+    std::memcpy(&value, buffer.data(), sizeof value);
+    return value;
+}
+
+DateValue DateOf(const SQL_TIMESTAMP_STRUCT& moment) {
+    const auto whole =
+        conversion::DateOf(moment.year, moment.month, moment.day, moment.hour, moment.minute, moment.second);
+    // A fraction of a second has no place in the date's text, but it counts when dates are compared.
+    const double seconds = moment.fraction / 1e9;
+    return {whole.days + std::copysign(seconds / 86400, whole.days)};
+}
+
+// "12.300" as "12.3", "5.00" as "5".
+std::string WithoutTrailingZeros(std::string digits) {
+    if (digits.find('.') == std::string::npos)
+        return digits;
+    digits.erase(digits.find_last_not_of('0') + 1);
+    if (digits.ends_with('.'))
+        digits.pop_back();
+    if (digits.starts_with('.'))
+        digits.insert(0, "0");
+    if (digits.starts_with("-."))
+        digits.insert(1, "0");
+    return digits;
+}
+
+CurrencyValue CurrencyOf(const std::string& digits) {
+    const bool negative = digits.starts_with('-');
+    std::int64_t whole = 0;
+    int decimals = -1;
+    for (const char c : digits) {
+        if (c == '.')
+            decimals = 0;
+        else if (c >= '0' && c <= '9' && decimals < 4) {
+            whole = whole * 10 + (c - '0');
+            decimals += decimals >= 0 ? 1 : 0;
+        }
+    }
+    for (decimals = std::max(decimals, 0); decimals < 4; ++decimals)
+        whole *= 10;
+    return {negative ? -whole : whole};
+}
+
+} // namespace
+
+Columns::Columns(const Handle& statement)
+    : m_statement(statement) {
+    SQLSMALLINT count = 0;
+    SQLNumResultCols(statement.get(), &count);
+    m_columns.resize(static_cast<std::size_t>(count));
+    for (std::size_t index = 0; index < m_columns.size(); ++index) {
+        Column& column = m_columns[index];
+        const auto number = static_cast<SQLUSMALLINT>(index + 1);
+        Describe(column, number);
+        if (column.isBound)
+            SQLBindCol(statement.get(), number, column.cType, column.buffer.data(),
+                       static_cast<SQLLEN>(column.buffer.size()), &column.length);
+    }
+}
+
+Columns::~Columns() {
+    SQLFreeStmt(m_statement.get(), SQL_UNBIND);
+}
+
+void Columns::Describe(Column& column, SQLUSMALLINT number) {
+    std::array<SQLCHAR, 1024> name{};
+    SQLSMALLINT nameLength = 0, type = 0, digits = 0, nullable = 0;
+    SQLULEN size = 0;
+    SQLDescribeCol(m_statement.get(), number, name.data(), static_cast<SQLSMALLINT>(name.size()), &nameLength,
+                   &type, &size, &digits, &nullable);
+    column.name = reinterpret_cast<const char*>(name.data());
+
+    std::array<SQLCHAR, 64> typeName{};
+    SQLColAttribute(m_statement.get(), number, SQL_DESC_TYPE_NAME, typeName.data(),
+                    static_cast<SQLSMALLINT>(typeName.size()), nullptr, nullptr);
+    const std::string_view named = reinterpret_cast<const char*>(typeName.data());
+
+    const auto fixed = [&column](Form form, SQLSMALLINT cType, std::size_t bytes) {
+        column.form = form;
+        column.cType = cType;
+        column.buffer.resize(bytes);
+    };
+    switch (type) {
+    case SQL_INTEGER: return fixed(Form::Long, SQL_C_SLONG, sizeof(SQLINTEGER));
+    case SQL_SMALLINT: return fixed(Form::Integer, SQL_C_SSHORT, sizeof(SQLSMALLINT));
+    case SQL_TINYINT: return fixed(Form::Byte, SQL_C_UTINYINT, sizeof(SQLCHAR));
+    case SQL_BIT: return fixed(Form::Boolean, SQL_C_BIT, sizeof(SQLCHAR));
+    case SQL_FLOAT:
+    case SQL_DOUBLE: return fixed(Form::Double, SQL_C_DOUBLE, sizeof(double));
+    case SQL_REAL: return fixed(Form::Single, SQL_C_FLOAT, sizeof(float));
+    case SQL_BIGINT: return fixed(Form::Digits, SQL_C_CHAR, 32);
+    case SQL_DECIMAL:
+    case SQL_NUMERIC:
+        return fixed(named.find("money") != named.npos ? Form::Currency : Form::Digits, SQL_C_CHAR, 64);
+    case SQL_GUID: return fixed(Form::Guid, SQL_C_CHAR, 64);
+    case SQL_TYPE_TIMESTAMP:
+        if (named.find("datetime2") == named.npos && named.find("offset") == named.npos)
+            return fixed(Form::Date, SQL_C_TYPE_TIMESTAMP, sizeof(SQL_TIMESTAMP_STRUCT));
+        return fixed(Form::Text, SQL_C_CHAR, 64);
+    case SQL_BINARY:
+    case SQL_VARBINARY:
+    case SQL_LONGVARBINARY: column.form = Form::Binary; break;
+    case SqlVariant: return fixed(Form::Text, SQL_C_CHAR, 32004);
+    default: break;
+    }
+    // Four bytes a character at most. What has no sensible bound is read piece by piece.
+    constexpr SQLULEN longest = 8000;
+    column.isBound = size > 0 && size <= longest;
+    column.buffer.resize(column.isBound ? size * 4 + 1 : 16384);
+}
+
+std::string Columns::ReadLong(Column& column, SQLUSMALLINT number, bool& isNull) {
+    std::string text;
+    while (true) {
+        SQLLEN left = 0;
+        const auto result = SQLGetData(m_statement.get(), number, SQL_C_CHAR, column.buffer.data(),
+                                       static_cast<SQLLEN>(column.buffer.size()), &left);
+        if (result == SQL_NO_DATA)
+            return text;
+        if (!SQL_SUCCEEDED(result))
+            RaiseDiagnostics(Diagnostics(m_statement));
+        isNull = left == SQL_NULL_DATA;
+        if (isNull)
+            return text;
+        text += column.buffer.data();
+        if (result == SQL_SUCCESS)
+            return text;
+    }
+}
+
+Value Columns::ValueOf(Column& column, SQLUSMALLINT number) {
+    std::string text;
+    if (!column.isBound) {
+        bool isNull = false;
+        text = ReadLong(column, number, isNull);
+        if (isNull)
+            return NullValue{};
+    } else if (column.length == SQL_NULL_DATA) {
+        return NullValue{};
+    } else if (column.cType == SQL_C_CHAR) {
+        text.assign(column.buffer.data(),
+                    std::min(static_cast<std::size_t>(column.length), column.buffer.size() - 1));
+    }
+    switch (column.form) {
+    case Form::Long: return Value(std::int32_t{As<SQLINTEGER>(column.buffer)});
+    case Form::Integer: return Value(std::int16_t{As<SQLSMALLINT>(column.buffer)});
+    case Form::Byte: return Value(std::uint8_t{As<SQLCHAR>(column.buffer)});
+    case Form::Boolean: return Value(As<SQLCHAR>(column.buffer) != 0);
+    case Form::Double: return Value(As<double>(column.buffer));
+    case Form::Single: return Value(As<float>(column.buffer));
+    case Form::Currency: return Value(CurrencyOf(text));
+    case Form::Date: return Value(DateOf(As<SQL_TIMESTAMP_STRUCT>(column.buffer)));
+    case Form::Digits: return Value(DecimalValue{WithoutTrailingZeros(std::move(text))});
+    case Form::Guid: return Value("{" + text + "}");
+    case Form::Binary: return Value("0x" + text);
+    case Form::Text: break;
+    }
+    return Value(std::move(text));
+}
+
+std::vector<Value> Columns::Row() {
+    std::vector<Value> values;
+    values.reserve(m_columns.size());
+    for (std::size_t index = 0; index < m_columns.size(); ++index)
+        values.push_back(ValueOf(m_columns[index], static_cast<SQLUSMALLINT>(index + 1)));
+    return values;
+}
+
+} // namespace quillon::adapters

@@ -1,0 +1,94 @@
+#include "adapters/odbc/Handles.h"
+
+#include <array>
+#include <string_view>
+
+#include "platform/Failure.h"
+#include "platform/FailureNumbers.h"
+
+namespace quillon::adapters {
+namespace {
+
+// The installed parts' prefixes, and what users of the system's own driver read there.
+constexpr std::pair<std::string_view, std::string_view> Prefixes[] = {
+    {"[FreeTDS][SQL Server]", "[Microsoft][ODBC SQL Server Driver][SQL Server]"},
+    {"[unixODBC][FreeTDS][SQL Server]", "[Microsoft][ODBC SQL Server Driver][SQL Server]"},
+    {"[unixODBC][Driver Manager]", "[Microsoft][ODBC Driver Manager] "},
+    {"[unixODBC]", "[Microsoft][ODBC SQL Server Driver]"},
+};
+
+std::string WithKnownPrefix(std::string_view text) {
+    for (const auto& [installed, known] : Prefixes)
+        if (text.starts_with(installed))
+            return std::string(known) + std::string(text.substr(installed.size()));
+    return std::string(text);
+}
+
+// SQLSTATEs that mean a number of their own; everything else is the server refusing a statement.
+std::int32_t NumberOf(const data::Error& error) {
+    static constexpr std::pair<std::string_view, std::int32_t> states[] = {
+        {"08S01", numbers::LinkBroken},     {"08003", numbers::LinkBroken},
+        {"08007", numbers::LinkBroken},     {"01002", numbers::LinkBroken},
+        {"28000", numbers::LoginFailed},    {"HYT00", numbers::CommandTimeout},
+        {"HYT01", numbers::CommandTimeout}, {"08001", numbers::Unspecified},
+        {"IM002", numbers::Unspecified},
+    };
+    for (const auto& [state, number] : states)
+        if (error.SqlState == state)
+            return number;
+    return numbers::DataAccess;
+}
+
+// Warnings come before the error they accompany.
+const data::Error* FirstError(const std::vector<data::Error>& errors) {
+    for (const auto& error : errors)
+        if (!error.SqlState.starts_with("01"))
+            return &error;
+    return errors.empty() ? nullptr : &errors.front();
+}
+
+} // namespace
+
+Handle::Handle(SQLSMALLINT type, SQLHANDLE parent)
+    : m_type(type) {
+    if (!SQL_SUCCEEDED(SQLAllocHandle(type, parent, &m_handle)))
+        throw Failure(numbers::OutOfMemory);
+}
+
+Handle::~Handle() {
+    SQLFreeHandle(m_type, m_handle);
+}
+
+SQLHANDLE TheEnvironment() {
+    static const Handle environment(SQL_HANDLE_ENV, SQL_NULL_HANDLE);
+    static const bool isOdbc3 = SQL_SUCCEEDED(SQLSetEnvAttr(environment.get(), SQL_ATTR_ODBC_VERSION,
+                                                            reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0));
+    if (!isOdbc3)
+        throw Failure(numbers::CannotCreateObject);
+    return environment.get();
+}
+
+std::vector<data::Error> Diagnostics(const Handle& handle) {
+    std::vector<data::Error> errors;
+    std::array<SQLCHAR, 8192> text;
+    std::array<SQLCHAR, 6> state;
+    for (SQLSMALLINT record = 1;; ++record) {
+        SQLINTEGER native = 0;
+        SQLSMALLINT length = 0;
+        const auto result = SQLGetDiagRec(handle.type(), handle.get(), record, state.data(), &native,
+                                          text.data(), static_cast<SQLSMALLINT>(text.size()), &length);
+        if (!SQL_SUCCEEDED(result))
+            return errors;
+        errors.push_back({native, WithKnownPrefix(reinterpret_cast<const char*>(text.data())),
+                          reinterpret_cast<const char*>(state.data())});
+    }
+}
+
+void RaiseDiagnostics(const std::vector<data::Error>& errors) {
+    const data::Error* error = FirstError(errors);
+    if (error == nullptr)
+        throw Failure(numbers::Unspecified);
+    throw Failure(NumberOf(*error), error->Description, "Microsoft OLE DB Provider for ODBC Drivers");
+}
+
+} // namespace quillon::adapters

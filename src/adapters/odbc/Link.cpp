@@ -1,0 +1,54 @@
+#include "adapters/odbc/Link.h"
+
+#include <array>
+
+#include "adapters/odbc/ResultStream.h"
+
+namespace quillon::adapters {
+
+Link::Link(const std::string& driverText, int loginTimeout, std::shared_ptr<std::vector<data::Error>> errors)
+    : m_handle(SQL_HANDLE_DBC, TheEnvironment())
+    , m_errors(std::move(errors)) {
+    SQLSetConnectAttr(m_handle.get(), SQL_ATTR_LOGIN_TIMEOUT,
+                      reinterpret_cast<SQLPOINTER>(static_cast<std::intptr_t>(loginTimeout)), 0);
+    std::string text = driverText;
+    const auto result =
+        SQLDriverConnect(m_handle.get(), nullptr, reinterpret_cast<SQLCHAR*>(text.data()),
+                         static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+    m_errors->clear();
+    Collect(m_handle);
+    if (!SQL_SUCCEEDED(result))
+        RaiseDiagnostics(*m_errors);
+}
+
+Link::~Link() {
+    SQLDisconnect(m_handle.get());
+}
+
+std::string Link::Database() const {
+    std::array<SQLCHAR, 1024> name{};
+    SQLINTEGER length = 0;
+    if (!SQL_SUCCEEDED(SQLGetConnectAttr(m_handle.get(), SQL_ATTR_CURRENT_CATALOG, name.data(),
+                                         static_cast<SQLINTEGER>(name.size()), &length)))
+        RaiseDiagnostics(Diagnostics(m_handle));
+    return reinterpret_cast<const char*>(name.data());
+}
+
+void Link::Collect(const Handle& handle) {
+    auto left = Diagnostics(handle);
+    if (!left.empty())
+        *m_errors = std::move(left);
+}
+
+void Link::Begin(ResultStream& stream) {
+    if (m_active != nullptr && m_active != &stream)
+        m_active->BringIn();
+    m_active = &stream;
+}
+
+void Link::End(const ResultStream& stream) noexcept {
+    if (m_active == &stream)
+        m_active = nullptr;
+}
+
+} // namespace quillon::adapters

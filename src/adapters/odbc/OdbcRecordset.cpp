@@ -1,0 +1,146 @@
+#include "adapters/odbc/OdbcRecordset.h"
+
+#include <strings.h>
+
+#include "adapters/odbc/OdbcConnection.h"
+#include "platform/FailureNumbers.h"
+
+namespace quillon::adapters {
+namespace {
+
+constexpr int CommandTimeout = 30; // seconds, the data access library's default
+
+} // namespace
+
+OdbcRecordset::OdbcRecordset(std::shared_ptr<ResultStream> stream)
+    : m_stream(std::move(stream)) {
+    Start(false);
+}
+
+void OdbcRecordset::SetCursorLocation(data::CursorLocation location) {
+    m_location = location;
+}
+
+void OdbcRecordset::Open(const std::string& source, const data::ConnectionRef& connection,
+                         data::CursorType cursor, data::LockType /*lock*/, data::CommandType type) {
+    if (m_open)
+        throw Failure(numbers::ObjectOpen);
+    auto* odbc = dynamic_cast<OdbcConnection*>(connection.get());
+    if (odbc == nullptr)
+        throw Failure(numbers::ObjectNotSet);
+    m_stream = std::make_shared<ResultStream>(odbc->link());
+    const bool isProcedure = type == data::CommandType::StoredProcedure;
+    m_stream->Execute(isProcedure ? "{call " + source + "}" : source, CommandTimeout);
+    // Messages ahead of the rows are no result of a query; they stand among the connection's errors.
+    while (m_stream->IsMessage() && m_stream->MoreResults())
+        ;
+    Start(cursor != data::CursorType::ForwardOnly || m_location == data::CursorLocation::Client);
+}
+
+void OdbcRecordset::Start(bool keepsRows) {
+    m_open = m_stream->HasRows();
+    m_names = m_stream->Names();
+    m_keepsRows = keepsRows;
+    m_rows.clear();
+    m_position = 0;
+    m_bof = m_eof = true;
+    if (!m_open)
+        return;
+    ReadRow();
+    m_bof = m_eof;
+}
+
+void OdbcRecordset::ReadRow() {
+    m_eof = !m_stream->Fetch(m_row);
+    if (m_keepsRows && !m_eof)
+        m_rows.push_back(m_row);
+}
+
+void OdbcRecordset::RequireOpen() const {
+    if (!m_open)
+        throw Failure(numbers::ObjectClosed);
+}
+
+void OdbcRecordset::Close() {
+    RequireOpen();
+    m_open = false;
+    m_stream.reset();
+    m_rows.clear();
+}
+
+data::ObjectState OdbcRecordset::State() const {
+    return m_open ? data::ObjectState::Open : data::ObjectState::Closed;
+}
+
+bool OdbcRecordset::Bof() const {
+    RequireOpen();
+    return m_bof;
+}
+
+bool OdbcRecordset::Eof() const {
+    RequireOpen();
+    return m_eof;
+}
+
+void OdbcRecordset::MoveFirst() {
+    RequireOpen();
+    if (!m_keepsRows)
+        throw Failure(numbers::DataAccess, "Rowset does not support fetching backward.");
+    if (m_rows.empty())
+        throw Failure(numbers::NoCurrentRecord);
+    m_position = 0;
+    m_row = m_rows.front();
+    m_eof = false;
+}
+
+void OdbcRecordset::MoveNext() {
+    RequireOpen();
+    if (m_eof)
+        throw Failure(numbers::NoCurrentRecord);
+    if (!m_keepsRows) {
+        ReadRow();
+        return;
+    }
+    if (++m_position < m_rows.size())
+        m_row = m_rows[m_position];
+    else
+        ReadRow();
+}
+
+std::size_t OdbcRecordset::FieldCount() const {
+    return m_names.size();
+}
+
+data::Field OdbcRecordset::FieldAt(std::size_t index) const {
+    if (index >= m_names.size())
+        throw Failure(numbers::ItemNotFound);
+    // Names can be had without a row, values cannot.
+    return {m_names[index], m_open && !m_eof ? m_row[index] : Value()};
+}
+
+data::Field OdbcRecordset::FieldNamed(const std::string& name) const {
+    for (std::size_t index = 0; index < m_names.size(); ++index)
+        if (strcasecmp(m_names[index].c_str(), name.c_str()) == 0)
+            return FieldAt(index);
+    throw Failure(numbers::ItemNotFound);
+}
+
+std::vector<std::vector<Value>> OdbcRecordset::GetRows() {
+    RequireOpen();
+    if (m_eof)
+        throw Failure(numbers::NoCurrentRecord);
+    std::vector<std::vector<Value>> rows;
+    for (; !m_eof; MoveNext())
+        rows.push_back(m_row);
+    return rows;
+}
+
+// The stream goes on; this recordset is used up only when it has, so that a failed call can be repeated.
+data::RecordsetRef OdbcRecordset::NextRecordset() {
+    if (!m_stream || !m_stream->MoreResults())
+        return nullptr;
+    m_open = false;
+    return std::make_shared<OdbcRecordset>(m_stream);
+}
+
+} // namespace quillon::adapters
