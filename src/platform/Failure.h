@@ -7,7 +7,6 @@
 
 #include <cstdint>
 #include <exception>
-#include <source_location>
 #include <string>
 
 namespace quillon {
@@ -15,8 +14,9 @@ namespace quillon {
 class Failure : public std::exception {
   public:
     // `number` as FailureNumbers.h gives it; an empty `description` takes the table's text for that number.
+    // `line` is filled by the compiler: where the failure is made.
     explicit Failure(std::int32_t number, std::string description = {}, std::string source = {},
-                     std::source_location where = std::source_location::current());
+                     std::int32_t line = __builtin_LINE());
 
     std::int32_t number() const noexcept { return m_number; }
     const std::string& description() const noexcept { return m_description; }

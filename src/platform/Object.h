@@ -73,20 +73,6 @@ class Object {
     std::uint32_t m_references = 0;
 };
 
-inline ObjectRef::ObjectRef(Object* object) noexcept
-    : m_object(object) {
-    if (m_object != nullptr)
-        ++m_object->m_references;
-}
-
-inline ObjectRef::ObjectRef(const ObjectRef& other) noexcept
-    : ObjectRef(other.m_object) {}
-
-inline ObjectRef::~ObjectRef() {
-    if (m_object != nullptr && --m_object->m_references == 0)
-        m_object->Release();
-}
-
 template <class T, class... Arguments>
 ObjectRef MakeObject(Arguments&&... arguments) {
     return ObjectRef(new T(std::forward<Arguments>(arguments)...));
