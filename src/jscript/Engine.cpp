@@ -43,17 +43,18 @@ duk_ret_t RunStep(duk_context* context, void* data) {
 
 } // namespace
 
+// An eighth above the limit is for the errors, and for what the host does after them.
 bool Engine::HasRoomFor(std::size_t bytes) noexcept {
-    const bool room = m_memoryUsed <= m_memoryLimit && bytes <= m_memoryLimit - m_memoryUsed;
-    m_memoryShort = m_memoryShort || !room;
-    return room;
+    m_memoryShort = m_memoryShort || m_memoryUsed + bytes > m_memoryLimit;
+    const std::size_t most = m_memoryLimit + m_memoryLimit / 8;
+    return m_memoryUsed <= most && bytes <= most - m_memoryUsed;
 }
 
-// Duktape answers a refused allocation by collecting garbage and asking again. With little left to collect, a
-// script would spend its time on nothing else, so it fails as soon as that begins.
+// A script that keeps nearly all it may have would spend its time on collecting the rest, so it fails.
 void Engine::EndOrGoOn(duk_context* context) {
     if (m_stop)
         Throw(context, StoppedNumber, "Script was stopped");
+    duk_gc(context, 0);
     m_memoryShort = false;
     if (m_memoryUsed > m_memoryLimit / 8 * 7)
         Throw(context, numbers::OutOfMemory);

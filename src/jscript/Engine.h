@@ -145,7 +145,7 @@ class Engine {
     duk_context* m_context = nullptr;
     std::shared_ptr<EngineLink> m_link;
     std::atomic<bool> m_stop = false;
-    bool m_memoryShort = false; // an allocation was refused
+    bool m_memoryShort = false; // the limit was crossed
     int m_depth = 0;
 
     std::deque<Frame> m_frames; // a frame stays in place while others come and go behind it

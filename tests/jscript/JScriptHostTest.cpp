@@ -221,7 +221,7 @@ TEST_F(JScriptHostTest, FailuresHaveTheNumbersThatUsersKnow) {
         {"throw new Error('own')", 5},
         {"function f() { f(); } f()", numbers::OutOfStackSpace},
         {"var s = 'x'; for (;;) s += s;", numbers::OutOfMemory},
-        {"var a = [], s = new Array(1000).join('x'); for (;;) a.push(s + a.length);", numbers::OutOfMemory},
+        {"var a = []; for (;;) a.push({});", numbers::OutOfMemory},
         {"new RegExp('[')", 5019},
         {"new RegExp('(')", 5020},
         {"new ActiveXObject('Scripting.FileSystemObject')", numbers::CannotCreateObject},
