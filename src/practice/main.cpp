@@ -81,7 +81,10 @@ void Run(const Options& options) {
     DataFolder folder = OpenFolder(options);
     Accounts accounts(folder.Path() / "logins");
     SettleAdministrator(accounts, options, folder.Path());
-    std::unique_ptr<SqlServer> server = OpenSqlServer({folder.Path(), options.sample, &accounts});
+    std::unique_ptr<SqlServer> server = OpenSqlServer({.dataFolder = folder.Path(),
+                                                       .ephemeral = options.ephemeral,
+                                                       .createSample = options.sample,
+                                                       .accounts = &accounts});
 
     asio::io_context context;
     asio::signal_set signals(context, SIGTERM, SIGINT);

@@ -127,6 +127,7 @@ class SqlServer {
 
 struct ServerOptions {
     std::filesystem::path dataFolder; // exists, writable
+    bool ephemeral = false;           // nothing need outlive the server: no waiting for the disk
     bool createSample = false;        // make the sample database where it is missing
     Accounts* accounts = nullptr;     // outlives the server
 };
