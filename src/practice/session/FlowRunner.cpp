@@ -1,0 +1,165 @@
+#include "practice/session/FlowRunner.h"
+
+#include "practice/session/RunStatement.h"
+#include "practice/session/SessionFunctions.h"
+#include "practice/session/SessionState.h"
+#include "practice/session/Transactions.h"
+#include "practice/tsql/Parser.h"
+
+namespace quillon::practice {
+
+namespace {
+
+ErrorOrigin OriginOf(const SqlError& error) {
+    if (const auto* passed = dynamic_cast<const PassedError*>(&error))
+        return passed->origin;
+    if (const auto* raised = dynamic_cast<const RaisedError*>(&error))
+        return raised->origin;
+    return ErrorOrigin::Statement;
+}
+
+bool ChangesRows(tsql::StatementKind kind) {
+    return kind == tsql::StatementKind::Insert || kind == tsql::StatementKind::Update ||
+           kind == tsql::StatementKind::Delete || kind == tsql::StatementKind::Merge;
+}
+
+bool InTrigger(const SessionState& session) {
+    return std::any_of(session.frames.begin(), session.frames.end(),
+                       [](const auto& frame) { return frame->kind == FrameKind::Trigger; });
+}
+
+/// SQLite's own no: nothing of ours has a number for it.
+SqlError StorageError(const StoreFailure& failure) {
+    return SqlError::Custom(49998, 16, 1,
+                            std::string("The storage of the practice server failed: ") + failure.what());
+}
+
+} // namespace
+
+void AbortBatch(SessionState& session, bool rollback) {
+    if (rollback && session.store.TransactionCount() > 0)
+        RollbackTransaction(session, {});
+    throw BatchAborted();
+}
+
+void FlowRunner::Run(const FlowProgram& program) {
+    const std::vector<FlowStep>& steps = program.Steps();
+    for (std::size_t at = 0; at < steps.size() && !m_session.Top().finished;) {
+        const FlowStep& step = steps[at];
+        m_session.CheckInterrupt();
+        LeaveCatches(step.catches);
+        Frame& frame = m_session.Top();
+        frame.guarded = step.handler != FlowStep::none;
+        frame.line = step.statement->position.line;
+        if (frame.kind != FrameKind::Function)
+            m_session.now = PresentMoment();
+        try {
+            at = RunStep(step, at);
+        } catch (const SqlError& error) {
+            at = HandleFailure(step, error);
+        } catch (const StoreFailure& failure) {
+            at = HandleFailure(step, StorageError(failure));
+        }
+    }
+    m_session.Top().guarded = false;
+    LeaveCatches(0);
+}
+
+std::size_t FlowRunner::RunStep(const FlowStep& step, std::size_t index) {
+    switch (step.kind) {
+    case FlowStep::Kind::Run: RunStatement(m_session, *step.statement); return index + 1;
+    case FlowStep::Kind::Jump: return step.target;
+    case FlowStep::Kind::LeaveCatch: LeaveCatches(step.catches - 1); return index + 1;
+    case FlowStep::Kind::JumpUnless: break;
+    }
+    const bool holds = m_session.Statements().IsTrue(*step.condition);
+    m_session.error = 0;
+    m_session.rowCount = 0;
+    return holds ? index + 1 : step.target;
+}
+
+void FlowRunner::LeaveCatches(std::size_t depth) {
+    auto& caught = m_session.Top().caught;
+    while (caught.size() > depth)
+        caught.pop_back();
+}
+
+void FlowRunner::Locate(SqlError& error) const {
+    const Frame& frame = m_session.Top();
+    if (error.line == 0)
+        error.line = frame.line;
+    if (error.procedure.empty())
+        error.procedure = frame.name;
+}
+
+std::size_t FlowRunner::HandleFailure(const FlowStep& step, const SqlError& failure) {
+    const ErrorOrigin origin = OriginOf(failure);
+    const bool passed = dynamic_cast<const PassedError*>(&failure) != nullptr;
+    SqlError error = failure;
+    Locate(error);
+    m_session.error = error.number;
+    const bool fatal = error.severity >= 20;
+    const bool uncatchableHere = !passed && IsBindingError(error.number) && origin == ErrorOrigin::Statement;
+    if (step.handler != FlowStep::none && !fatal && !uncatchableHere)
+        return Catch(step, error, origin);
+    const Frame& frame = m_session.Top();
+    if ((frame.guardedOutside || frame.kind == FrameKind::Function) && !fatal)
+        throw PassedError(error, origin);
+    TellAndEnd(&step, error, origin);
+    if (const auto* several = dynamic_cast<const tsql::SyntaxErrors*>(&failure)) {
+        for (SqlError other : several->Others()) {
+            Locate(other);
+            m_session.Tell(other);
+        }
+    }
+    return step.resume;
+}
+
+std::size_t FlowRunner::Catch(const FlowStep& step, const SqlError& error, ErrorOrigin origin) {
+    const bool dooms =
+        EffectOf(error.number, error.severity) == ErrorEffect::Batch || m_session.options.xactAbort;
+    if (dooms && origin != ErrorOrigin::RaiseError)
+        m_session.store.Doom();
+    if (m_session.sink.ResultOpen()) // rows that were sent before the error end here
+        m_session.Finish(StatementKind::Select, std::nullopt, true);
+    CaughtError caught;
+    caught.number = error.number;
+    caught.severity = error.severity;
+    caught.state = error.state;
+    caught.line = error.line;
+    caught.procedure = error.procedure;
+    caught.text = error.text;
+    LeaveCatches(step.catches);
+    m_session.Top().caught.push_back(std::move(caught));
+    return step.handler;
+}
+
+void FlowRunner::TellAndEnd(const FlowStep* step, const SqlError& error, ErrorOrigin origin) {
+    m_session.Tell(error);
+    const ErrorEffect effect =
+        origin == ErrorOrigin::Statement ? EffectOf(error.number, error.severity) : ErrorEffect::Statement;
+    if (error.severity >= 20)
+        throw ConnectionEnded();
+    const bool changed = step != nullptr && ChangesRows(step->statement->kind);
+    if (changed && effect == ErrorEffect::Statement && origin == ErrorOrigin::Statement)
+        m_session.Inform(3621, MessageText(3621));
+    m_session.Finish(StatementKind::Other, std::nullopt, true);
+    const bool aborts = m_session.options.xactAbort && origin != ErrorOrigin::RaiseError;
+    if (origin == ErrorOrigin::Throw)
+        AbortBatch(m_session, aborts);
+    if (effect == ErrorEffect::Batch || (aborts && effect == ErrorEffect::Statement) ||
+        (effect == ErrorEffect::Scope && InTrigger(m_session)))
+        AbortBatch(m_session, true);
+    if (effect == ErrorEffect::Scope)
+        m_session.Top().finished = true;
+    m_session.error = error.number;
+}
+
+void FlowRunner::Handle(const SqlError& failure) {
+    SqlError error = failure;
+    Locate(error);
+    m_session.error = error.number;
+    TellAndEnd(nullptr, error, OriginOf(failure));
+}
+
+} // namespace quillon::practice

@@ -1,0 +1,39 @@
+// FlowRunner: runs the steps of a program in the top frame and decides, for every error, what the
+// documentation says it does: caught by a TRY block here or further out, told and passed over, or the end of
+// scope, batch or connection.
+#pragma once
+
+#include "practice/session/Ends.h"
+#include "practice/session/FlowProgram.h"
+
+namespace quillon::practice {
+
+struct SessionState;
+
+class FlowRunner {
+  public:
+    explicit FlowRunner(SessionState& session)
+        : m_session(session) {}
+
+    /// Throws PassedError towards an outer frame, BatchAborted, ConnectionEnded, Interrupted, ClientGone.
+    void Run(const FlowProgram& program);
+
+    /// What an error does where no step of a program failed (the arguments of a remote call): told, and the
+    /// batch ended where it must. Throws as Run does.
+    void Handle(const SqlError& error);
+
+  private:
+    std::size_t RunStep(const FlowStep& step, std::size_t index);
+    std::size_t HandleFailure(const FlowStep& step, const SqlError& error);
+    void Locate(SqlError& error) const;
+    std::size_t Catch(const FlowStep& step, const SqlError& error, ErrorOrigin origin);
+    void TellAndEnd(const FlowStep* step, const SqlError& error, ErrorOrigin origin);
+    void LeaveCatches(std::size_t depth);
+
+    SessionState& m_session;
+};
+
+/// Ends the batch; with `rollback` whatever transaction is open is undone first.
+[[noreturn]] void AbortBatch(SessionState& session, bool rollback);
+
+} // namespace quillon::practice

@@ -1,0 +1,94 @@
+#include "practice/session/Messages.h"
+
+#include "practice/session/Ends.h"
+#include "practice/session/SessionState.h"
+
+namespace quillon::practice {
+
+namespace {
+
+constexpr int kLongestUnicode = 4000;
+constexpr int kLongestText = 8000;
+constexpr int kFirstUserNumber = 50000;
+constexpr int kFirstRaisable = 13000;
+constexpr int kLastNumber = 2147483647;
+
+int IntegerOf(SessionState& session, const tsql::Expression& expression) {
+    const Datum value = session.Statements().Evaluate(expression, SimpleType(TypeId::Int));
+    return value.IsNull() ? 0 : static_cast<int>(value.Integer());
+}
+
+/// A number raises a message of the table; this server's table holds the system's own.
+SqlError NumberedError(int number, int severity, int state, std::span<const Datum> arguments) {
+    if (number < kFirstRaisable || number == kFirstUserNumber)
+        throw SqlError(2732,
+                       {std::to_string(number), std::to_string(kFirstRaisable), std::to_string(kLastNumber)});
+    const MessageRow* row = number < kFirstUserNumber ? FindMessage(number) : nullptr;
+    if (row == nullptr)
+        throw SqlError(18054, {std::to_string(number), std::to_string(severity), std::to_string(state)});
+    return SqlError::Custom(number, severity, state, FormatMessage(row->text, arguments));
+}
+
+SqlError ErrorOf(SessionState& session, const tsql::RaiseErrorStatement& statement, int severity, int state) {
+    std::vector<Datum> arguments;
+    for (const tsql::ExpressionPtr& argument : statement.arguments)
+        arguments.push_back(session.Statements().Evaluate(*argument));
+    const Datum message = session.Statements().Evaluate(*statement.message);
+    if (message.Type().IsInteger() && !message.IsNull())
+        return NumberedError(static_cast<int>(message.Integer()), severity, state, arguments);
+    const std::string format = message.IsNull() ? std::string() : ToText(message);
+    return SqlError::Custom(kFirstUserNumber, severity, state, FormatMessage(format, arguments));
+}
+
+/// THROW alone: the error that the CATCH block holds, as it was.
+[[noreturn]] void Rethrow(SessionState& session) {
+    const auto& caught = session.Top().caught;
+    if (caught.empty())
+        throw SqlError(10704);
+    const CaughtError& held = caught.back();
+    SqlError error = SqlError::Custom(held.number, held.severity, held.state, held.text);
+    error.line = held.line;
+    error.procedure = held.procedure;
+    throw RaisedError(std::move(error), ErrorOrigin::Throw);
+}
+
+} // namespace
+
+void RunPrint(SessionState& session, const tsql::PrintStatement& statement) {
+    const Datum value = session.Statements().Evaluate(*statement.value);
+    std::string text = value.IsNull() ? std::string(" ") : ToText(value);
+    const int longest = value.Type().IsUnicode() ? kLongestUnicode : kLongestText;
+    text.resize(FirstCharacters(text, longest).size());
+    session.Inform(0, std::move(text));
+}
+
+void RunRaiseError(SessionState& session, const tsql::RaiseErrorStatement& statement) {
+    const int severity = std::max(IntegerOf(session, *statement.severity), 0);
+    if (severity > 18 && (!statement.log || !session.IsAdministrator()))
+        throw SqlError(2754, {"18"});
+    const int given = IntegerOf(session, *statement.state);
+    SqlError error =
+        ErrorOf(session, statement, std::min(severity, 25), given < 0 ? 1 : std::min(given, 255));
+    error.line = session.Top().line;
+    error.procedure = session.Top().name;
+    if (severity > 10)
+        throw RaisedError(std::move(error), ErrorOrigin::RaiseError);
+    session.Tell(error);
+    session.error = statement.setError ? error.number : 0;
+}
+
+void RunThrow(SessionState& session, const tsql::ThrowStatement& statement) {
+    if (!statement.number)
+        Rethrow(session);
+    const int number = IntegerOf(session, *statement.number);
+    if (number < kFirstUserNumber)
+        throw SqlError(35100, {std::to_string(number)});
+    const Datum message = session.Statements().Evaluate(*statement.message);
+    const int state = IntegerOf(session, *statement.state);
+    std::string text = message.IsNull() ? std::string() : ToText(message);
+    text.resize(FirstCharacters(text, 2048).size());
+    SqlError error = SqlError::Custom(number, 16, std::clamp(state, 0, 255), std::move(text));
+    throw RaisedError(std::move(error), ErrorOrigin::Throw);
+}
+
+} // namespace quillon::practice

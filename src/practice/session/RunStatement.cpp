@@ -1,0 +1,130 @@
+#include "practice/session/RunStatement.h"
+
+#include "practice/session/Calls.h"
+#include "practice/session/CursorStatements.h"
+#include "practice/session/Impersonating.h"
+#include "practice/session/Messages.h"
+#include "practice/session/Services.h"
+#include "practice/session/SessionState.h"
+#include "practice/session/SetOptions.h"
+#include "practice/session/Transactions.h"
+#include "practice/session/Variables.h"
+#include "practice/values/SqlError.h"
+
+namespace quillon::practice {
+
+namespace {
+
+using tsql::As;
+
+/// Statements that begin a transaction by themselves under SET IMPLICIT_TRANSACTIONS ON.
+bool BeginsImplicitly(tsql::StatementKind kind) {
+    switch (kind) {
+    case tsql::StatementKind::Select:
+    case tsql::StatementKind::Insert:
+    case tsql::StatementKind::Update:
+    case tsql::StatementKind::Delete:
+    case tsql::StatementKind::Merge:
+    case tsql::StatementKind::Truncate:
+    case tsql::StatementKind::CreateTable:
+    case tsql::StatementKind::AlterTable:
+    case tsql::StatementKind::Drop: return true;
+    default: return false;
+    }
+}
+
+void RunData(SessionState& session, const tsql::Statement& statement) {
+    if (session.options.implicitTransactions && session.store.TransactionCount() == 0 &&
+        BeginsImplicitly(statement.kind))
+        BeginTransaction(session, {});
+    const StatementOutcome outcome = session.Statements().Execute(statement);
+    if (!outcome.keepsRowCount)
+        session.rowCount = static_cast<std::int64_t>(outcome.count.value_or(0));
+    // A SELECT that only filled variables has a count but no result to end.
+    const bool silent = outcome.kind == StatementKind::Select && !session.sink.ResultOpen();
+    const bool counted = outcome.count && !session.options.noCount && !silent;
+    if (counted || session.sink.ResultOpen())
+        session.Finish(outcome.kind, counted ? outcome.count : std::nullopt);
+}
+
+void RunReturn(SessionState& session, const tsql::ReturnStatement& statement) {
+    Frame& frame = session.Top();
+    if (statement.value && frame.kind == FrameKind::Procedure) {
+        frame.returned = session.Statements().Evaluate(*statement.value, SimpleType(TypeId::Int));
+        if (frame.returned->IsNull())
+            session.Inform(282, MessageText(282, {frame.name}), 0);
+    } else if (statement.value) {
+        frame.returned = session.Statements().Evaluate(*statement.value);
+    }
+    frame.finished = true;
+}
+
+/// Whether it is one of the statements that keep @@ERROR and @@ROWCOUNT as they are, having run.
+bool KeepsCounters(tsql::StatementKind kind) {
+    return kind == tsql::StatementKind::DeclareVariables || kind == tsql::StatementKind::DeclareTable ||
+           kind == tsql::StatementKind::ExecuteProcedure || kind == tsql::StatementKind::ExecuteText ||
+           kind == tsql::StatementKind::Return;
+}
+
+void RunOwn(SessionState& session, const tsql::Statement& statement) {
+    using tsql::StatementKind;
+    switch (statement.kind) {
+    case StatementKind::DeclareVariables:
+        return RunDeclare(session, As<tsql::DeclareVariablesStatement>(statement));
+    case StatementKind::DeclareTable:
+        return RunDeclareTable(session, As<tsql::DeclareTableStatement>(statement));
+    case StatementKind::SetVariable:
+        return RunSetVariable(session, As<tsql::SetVariableStatement>(statement));
+    case StatementKind::SetOption: return RunSetOption(session, As<tsql::SetOptionStatement>(statement));
+    case StatementKind::Print: return RunPrint(session, As<tsql::PrintStatement>(statement));
+    case StatementKind::RaiseError: return RunRaiseError(session, As<tsql::RaiseErrorStatement>(statement));
+    case StatementKind::Throw: return RunThrow(session, As<tsql::ThrowStatement>(statement));
+    case StatementKind::Return: return RunReturn(session, As<tsql::ReturnStatement>(statement));
+    case StatementKind::BeginTransaction:
+    case StatementKind::CommitTransaction:
+    case StatementKind::RollbackTransaction:
+    case StatementKind::SaveTransaction:
+        return RunTransaction(session, As<tsql::TransactionStatement>(statement));
+    case StatementKind::ExecuteProcedure:
+    case StatementKind::ExecuteText: return RunExecute(session, As<tsql::ExecuteStatement>(statement));
+    case StatementKind::ExecuteAs: return RunExecuteAs(session, As<tsql::ExecuteAsStatement>(statement));
+    case StatementKind::Revert: return RunRevert(session);
+    case StatementKind::DeclareCursor:
+        return RunDeclareCursor(session, As<tsql::DeclareCursorStatement>(statement));
+    case StatementKind::SetCursorVariable:
+        return RunSetCursor(session, As<tsql::SetCursorVariableStatement>(statement));
+    case StatementKind::OpenCursor:
+    case StatementKind::CloseCursor:
+    case StatementKind::DeallocateCursor: return RunCursor(session, As<tsql::CursorStatement>(statement));
+    case StatementKind::FetchCursor: return RunFetch(session, As<tsql::FetchCursorStatement>(statement));
+    default: return RunService(session, statement);
+    }
+}
+
+/// @@ROWCOUNT is 1 after an assignment and a FETCH, 0 after most others.
+bool SetsRowCount(tsql::StatementKind kind) {
+    return kind == tsql::StatementKind::SetVariable || kind == tsql::StatementKind::FetchCursor;
+}
+
+} // namespace
+
+void RunStatement(SessionState& session, const tsql::Statement& statement) {
+    if (session.noExecute && statement.kind != tsql::StatementKind::SetOption)
+        return;
+    if (Executor::Handles(statement.kind)) {
+        RunData(session, statement);
+        session.error = 0;
+        return;
+    }
+    const bool raises =
+        statement.kind == tsql::StatementKind::RaiseError; // WITH SETERROR sets @@ERROR itself
+    RunOwn(session, statement);
+    if (KeepsCounters(statement.kind))
+        return;
+    if (!SetsRowCount(statement.kind))
+        session.rowCount = 0;
+    if (!raises)
+        session.error = 0;
+}
+
+} // namespace quillon::practice

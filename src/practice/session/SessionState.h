@@ -1,0 +1,104 @@
+// SessionState: what one session knows: who it is, what it has set, where it stands. The parts of the session
+// (the flow of control, calls, cursors, messages ...) are functions and small classes over it; it decides
+// nothing itself.
+#pragma once
+
+#include "practice/catalogue/CatalogueViews.h"
+#include "practice/session/Accounts.h"
+#include "practice/session/Frame.h"
+#include "practice/session/SessionSink.h"
+#include "practice/session/SqlSession.h"
+#include "practice/statements/Executor.h"
+
+#include <condition_variable>
+#include <random>
+
+namespace quillon::practice {
+
+class FlowProgram;
+
+/// What the sessions of a server share; outlives them.
+struct ServerParts {
+    Store& store;
+    Accounts& accounts;
+    std::string name; // @@SERVERNAME
+    CatalogueSources sources;
+};
+
+/// A text that was parsed once and may be run again.
+struct KeptText {
+    std::shared_ptr<const tsql::Batch> tree;
+    std::shared_ptr<const FlowProgram> program; // dies before the tree
+    std::shared_ptr<const std::vector<tsql::Parameter>> parameters;
+    std::string parameterSource;
+};
+
+struct SessionState {
+    SessionState(ServerParts& server, LoginFacts login);
+    ~SessionState();
+    SessionState(const SessionState&) = delete;
+    SessionState& operator=(const SessionState&) = delete;
+
+    ServerParts& server;
+    LoginFacts facts;
+    StoreSession store;
+    SessionSink sink;
+
+    // Set by statements
+    SessionOptions options;
+    DatabaseId database = masterDatabase;
+    std::string language = "us_english";
+    std::string isolation = "READ COMMITTED";
+    bool noExecute = false; // SET NOEXEC ON: statements are looked at and not run
+    std::string contextInfo;
+    std::map<std::string, std::pair<Datum, bool>> sessionContext; // by key; whether it is read only
+    std::vector<Impersonation> impersonations;
+
+    // Told by @@ names
+    int error = 0;
+    std::int64_t rowCount = 0;
+    Datum identity;
+    int fetchStatus = 0;
+    std::int64_t cursorRows = 0;
+    std::uint64_t announcedTransaction = 0; // of which the client knows; 0 for none
+
+    Moment now; // one instant for a whole statement, UTC
+    std::mt19937_64 chance;
+
+    std::vector<std::unique_ptr<Frame>> frames;
+    std::unordered_map<std::string, std::shared_ptr<Cursor>> globalCursors;
+    std::unordered_map<std::string, KeptText> keptTexts;
+
+    // For WAITFOR, which Cancel ends
+    std::mutex waitMutex;
+    std::condition_variable waitChanged;
+
+    Frame& Top() { return *frames.back(); }
+    Executor& Statements() { return *m_executor; }
+    FunctionContext& Functions() { return *m_functions; }
+    ExecutionContext& Context() { return *m_context; }
+
+    /// Throws Interrupted when the request has been cancelled.
+    void CheckInterrupt() const;
+    /// The current database's name.
+    std::string DatabaseName();
+    /// The login that counts now, and its user in the current database.
+    std::string LoginName() const;
+    std::string UserName();
+    PrincipalId UserId();
+    bool IsAdministrator() const;
+
+    /// A message of severity 10 or below, of the statement that runs.
+    void Inform(int number, std::string text, int severity = 0, int messageState = 1);
+    /// The error as the client sees it.
+    void Tell(const SqlError& error);
+    /// Ends a statement: Done in the scope in which it stands.
+    void Finish(StatementKind kind, std::optional<std::uint64_t> count, bool failed = false);
+
+  private:
+    std::unique_ptr<FunctionContext> m_functions;
+    std::unique_ptr<ExecutionContext> m_context;
+    std::unique_ptr<Executor> m_executor;
+};
+
+} // namespace quillon::practice
