@@ -32,8 +32,8 @@ bool Plan::Fits(Engine& engine, const PlanStamp& now) const {
             continue;
         const Variable* variable = engine.context.FindVariable(needed.name);
         if (variable == nullptr || variable->type.id != needed.type.id ||
-            variable->type.length != needed.type.length || variable->type.precision != needed.type.precision ||
-            variable->type.scale != needed.type.scale)
+            variable->type.length != needed.type.length ||
+            variable->type.precision != needed.type.precision || variable->type.scale != needed.type.scale)
             return false;
     }
     return true;

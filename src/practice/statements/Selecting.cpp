@@ -159,7 +159,8 @@ StatementOutcome RunSelect(Engine& engine, const tsql::SelectStatement& statemen
     return {StatementKind::Select, count};
 }
 
-std::unique_ptr<QueryReader> OpenReader(Engine& engine, const tsql::SelectStatement& statement, bool withRowIds) {
+std::unique_ptr<QueryReader> OpenReader(Engine& engine, const tsql::SelectStatement& statement,
+                                        bool withRowIds) {
     std::shared_ptr<const Table> base;
     std::unique_ptr<Plan> plan = MakePlan(engine, statement, withRowIds, &base);
     return std::make_unique<Reader>(engine, std::move(plan), base);

@@ -131,11 +131,13 @@ void StoreSession::OpenWrite() {
 
 void StoreSession::SaveCounters() {
     for (const ObjectId table : m_usedIdentities)
-        if (const auto last = m_store.Identities().Last(table))
+        if (const auto last = m_store.Identities().Last(table); last)
             Prepared(m_connection, "INSERT OR REPLACE INTO q_identity VALUES(?, ?)")
                 .Bind(1, table)
                 .Bind(2, *last)
                 .Run();
+        else
+            Prepared(m_connection, "DELETE FROM q_identity WHERE object_id = ?").Bind(1, table).Run();
     if (m_usedRowVersion)
         SaveSetting(m_connection, "rowversion", static_cast<std::int64_t>(m_store.LastRowVersion()));
 }

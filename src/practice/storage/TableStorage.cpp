@@ -21,11 +21,14 @@ std::string IndexSql(const Table& table, const std::string& name, bool unique, c
     return filter.empty() ? sql : sql + " WHERE " + filter;
 }
 
-std::string PlainKeys(const Index& index) {
+// The collation is written out: the column may have been altered since its storage was made.
+std::string PlainKeys(const Table& table, const Index& index) {
     std::string keys;
     for (const IndexKey& key : index.keys) {
+        const std::string collation = SqliteCollation(table.FindColumn(key.columnId)->type);
         keys += keys.empty() ? "" : ", ";
-        keys += ColumnStorage(key.columnId) + (key.descending ? " DESC" : "");
+        keys += ColumnStorage(key.columnId) + (collation.empty() ? "" : " COLLATE " + collation) +
+                (key.descending ? " DESC" : "");
     }
     return keys;
 }
@@ -88,7 +91,7 @@ void CreateIndexStorage(sqlite3* connection, const Table& table, const Index& in
                         const std::string& filter) {
     const bool guarded = index.unique && HasNullableKey(table, index);
     Prepared(connection, IndexSql(table, IndexName("i", table, index), index.unique && !guarded,
-                                  PlainKeys(index), filter))
+                                  PlainKeys(table, index), filter))
         .Run();
     if (guarded)
         Prepared(connection,

@@ -1,5 +1,5 @@
-#include "practice/statements/change/RowChange.h"
 #include "practice/statements/Engine.h"
+#include "practice/statements/change/RowChange.h"
 #include "practice/statements/translate/Translator.h"
 #include "practice/values/SqlError.h"
 
@@ -12,9 +12,10 @@ std::string Match(const std::string& left, const Table& leftTable, const std::ve
                   const std::string& right, const std::vector<int>& rightColumns) {
     std::string sql;
     for (std::size_t i = 0; i < leftColumns.size(); ++i)
-        sql += (i > 0 ? " AND " : "") +
-               Collated(left + "." + ColumnStorage(leftColumns[i]), leftTable.FindColumn(leftColumns[i])->type) +
-               " = " + right + "." + ColumnStorage(rightColumns[i]);
+        sql +=
+            (i > 0 ? " AND " : "") +
+            Collated(left + "." + ColumnStorage(leftColumns[i]), leftTable.FindColumn(leftColumns[i])->type) +
+            " = " + right + "." + ColumnStorage(rightColumns[i]);
     return sql;
 }
 
@@ -69,10 +70,12 @@ void ChangeRun::CheckParents(RowChange& change) {
             continue;
         TableWriter& writer = m_engine.Writer(parent);
         const std::string column =
-            key.columns.size() == 1 ? ", column '" + parent->FindColumn(key.referencedColumns[0])->name + "'" : "";
+            key.columns.size() == 1 ? ", column '" + parent->FindColumn(key.referencedColumns[0])->name + "'"
+                                    : "";
         const std::string database = writer.FullName().substr(0, writer.FullName().find('.'));
-        throw SqlError(547, {change.Verb(), parent->id == table.id ? "FOREIGN KEY SAME TABLE" : "FOREIGN KEY",
-                             key.name, database, writer.TwoPartName(), column},
+        throw SqlError(547,
+                       {change.Verb(), parent->id == table.id ? "FOREIGN KEY SAME TABLE" : "FOREIGN KEY",
+                        key.name, database, writer.TwoPartName(), column},
                        0);
     }
 }
@@ -100,7 +103,8 @@ void ChangeRun::Follow(RowChange& change, const Table& child, const ForeignKey& 
     const std::string deleted = change.Deleted()->Definition()->storage;
     // Rows that refer to a key that was there before the statement and is not there after it.
     std::string from = " FROM " + deleted + " AS d";
-    from += " JOIN " + child.storage + " AS x ON " + Match("x", child, key.columns, "d", key.referencedColumns);
+    from +=
+        " JOIN " + child.storage + " AS x ON " + Match("x", child, key.columns, "d", key.referencedColumns);
     if (updates)
         from += " JOIN " + change.Inserted()->Definition()->storage + " AS n ON n.rowid = d.rowid";
     from += " WHERE NOT EXISTS (SELECT 1 FROM " + parent.storage + " AS p WHERE " +
@@ -115,8 +119,9 @@ void ChangeRun::Follow(RowChange& change, const Table& child, const ForeignKey& 
     TableWriter& writer = m_engine.Writer(shared);
     const std::string column =
         key.columns.size() == 1 ? ", column '" + child.FindColumn(key.columns[0])->name + "'" : "";
-    throw SqlError(547, {change.Verb(), parent.id == child.id ? "SAME TABLE REFERENCE" : "REFERENCE", key.name,
-                         writer.FullName().substr(0, writer.FullName().find('.')), writer.TwoPartName(), column},
+    throw SqlError(547,
+                   {change.Verb(), parent.id == child.id ? "SAME TABLE REFERENCE" : "REFERENCE", key.name,
+                    writer.FullName().substr(0, writer.FullName().find('.')), writer.TwoPartName(), column},
                    0);
 }
 
@@ -160,7 +165,8 @@ void ChangeRun::Cascade(RowChange& change, const std::shared_ptr<const Table>& c
     }
     if (rowIds.empty())
         return;
-    RowChange& next = Start(child, deletes ? TriggerEvent::Delete : TriggerEvent::Update, change.Verb(), true);
+    RowChange& next =
+        Start(child, deletes ? TriggerEvent::Delete : TriggerEvent::Update, change.Verb(), true);
     if (deletes)
         next.Delete(rowIds);
     else
@@ -180,7 +186,8 @@ std::vector<std::shared_ptr<const Trigger>> TriggersFor(Engine& engine, const st
     std::vector<std::shared_ptr<const Trigger>> all;
     for (const ObjectId id : triggers) {
         const auto trigger = engine.store.View()->FindTrigger(id);
-        if (trigger && !trigger->disabled && trigger->insteadOf == insteadOf && trigger->For(event) != nullptr)
+        if (trigger && !trigger->disabled && trigger->insteadOf == insteadOf &&
+            trigger->For(event) != nullptr)
             all.push_back(trigger);
     }
     const auto rank = [&](const std::shared_ptr<const Trigger>& trigger) {
@@ -199,7 +206,8 @@ std::shared_ptr<const Trigger> InsteadOfTrigger(Engine& engine, const std::vecto
     return all.empty() || engine.context.TriggerDepth(all.front()->id) > 0 ? nullptr : all.front();
 }
 
-void Fire(Engine& engine, const std::vector<std::shared_ptr<const Trigger>>& triggers, const TriggerFrame& frame) {
+void Fire(Engine& engine, const std::vector<std::shared_ptr<const Trigger>>& triggers,
+          const TriggerFrame& frame) {
     const std::uint64_t transaction = engine.store.TransactionNumber();
     for (const std::shared_ptr<const Trigger>& trigger : triggers) {
         const Database* home = engine.store.View()->FindDatabase(trigger->database);

@@ -2,12 +2,13 @@
 // changes, those that foreign keys bring along included, up to the firing of its triggers.
 //
 // Order of things: rows are written one by one; then foreign keys are checked and cascades run, as SQL has
-// constraints hold at the end of a statement; then triggers fire, those of tables that cascades reached first.
+// constraints hold at the end of a statement; then triggers fire, those of tables that cascades reached
+// first.
 #pragma once
 
+#include "practice/statements/ExecutionContext.h"
 #include "practice/statements/change/RowSets.h"
 #include "practice/statements/change/TableWriter.h"
-#include "practice/statements/ExecutionContext.h"
 
 #include <functional>
 
@@ -75,8 +76,9 @@ class ChangeRun {
     void FireTriggers();
 
   private:
-    void CheckParents(RowChange& change);  // rows that refer must find what they refer to
-    void CheckChildren(RowChange& change); // rows that are referred to must not go unless a cascade takes care
+    void CheckParents(RowChange& change); // rows that refer must find what they refer to
+    void
+    CheckChildren(RowChange& change); // rows that are referred to must not go unless a cascade takes care
     void Follow(RowChange& change, const Table& child, const ForeignKey& key);
     void Cascade(RowChange& change, const std::shared_ptr<const Table>& child, const ForeignKey& key,
                  ReferenceAction action, const std::string& from);
@@ -94,6 +96,7 @@ std::vector<std::shared_ptr<const Trigger>> TriggersFor(Engine& engine, const st
 std::shared_ptr<const Trigger> InsteadOfTrigger(Engine& engine, const std::vector<ObjectId>& triggers,
                                                 TriggerEvent event);
 // Fires one after the other, each with a frame of its own.
-void Fire(Engine& engine, const std::vector<std::shared_ptr<const Trigger>>& triggers, const TriggerFrame& frame);
+void Fire(Engine& engine, const std::vector<std::shared_ptr<const Trigger>>& triggers,
+          const TriggerFrame& frame);
 
 } // namespace quillon::practice

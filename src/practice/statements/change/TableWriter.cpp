@@ -33,10 +33,11 @@ TableWriter::TableWriter(Engine& engine, std::shared_ptr<const Table> table)
     const std::string& storage = m_table->storage;
     sqlite3* connection = engine.Connection();
     const std::string rowIdPlace = "?" + std::to_string(m_columns.size() + 1);
-    m_insert = Prepared(connection, "INSERT INTO " + storage + "(" + names + ") VALUES(" + places + ")", true);
+    m_insert =
+        Prepared(connection, "INSERT INTO " + storage + "(" + names + ") VALUES(" + places + ")", true);
     m_insertAt = Prepared(connection,
-                          "INSERT INTO " + storage + "(" + names + (names.empty() ? "" : ", ") + "rowid) VALUES(" +
-                              places + (places.empty() ? "" : ", ") + rowIdPlace + ")",
+                          "INSERT INTO " + storage + "(" + names + (names.empty() ? "" : ", ") +
+                              "rowid) VALUES(" + places + (places.empty() ? "" : ", ") + rowIdPlace + ")",
                           true);
     m_delete = Prepared(connection, "DELETE FROM " + storage + " WHERE rowid = ?", true);
     m_read = Prepared(connection, "SELECT " + names + " FROM " + storage + " WHERE rowid = ?", true);
@@ -107,7 +108,8 @@ void TableWriter::PrepareRules() {
         if (!m_columns[i]->IsComputed())
             continue;
         const auto parsed = m_engine.StoredExpression(m_columns[i]->computed);
-        const Scalar value = translator.ConvertTo(translator.Value(*parsed->expression, &scope), m_columns[i]->type);
+        const Scalar value =
+            translator.ConvertTo(translator.Value(*parsed->expression, &scope), m_columns[i]->type);
         list += (list.empty() ? "" : ", ") + value.sql;
         m_rules.push_back({nullptr, static_cast<int>(i)});
     }
@@ -175,7 +177,8 @@ void TableWriter::RefuseDuplicate(const Index& index, const StoredRow& row) cons
         key += (key.empty() ? "(" : ", ") + ValueText(row, PlaceOf(part.columnId));
     key += ")";
     if (index.IsConstraint())
-        throw SqlError(2627, {index.primaryKey ? "PRIMARY KEY" : "UNIQUE KEY", index.name, m_twoPartName, key});
+        throw SqlError(2627,
+                       {index.primaryKey ? "PRIMARY KEY" : "UNIQUE KEY", index.name, m_twoPartName, key});
     throw SqlError(2601, {m_twoPartName, index.name, key});
 }
 
@@ -236,7 +239,8 @@ void TableWriter::Update(std::int64_t rowId, const StoredRow& row, const std::ve
     if (!update) {
         std::string sets;
         for (const int place : places)
-            sets += (sets.empty() ? "" : ", ") + ColumnStorage(m_columns[static_cast<std::size_t>(place)]->id) + " = ?" +
+            sets += (sets.empty() ? "" : ", ") +
+                    ColumnStorage(m_columns[static_cast<std::size_t>(place)]->id) + " = ?" +
                     std::to_string(place + 1);
         update = Prepared(m_engine.Connection(),
                           "UPDATE " + m_table->storage + " SET " + sets + " WHERE rowid = ?" +

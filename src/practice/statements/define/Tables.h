@@ -17,8 +17,13 @@ Home HomeFor(Engine& engine, const tsql::Name& name);
 void RequireFreeName(Engine& engine, const Home& home, const std::string& name);
 // The table by its name as DDL takes it; throws the error given (4902, 1088 ...) when there is none.
 std::shared_ptr<const Table> RequireTable(Engine& engine, const tsql::Name& name, int errorNumber = 4902);
-// A copy to be changed, with a new modification date.
-std::shared_ptr<Table> CopyOf(const Table& table);
+// schema.table, as messages name it.
+std::string TwoPartName(Engine& engine, const SchemaObject& object);
+// A copy to be changed, with a new modification date and version.
+std::shared_ptr<Table> CopyOf(Engine& engine, const Table& table);
+
+// As the catalogue keeps and shows an expression: in brackets, a number in two pairs of them.
+std::string KeptExpression(std::string text);
 
 // Builds definitions from their tree.
 class TableBuilder {
@@ -30,7 +35,7 @@ class TableBuilder {
     void AddConstraint(const tsql::ConstraintDefinition& definition, Column* of);
     Index& AddIndex(const tsql::IndexDefinition& definition);
     Column MakeColumn(const tsql::ColumnDefinition& definition, int id);
-    // Names and kinds of the constraints added so far, for WITH CHECK of ALTER TABLE.
+    // The constraints added so far, for WITH CHECK of ALTER TABLE.
     std::vector<ObjectId> added;
 
   private:
@@ -38,6 +43,7 @@ class TableBuilder {
                                const std::string& column, ObjectId id) const;
     void AddKey(const tsql::ConstraintDefinition& definition, Column* of);
     void AddForeignKey(const tsql::ConstraintDefinition& definition, Column* of);
+    void CompleteForeignKey(ForeignKey& key, const Table& parent) const;
     void AddCheck(const tsql::ConstraintDefinition& definition, Column* of);
     void AddDefault(const tsql::ConstraintDefinition& definition, Column* of);
     void BindComputed(Column& column, const tsql::Expression& expression);

@@ -106,7 +106,10 @@ class Translator {
     };
     std::vector<Item> Items(const std::vector<tsql::SelectItem>& items, const Scope& scope);
     SqlType TypeOf(const tsql::DataType& type, bool inCast);
+    // The number of rows of TOP and its kin, refused when it is none (1060, 127).
+    std::string RowCountSql(const tsql::Expression& count, const Scope* outer, bool percent);
     Scalar ColumnScalar(const ColumnUse& use, const Scope& scope);
+    Scalar Variable(const std::string& name) { return VariableValue(name); }
 
   private:
     struct CommonScope {
@@ -137,7 +140,7 @@ class Translator {
     Order OrderBy(const std::vector<tsql::OrderItem>& items, const std::vector<Item>& output,
                   const Scope& scope, bool distinct);
     static int OrdinalOf(const tsql::Expression& expression, const std::vector<Item>& output);
-    std::string RowCountSql(const tsql::Expression& count, const Scope* outer, bool percent);
+
     std::string LimitSql(const tsql::Query* whole, const tsql::SelectBody* body, const Scope* outer,
                          const QueryOptions& options);
     struct SelectParts {

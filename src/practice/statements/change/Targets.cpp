@@ -1,0 +1,168 @@
+#include "practice/statements/change/Targets.h"
+
+#include "practice/values/SqlError.h"
+
+namespace quillon::practice {
+
+Target FindTarget(Translator& translator, const tsql::DmlTarget& target) {
+    Target found;
+    Engine& engine = translator.Shared();
+    if (!target.variable.empty()) {
+        const Variable* variable = engine.context.FindVariable(target.variable);
+        if (variable == nullptr || !variable->table)
+            throw SqlError(1087, {target.variable});
+        found.table = variable->table;
+        found.name = target.variable;
+        return found;
+    }
+    found.name = target.name.Text();
+    const auto object = translator.FindSourceObject(target.name);
+    found.table = std::dynamic_pointer_cast<const Table>(object);
+    const auto module = std::dynamic_pointer_cast<const Module>(object);
+    if (module && module->kind == ObjectKind::View)
+        found.view = module;
+    return found;
+}
+
+Target RequireTarget(Translator& translator, const tsql::DmlTarget& target) {
+    Target found = FindTarget(translator, target);
+    if (!found.table && !found.view) {
+        if (target.name.parts.size() == 1 && translator.Shared().context.CurrentTrigger() != nullptr &&
+            (SameName(target.name.Last(), "inserted") || SameName(target.name.Last(), "deleted")))
+            throw SqlError(286);
+        throw SqlError(208, {target.name.Text()});
+    }
+    return found;
+}
+
+std::shared_ptr<const Table> ViewModel(const Module& view) {
+    auto model = std::make_shared<Table>();
+    model->id = view.id;
+    model->database = view.database;
+    model->schema = view.schema;
+    model->name = view.name;
+    model->kind = ObjectKind::View;
+    model->columns = view.columns;
+    for (Column& column : model->columns) {
+        column.nullable = true;
+        model->lastColumnId = std::max(model->lastColumnId, column.id);
+    }
+    model->version = view.version;
+    model->triggers = view.triggers;
+    return model;
+}
+
+Scalar DefaultValueOf(Translator& translator, const Table& table, const Column& column) {
+    std::string text;
+    if (const DefaultConstraint* constraint = table.DefaultOf(column.id))
+        text = constraint->text;
+    else if (column.defaultObject != 0)
+        if (const auto bound = std::dynamic_pointer_cast<const TextObject>(
+                translator.Shared().store.View()->FindObject(column.defaultObject)))
+            text = bound->expression;
+    if (text.empty()) {
+        Scalar null;
+        null.sql = "NULL";
+        return translator.ConvertTo(null, column.type);
+    }
+    const auto parsed = translator.Shared().StoredExpression(text);
+    return translator.AssignTo(translator.Value(*parsed->expression, nullptr), column, table.name);
+}
+
+namespace {
+
+const Source* FindAmong(const Scope& scope, const tsql::DmlTarget& target, const Target& object) {
+    if (!target.variable.empty() || target.name.parts.size() == 1) {
+        const std::string& name = target.variable.empty() ? target.name.Last() : target.variable;
+        for (const std::unique_ptr<Source>& source : scope.sources)
+            if (SameName(source->exposed, name))
+                return source.get();
+    }
+    const Source* found = nullptr;
+    for (const std::unique_ptr<Source>& source : scope.sources) {
+        const bool same = (object.table && source->table && source->table->id == object.table->id) ||
+                          (object.view && source->view && source->view->id == object.view->id);
+        if (!same)
+            continue;
+        if (found != nullptr)
+            throw SqlError(8154, {target.name.Text()});
+        found = source.get();
+    }
+    return found;
+}
+
+} // namespace
+
+FromTarget BindTarget(Translator& translator, const tsql::DmlTarget& target,
+                      const std::vector<tsql::TableSourcePtr>& from, TriggerEvent event, Scope& scope) {
+    Engine& engine = translator.Shared();
+    FromTarget bound;
+    bound.from = translator.From(from, scope);
+    const bool common = translator.FindCommonTable(target.name) != nullptr;
+    const Target object = common ? Target() : FindTarget(translator, target);
+    bound.source = FindAmong(scope, target, object);
+    if (bound.source == nullptr) {
+        std::string text;
+        if (!target.variable.empty())
+            text = translator.AddTable(object.table, target.variable, scope);
+        else {
+            tsql::NamedTable named;
+            named.name = target.name;
+            text = translator.FromOne(named, scope);
+        }
+        bound.source = scope.sources.back().get();
+        bound.from += (bound.from.empty() ? "" : ", ") + text;
+    }
+    const Source& source = *bound.source;
+    if (source.view) {
+        if (InsteadOfTrigger(engine, source.view->triggers, event)) {
+            bound.view = source.view;
+            bound.table = ViewModel(*source.view);
+            return bound;
+        }
+        if (!source.hasRowId)
+            throw SqlError(4405, {source.view->name});
+    }
+    if (!source.hasRowId)
+        throw SqlError(4405, {source.exposed});
+    if (source.table && source.table->rowSet)
+        throw SqlError(286);
+    bound.table = source.rowTable;
+    return bound;
+}
+
+void CheckOutput(Engine& engine, const tsql::DmlStatement& statement, const Table& target,
+                 const std::vector<TriggerEvent>& events) {
+    for (const tsql::OutputClause& clause : statement.output) {
+        if (clause.hasInto)
+            continue;
+        for (const TriggerEvent event : events)
+            if (!TriggersFor(engine, target.triggers, event, false).empty())
+                throw SqlError(334, {target.name});
+    }
+}
+
+std::string TopSql(const tsql::DmlStatement& statement, Translator& translator) {
+    const std::int64_t most = translator.Shared().context.Options().rowCount;
+    std::string limit = most > 0 ? std::to_string(most) : "";
+    if (statement.top) {
+        if (statement.top->percent)
+            throw SqlError::NotSupported("TOP PERCENT in a statement that changes rows");
+        const std::string count = translator.RowCountSql(*statement.top->count, nullptr, false);
+        limit = limit.empty() ? count : "min(" + count + ", " + limit + ")";
+    }
+    return limit.empty() ? "" : " LIMIT " + limit;
+}
+
+StoreSession::Writes WritesOf(Engine& engine, const tsql::DmlStatement& statement, const Table* target) {
+    Translator translator(engine);
+    StoreSession::Writes writes = target == nullptr ? StoreSession::Writes::Data : WritesOf(*target);
+    for (const tsql::OutputClause& clause : statement.output)
+        if (clause.hasInto) {
+            const Target into = FindTarget(translator, clause.into);
+            writes = std::min(writes, into.table ? WritesOf(*into.table) : StoreSession::Writes::Data);
+        }
+    return writes;
+}
+
+} // namespace quillon::practice

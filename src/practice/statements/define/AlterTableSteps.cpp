@@ -1,0 +1,205 @@
+#include "practice/statements/change/TableWriter.h"
+#include "practice/statements/change/Targets.h"
+#include "practice/statements/define/AlterTable.h"
+#include "practice/values/SqlError.h"
+
+namespace quillon::practice {
+
+void FillColumn(Engine& engine, const std::shared_ptr<const Table>& table, const Column& column,
+                bool withDefault) {
+    const std::string name = ColumnStorage(column.id);
+    if (!column.identity && !column.IsRowVersion()) {
+        if (!withDefault)
+            return;
+        Translator translator(engine);
+        const std::string value = DefaultValueOf(translator, *table, column).sql;
+        Prepared fill(engine.Connection(), "UPDATE " + table->storage + " SET " + name + " = " + value);
+        engine.Step(fill);
+        return;
+    }
+    std::vector<std::int64_t> rowIds;
+    Prepared rows(engine.Connection(), "SELECT rowid FROM " + table->storage + " ORDER BY rowid");
+    while (rows.Step())
+        rowIds.push_back(rows.Integer(0));
+    rows.Reset();
+    TableWriter& writer = engine.Writer(table);
+    const int place = writer.PlaceOf(column.id);
+    StoredRow row;
+    for (const std::int64_t id : rowIds) {
+        writer.Read(id, row);
+        if (column.identity)
+            writer.GiveIdentity(row);
+        else
+            writer.Complete(row, "UPDATE");
+        writer.Update(id, row, {place});
+    }
+}
+
+void RebuildStorage(Engine& engine, const Table& before, const Table& after,
+                    const std::map<int, std::string>& values) {
+    Table fresh = after;
+    const std::string schema(StorageSchema(before));
+    fresh.storage = schema + ".n" + std::to_string(after.id);
+    fresh.indexes.clear();
+    CreateTableStorage(engine.Connection(), fresh);
+    std::string names = "rowid";
+    std::string list = "x.rowid";
+    for (const Column& column : after.columns) {
+        if (!column.stored)
+            continue;
+        const auto value = values.find(column.id);
+        names += ", " + ColumnStorage(column.id);
+        list += ", " + (value == values.end() ? "x." + ColumnStorage(column.id) : value->second);
+    }
+    Prepared copy(engine.Connection(), "INSERT INTO " + fresh.storage + "(" + names + ") SELECT " + list +
+                                           " FROM " + before.storage + " AS x");
+    engine.Step(copy);
+    copy.Reset();
+    DropTableStorage(engine.Connection(), before);
+    engine.store.Run("ALTER TABLE " + fresh.storage + " RENAME TO " + std::string(StorageName(before)));
+    for (const Index& index : after.indexes)
+        if (!index.disabled)
+            BuildIndex(engine, after, index);
+}
+
+namespace {
+
+void CheckRows(Engine& engine, const std::shared_ptr<const Table>& table, const CheckConstraint& check) {
+    Surroundings here;
+    here.database = table->database;
+    here.schema = table->schema;
+    here.isModule = true;
+    Translator translator(engine, here);
+    Scope scope;
+    const std::string from = translator.AddTable(table, {}, scope);
+    const auto parsed = engine.StoredExpression(check.text);
+    Prepared broken(engine.Connection(), "SELECT 1 FROM " + from + " WHERE NOT (" +
+                                             translator.Condition(*parsed->expression, &scope) + ") LIMIT 1");
+    if (!engine.Step(broken))
+        return;
+    const TableWriter& writer = engine.Writer(table);
+    const Column* column = check.columnId == 0 ? nullptr : table->FindColumn(check.columnId);
+    throw SqlError(547,
+                   {"ALTER TABLE", "CHECK", check.name,
+                    writer.FullName().substr(0, writer.FullName().find('.')), writer.TwoPartName(),
+                    column == nullptr ? "" : ", column '" + column->name + "'"},
+                   0);
+}
+
+void CheckRows(Engine& engine, const std::shared_ptr<const Table>& table, const ForeignKey& key) {
+    const auto parent = engine.store.View()->FindTable(key.referenced);
+    std::string sql = "SELECT 1 FROM " + table->storage + " AS x WHERE ";
+    std::string match;
+    for (std::size_t i = 0; i < key.columns.size(); ++i) {
+        const Column& column = *parent->FindColumn(key.referencedColumns[i]);
+        sql += "x." + ColumnStorage(key.columns[i]) + " IS NOT NULL AND ";
+        match += (i > 0 ? " AND " : "") + Collated("p." + ColumnStorage(column.id), column.type) + " = x." +
+                 ColumnStorage(key.columns[i]);
+    }
+    Prepared orphans(engine.Connection(), sql + "NOT EXISTS (SELECT 1 FROM " + parent->storage +
+                                              " AS p WHERE " + match + ") LIMIT 1");
+    if (!orphans.Step())
+        return;
+    const TableWriter& writer = engine.Writer(parent);
+    const std::string column = key.columns.size() == 1
+                                   ? ", column '" + parent->FindColumn(key.referencedColumns[0])->name + "'"
+                                   : "";
+    throw SqlError(547,
+                   {"ALTER TABLE", parent->id == table->id ? "FOREIGN KEY SAME TABLE" : "FOREIGN KEY",
+                    key.name, writer.FullName().substr(0, writer.FullName().find('.')), writer.TwoPartName(),
+                    column},
+                   0);
+}
+
+// What hangs on a column, as messages call it; empty when nothing does.
+std::pair<std::string, std::string> DependentOf(const Table& table, const Column& column) {
+    if (const DefaultConstraint* value = table.DefaultOf(column.id))
+        return {"object", value->name};
+    for (const Index& index : table.indexes) {
+        const bool key = std::any_of(index.keys.begin(), index.keys.end(),
+                                     [&](const IndexKey& one) { return one.columnId == column.id; });
+        const bool included =
+            std::find(index.included.begin(), index.included.end(), column.id) != index.included.end();
+        if (key || included)
+            return {index.IsConstraint() ? "object" : "index", index.name};
+    }
+    for (const ForeignKey& key : table.foreignKeys)
+        if (std::find(key.columns.begin(), key.columns.end(), column.id) != key.columns.end())
+            return {"object", key.name};
+    for (const CheckConstraint& check : table.checks)
+        if (check.columnId == column.id)
+            return {"object", check.name};
+    const auto mentions = [&](const std::string& text) { return MentionsName(text, column.name); };
+    for (const CheckConstraint& check : table.checks)
+        if (mentions(check.text))
+            return {"object", check.name};
+    for (const Column& other : table.columns)
+        if (other.IsComputed() && mentions(other.computed))
+            return {"column", other.name};
+    return {};
+}
+
+} // namespace
+
+bool MentionsName(const std::string& text, const std::string& name) {
+    const std::string folded = FoldName(text);
+    const std::string wanted = FoldName(name);
+    const auto isPart = [](char c) {
+        return c == '_' || c == '@' || c == '#' || c == '$' || (c >= '0' && c <= '9') ||
+               (c >= 'a' && c <= 'z');
+    };
+    for (std::size_t at = folded.find(wanted); at != std::string::npos; at = folded.find(wanted, at + 1)) {
+        const std::size_t end = at + wanted.size();
+        if ((at == 0 || !isPart(folded[at - 1])) && (end == folded.size() || !isPart(folded[end])))
+            return true;
+    }
+    return false;
+}
+
+void CheckExisting(Engine& engine, const std::shared_ptr<const Table>& table, ObjectId constraint) {
+    for (const CheckConstraint& check : table->checks)
+        if (check.id == constraint)
+            CheckRows(engine, table, check);
+    for (const ForeignKey& key : table->foreignKeys)
+        if (key.id == constraint)
+            CheckRows(engine, table, key);
+}
+
+void RequireFreeColumn(Engine& engine, const Table& table, const Column& column, const char* action) {
+    auto [kind, name] = DependentOf(table, column);
+    if (name.empty())
+        for (const ObjectId other : table.referencedBy)
+            if (const auto child = engine.store.View()->FindTable(other))
+                for (const ForeignKey& key : child->foreignKeys)
+                    if (key.referenced == table.id &&
+                        std::find(key.referencedColumns.begin(), key.referencedColumns.end(), column.id) !=
+                            key.referencedColumns.end()) {
+                        kind = "object";
+                        name = key.name;
+                    }
+    if (name.empty())
+        return;
+    engine.context.Inform(5074, MessageText(5074, {kind, name, "column", column.name}));
+    throw SqlError(4922, {action, column.name});
+}
+
+void DropConstraint(Engine& engine, Table& table, const std::string& name) {
+    const auto named = [&](const auto& one) { return SameName(one.name, name); };
+    if (std::erase_if(table.defaults, named) + std::erase_if(table.checks, named) +
+            std::erase_if(table.foreignKeys, named) >
+        0)
+        return;
+    const auto found = std::find_if(table.indexes.begin(), table.indexes.end(),
+                                    [&](const Index& index) { return index.IsConstraint() && named(index); });
+    if (found == table.indexes.end())
+        throw SqlError(3728, {name});
+    for (const ObjectId other : table.referencedBy)
+        if (const auto child = engine.store.View()->FindTable(other))
+            for (const ForeignKey& key : child->foreignKeys)
+                if (key.referenced == table.id && key.referencedIndex == found->id)
+                    throw SqlError(3725, {found->name, child->name, key.name});
+    DropIndexStorage(engine.Connection(), table, *found);
+    table.indexes.erase(found);
+}
+
+} // namespace quillon::practice

@@ -1,0 +1,162 @@
+// CREATE, ALTER and DROP of databases and schemas.
+#include "practice/statements/define/Definition.h"
+#include "practice/statements/define/Tables.h"
+#include "practice/storage/SystemDatabases.h"
+#include "practice/storage/TableStorage.h"
+#include "practice/values/SqlError.h"
+
+namespace quillon::practice {
+
+namespace {
+
+const Database& RequireDatabase(Engine& engine, const std::string& name) {
+    const auto view = engine.store.View();
+    const Database* database =
+        name.empty() ? view->FindDatabase(engine.context.CurrentDatabase()) : view->FindDatabase(name);
+    if (database == nullptr)
+        throw SqlError(5011, {name});
+    return *database;
+}
+
+const Collation* RequireCollation(const std::string& name) {
+    const Collation* collation = FindCollation(name);
+    if (collation == nullptr)
+        throw SqlError(448, {name});
+    return collation;
+}
+
+bool IsSystem(DatabaseId id) {
+    return id <= msdbDatabase;
+}
+
+} // namespace
+
+void CreateDatabase(Engine& engine, const tsql::CreateDatabaseStatement& statement) {
+    if (engine.store.TransactionCount() > 1)
+        throw SqlError(226, {"CREATE DATABASE"});
+    if (statement.forAttach)
+        throw SqlError::NotSupported("CREATE DATABASE ... FOR ATTACH");
+    if (engine.store.View()->FindDatabase(statement.name) != nullptr)
+        throw SqlError(1801, {statement.name}, 3);
+    DatabaseId id = msdbDatabase + 1;
+    while (engine.store.View()->FindDatabase(id) != nullptr)
+        ++id;
+    const Collation* collation =
+        statement.collation.empty() ? DefaultCollation() : RequireCollation(statement.collation);
+    Database database = MakeDatabase(id, statement.name, collation);
+    database.owner = engine.context.Functions().LoginName();
+    database.principals[dboPrincipal].login = database.owner;
+    engine.store.Change([&](CatalogueEditor& editor) { editor.AddDatabase(std::move(database)); });
+}
+
+void AlterDatabase(Engine& engine, const tsql::AlterDatabaseStatement& statement) {
+    using Action = tsql::AlterDatabaseStatement::Action;
+    const DatabaseId id = RequireDatabase(engine, statement.name).id;
+    if (statement.action == Action::Rename && engine.store.View()->FindDatabase(statement.value) != nullptr)
+        throw SqlError(1801, {statement.value});
+    if (statement.action == Action::Other)
+        throw SqlError::NotSupported("ALTER DATABASE ... " + statement.value);
+    engine.store.Change([&](CatalogueEditor& editor) {
+        if (statement.action == Action::Rename)
+            editor.RenameDatabase(id, statement.value);
+        else if (statement.action == Action::Collate)
+            editor.EditDatabase(id).collation = RequireCollation(statement.value);
+        else
+            for (const tsql::OptionSetting& option : statement.options)
+                editor.EditDatabase(id).options[UpperCase(option.name)] = UpperCase(option.value);
+    });
+}
+
+void DropDatabases(Engine& engine, const tsql::DropStatement& statement) {
+    if (engine.store.TransactionCount() > 1)
+        throw SqlError(226, {"DROP DATABASE"});
+    for (const tsql::Name& name : statement.names) {
+        const auto view = engine.store.View();
+        const Database* database = view->FindDatabase(name.Last());
+        if (database == nullptr) {
+            if (statement.ifExists)
+                continue;
+            throw SqlError(3701, {"drop", "database", name.Last()});
+        }
+        if (IsSystem(database->id))
+            throw SqlError(3708, {"drop", "database", name.Last()});
+        if (database->id == engine.context.CurrentDatabase())
+            throw SqlError(3702, {name.Last()}, 3);
+        for (const auto& [id, object] : database->objects)
+            if (const auto table = std::dynamic_pointer_cast<const Table>(object);
+                table && table->kind == ObjectKind::Table)
+                DropTableStorage(engine.Connection(), *table);
+        const DatabaseId gone = database->id;
+        engine.store.Change([&](CatalogueEditor& editor) { editor.DropDatabase(gone); });
+    }
+}
+
+void CreateSchema(Engine& engine, const tsql::CreateSchemaStatement& statement) {
+    if (!statement.elements.empty())
+        throw SqlError::NotSupported("CREATE SCHEMA with the definitions of objects in it");
+    const std::string name = statement.name.empty() ? statement.owner : statement.name;
+    const Database& database = RequireDatabase(engine, "");
+    if (database.FindSchema(name) != nullptr)
+        throw SqlError(2714, {name}, 6);
+    constexpr SchemaId firstOwn = 5;
+    Schema schema;
+    schema.id = firstOwn;
+    while (database.schemas.contains(schema.id))
+        ++schema.id;
+    schema.name = name;
+    if (!statement.owner.empty()) {
+        const Principal* owner = database.FindPrincipal(statement.owner);
+        if (owner == nullptr)
+            throw SqlError(15151, {"find", "user", statement.owner});
+        schema.owner = owner->id;
+    }
+    const DatabaseId id = database.id;
+    engine.store.Change(
+        [&](CatalogueEditor& editor) { editor.EditDatabase(id).schemas[schema.id] = schema; });
+}
+
+void DropSchemas(Engine& engine, const tsql::DropStatement& statement) {
+    for (const tsql::Name& name : statement.names) {
+        const Database& database = RequireDatabase(engine, "");
+        const Schema* schema = database.FindSchema(name.Last());
+        if (schema == nullptr) {
+            if (statement.ifExists)
+                continue;
+            throw SqlError(15151, {"drop", "schema", name.Last()});
+        }
+        for (const auto& [id, object] : database.objects)
+            if (object->schema == schema->id)
+                throw SqlError(3729, {"drop schema", schema->name, object->name});
+        const DatabaseId id = database.id;
+        const SchemaId gone = schema->id;
+        engine.store.Change([&](CatalogueEditor& editor) { editor.EditDatabase(id).schemas.erase(gone); });
+    }
+}
+
+void TransferToSchema(Engine& engine, const tsql::AlterSchemaTransferStatement& statement) {
+    const Database& database = RequireDatabase(engine, "");
+    const Schema* schema = database.FindSchema(statement.schema);
+    if (schema == nullptr)
+        throw SqlError(15151, {"alter", "schema", statement.schema});
+    const auto object = Translator(engine).FindSourceObject(statement.object);
+    if (!object)
+        throw SqlError(15151, {"find", "object", statement.object.Text()});
+    RequireFreeName(engine, {database.id, schema->id}, object->name);
+    const SchemaId id = schema->id;
+    engine.store.Change([&](CatalogueEditor& editor) {
+        const auto move = [&](auto copy) {
+            copy->schema = id;
+            editor.Put(copy);
+        };
+        if (const auto table = std::dynamic_pointer_cast<const Table>(object)) {
+            move(std::make_shared<Table>(*table));
+            for (const ObjectId trigger : table->triggers)
+                move(std::make_shared<Trigger>(*editor.Now().FindTrigger(trigger)));
+        } else if (const auto module = std::dynamic_pointer_cast<const Module>(object))
+            move(std::make_shared<Module>(*module));
+        else
+            throw SqlError::NotSupported("ALTER SCHEMA TRANSFER of this kind of object");
+    });
+}
+
+} // namespace quillon::practice
