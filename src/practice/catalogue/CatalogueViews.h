@@ -4,6 +4,7 @@
 #pragma once
 
 #include "practice/statements/SystemViews.h"
+#include "practice/values/Moment.h"
 
 #include <functional>
 #include <string>
@@ -14,6 +15,7 @@ struct sqlite3;
 namespace quillon::practice {
 
 const SystemViews& CatalogueViews();
+std::vector<const SystemView*> AllCatalogueViews();
 
 struct LoginRow {
     std::string name;
@@ -36,6 +38,7 @@ struct SessionRow {
 struct CatalogueSources {
     std::function<std::vector<LoginRow>()> logins;
     std::function<std::vector<SessionRow>()> sessions;
+    std::string serverName;
 };
 // To be done on every connection before a system view is read; `sources` must outlive the connection.
 void RegisterCatalogueSources(sqlite3* connection, const CatalogueSources& sources);
