@@ -54,6 +54,7 @@ constexpr MessageRow rows[] = {
      "A stack overflow occurred in the server while compiling the query. Please simplify the query."},
     {570, 16, "INSTEAD OF triggers do not support direct recursion. The trigger execution failed."},
     {574, 16, "%1 statement cannot be used inside a user transaction."},
+    {628, 16, "Cannot issue SAVE TRANSACTION when there is no active transaction."},
     {701, 17, "There is insufficient system memory in resource pool '%1' to run this query."},
     {911, 16, "Database '%1' does not exist. Make sure that the name is entered correctly."},
     {913, 22, "Could not find database ID %1. The database either does not exist or is offline."},
@@ -406,14 +407,21 @@ constexpr MessageRow rows[] = {
     {5058, 16, "Option '%1' cannot be set in database '%2'."},
     {5069, 16, "ALTER DATABASE statement failed."},
     {5074, 16, "The %1 '%2' is dependent on %3 '%4'."},
+    {5308, 16,
+     "Windowed functions and NEXT VALUE FOR functions do not support integer indices as ORDER BY clause "
+     "expressions."},
     {5701, 10, "Changed database context to '%1'."},
     {5703, 10, "Changed language setting to %1."},
     {6104, 16, "Cannot use KILL to kill your own process."},
     {6106, 16, "Process ID %1 is not an active process ID."},
     {6401, 16, "Cannot roll back %1. No transaction or savepoint of that name was found."},
+    {6809, 16,
+     "Unnamed tables cannot be used as XML identifiers as well as unnamed columns cannot be used for "
+     "attribute names. Name unnamed columns/tables using AS in the SELECT statement."},
     {7202, 11,
      "Could not find server '%1' in sys.servers. Verify that the correct server name was specified. If "
      "necessary, execute the stored procedure sp_addlinkedserver to add the server to sys.servers."},
+    {7999, 16, "Could not find any index named '%1' for table '%2'."},
 };
 
 } // namespace

@@ -134,6 +134,7 @@ constexpr MessageRow rows[] = {
      "Could not find the type '%1'. Either it does not exist or you do not have the necessary permission."},
     {219, 16, "The type '%1' already exists, or you do not have permission to create it."},
     {220, 16, "Arithmetic overflow error for data type %1, value = %2."},
+    {226, 16, "%1 statement not allowed within multi-statement transaction."},
     {229, 14, "The %1 permission was denied on the object '%2', database '%3', schema '%4'."},
     {230, 14,
      "The %1 permission was denied on the column '%2' of the object '%3', database '%4', schema '%5'."},

@@ -133,6 +133,7 @@ constexpr MessageRow rows[] = {
     {10742, 15, "The offset specified in a OFFSET clause may not be negative."},
     {10743, 15, "The number of rows provided for a OFFSET clause must be an integer."},
     {10744, 15, "The number of rows provided for a FETCH clause must be greater then zero."},
+    {10753, 15, "The function '%1' must have an OVER clause."},
     {11537, 16,
      "EXECUTE statement failed because its WITH RESULT SETS clause specified %1 column(s) for result set "
      "number %2, but the statement sent %3 column(s) at run time."},
@@ -159,6 +160,7 @@ constexpr MessageRow rows[] = {
     {15032, 16, "The database '%1' already exists. Specify a unique database name."},
     {15036, 16, "The data type '%1' does not exist or you do not have permission."},
     {15063, 16, "The login already has an account under a different user name."},
+    {15103, 16, "Cannot bind a default to a column created with or altered to have a default value."},
     {15104, 16, "You do not own a table named '%1' that has a column named '%2'."},
     {15110, 16, "The proposed new database owner is already a user or aliased in the database."},
     {15118, 16,
