@@ -91,7 +91,7 @@ std::uint32_t Dictionary::HashOf(const Variant& key) const {
     switch (key.kind()) {
     case Kind::Empty:
     case Kind::Null: return static_cast<std::uint32_t>(key.kind());
-    case Kind::Text: return m_compareMode == 0 ? key.AsText().Hash() : FoldedHash(key.View());
+    case Kind::Text: return Mixed(m_compareMode == 0 ? key.AsText().Hash() : FoldedHash(key.View()));
     case Kind::Object:
     case Kind::ScriptObject: return Mixed(reinterpret_cast<std::uintptr_t>(key.AsObject().get()));
     default: break;
