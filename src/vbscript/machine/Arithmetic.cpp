@@ -77,7 +77,11 @@ struct Operands {
         : left(first.IsObject() ? (m_left = PlainValue(first)) : first)
         , right(second.IsObject() ? (m_right = PlainValue(second)) : second) {}
     bool HasNull() const noexcept { return left.IsNull() || right.IsNull(); }
-    Rank Widest() const { return std::max(RankOf(left), RankOf(right)); }
+    // A Single cannot hold every Long: the two meet in a Double.
+    Rank Widest() const {
+        const Rank a = RankOf(left), b = RankOf(right), widest = std::max(a, b);
+        return widest == Rank::Single && std::min(a, b) == Rank::Long ? Rank::Double : widest;
+    }
 
   private:
     Variant m_left, m_right; // before the references: they may be what these refer to
@@ -159,8 +163,7 @@ Variant Multiply(const Variant& left, const Variant& right) {
     if (rank == Rank::Currency && !hasDouble) {
         const Wide product =
             Wide{ToCurrency(operands.left).tenThousandths} * ToCurrency(operands.right).tenThousandths;
-        const Wide whole = product / 10000,
-                       rest = product % 10000 < 0 ? -(product % 10000) : product % 10000;
+        const Wide whole = product / 10000, rest = product % 10000 < 0 ? -(product % 10000) : product % 10000;
         const bool away = rest > 5000 || (rest == 5000 && whole % 2 != 0);
         return CurrencyResult(whole + (away ? (product < 0 ? -1 : 1) : 0));
     }
@@ -172,8 +175,7 @@ Variant Divide(const Variant& left, const Variant& right) {
     if (operands.HasNull())
         return NullValue{};
     const Rank rank = operands.Widest();
-    const bool isSingle =
-        rank == Rank::Single && std::min(RankOf(operands.left), RankOf(operands.right)) != Rank::Long;
+    const bool isSingle = rank == Rank::Single;
     const double dividend = ToDouble(operands.left), divisor = ToDouble(operands.right);
     if (divisor == 0)
         throw Failure(dividend == 0 ? numbers::Overflow : numbers::DivisionByZero);

@@ -97,8 +97,8 @@ void ArrayBuffer::ClearElements() {
     m_elements.swap(cleared);
 }
 
-ArrayBuffer* ArrayBuffer::Copy() const {
-    ArrayBuffer* copy = Create(m_bounds, m_fixedSize);
+ArrayBuffer* ArrayBuffer::Copy(bool fixedSize) const {
+    ArrayBuffer* copy = Create(m_bounds, fixedSize);
     copy->m_elements = m_elements;
     return copy;
 }
@@ -120,7 +120,7 @@ void ArrayBuffer::Destroy() noexcept {
 
 ArrayBuffer* OwnArray(Variant& variable) {
     if (variable.AsArray()->IsShared()) {
-        const Variant copy(variable.AsArray()->Copy());
+        const Variant copy(variable.AsArray()->Copy(variable.AsArray()->IsFixedSize()));
         variable = copy;
     }
     return variable.AsArray();

@@ -46,8 +46,8 @@ class ArrayBuffer {
     void Resize(std::span<const std::int32_t> upperBounds);
     // Erase of a fixed array: its elements become Empty.
     void ClearElements();
-    // A copy with no owner yet, of fixed size if this one is.
-    ArrayBuffer* Copy() const;
+    // A copy with no owner yet.
+    ArrayBuffer* Copy(bool fixedSize) const;
 
     void AddReference() noexcept { ++m_references; }
     void DropReference() noexcept {

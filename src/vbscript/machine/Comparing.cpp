@@ -84,11 +84,14 @@ Variant Concatenate(const Variant& left, const Variant& right) {
         return Concatenate(PlainValue(left), PlainValue(right));
     if (left.IsNull() && right.IsNull())
         return NullValue{};
-    Text joined = left.IsNull() ? Text() : ToText(left);
+    const Text head = left.IsNull() ? Text() : ToText(left);
     const Text tail = right.IsNull() ? Text() : ToText(right);
-    if (joined.Length() == 0)
+    if (head.Length() == 0)
         return tail;
-    joined.Append(tail.View());
+    if (tail.Length() == 0)
+        return head;
+    Text joined = Text::OfLength(head.Length() + tail.Length());
+    std::ranges::copy(tail.View(), std::ranges::copy(head.View(), joined.Writable()).out);
     return joined;
 }
 

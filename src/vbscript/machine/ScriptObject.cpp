@@ -84,7 +84,7 @@ ObjectRegistry::~ObjectRegistry() {
 }
 
 void ObjectRegistry::Add(ScriptObject& object) {
-    object.m_place = static_cast<std::uint32_t>(m_objects.size());
+    object.m_place = static_cast<std::uint32_t>(m_objects.size()) & 0x7FFFFFFF;
     m_objects.push_back(&object);
 }
 

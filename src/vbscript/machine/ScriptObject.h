@@ -27,6 +27,8 @@ class VariantEnumerator {
     virtual bool Next(Variant& element) = 0;
 };
 
+class Instance;
+
 class ScriptObject : public Object {
   public:
     // What call sites remember members by: an address that is the same for all objects of one class.
@@ -35,6 +37,9 @@ class ScriptObject : public Object {
     // As Invoke: for Let and Set the new value is the last argument. Arguments are plain values. Raises 438,
     // 450, 451 as Object::Invoke says.
     virtual Variant Access(MemberId member, InvokeKind kind, std::span<Variant> arguments) = 0;
+
+    // The object as an instance of a script class, if it is one.
+    virtual Instance* AsInstance() noexcept { return nullptr; }
 
     // Raises 451 on an object that is no collection.
     virtual std::unique_ptr<VariantEnumerator> Walk();
@@ -52,12 +57,14 @@ class ScriptObject : public Object {
     // Before the object is destroyed, its memory still whole; false if it was taken hold of again.
     virtual bool LastRelease() noexcept { return true; }
 
+    std::uint32_t m_mark : 1 = 0; // for the derived class, which has no smaller place for a bit
+
   private:
     friend class ObjectRegistry;
     // Destroys the object, chains of objects one after the other and not one inside the other.
     void Release() noexcept final;
 
-    std::uint32_t m_place = 0; // in its registry
+    std::uint32_t m_place : 31 = 0; // in its registry
 };
 
 // The objects that an engine's scripts have made and not let go of yet.
@@ -91,6 +98,7 @@ class NativeObject : public ScriptObject {
   protected:
     NativeObject();
     ~NativeObject() override;
+    bool HasEngine() const noexcept { return m_registry != nullptr; }
 
   private:
     void Orphan() noexcept final { m_registry = nullptr; }

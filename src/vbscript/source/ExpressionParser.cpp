@@ -138,6 +138,7 @@ Expression* ExpressionParser::MakeName(NameId name, Place place) {
     node.kind = ExpressionKind::Name;
     node.place = place;
     node.name = name;
+    m_scope->mentioned.push_back(name);
     return Make(node);
 }
 
@@ -222,7 +223,7 @@ std::span<Expression* const> ExpressionParser::ParseArguments(bool bracketed) {
             if (!Is(TokenKind::Comma) && !atEnd())
                 argument = ParseExpression();
             if (argument != nullptr && argument->kind == ExpressionKind::Name)
-                MarkAssigned(static_cast<NameExpression*>(argument)->name);
+                m_scope->passed.push_back(static_cast<NameExpression*>(argument)->name);
             arguments.push_back(argument);
             if (!Take(TokenKind::Comma))
                 break;

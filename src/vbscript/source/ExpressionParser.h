@@ -21,7 +21,10 @@ class ExpressionParser : protected ParserBase {
     Expression* MakeName(NameId name, Place place);
     const LiteralExpression* ParseLiteral(); // null if the word here is none
     NameId TakeMemberName();
-    void MarkAssigned(NameId name) { m_scope->assigned.push_back(name); }
+    void MarkAssigned(NameId name) {
+        m_scope->assigned.push_back(name);
+        m_scope->mentioned.push_back(name);
+    }
 
   private:
     Expression* ParseOperators(int level);

@@ -14,6 +14,7 @@
 namespace quillon::vbscript {
 
 using NameId = std::uint32_t;
+inline constexpr NameId NoName = UINT32_MAX;
 
 class Names {
   public:

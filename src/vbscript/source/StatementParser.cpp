@@ -111,7 +111,7 @@ Statement* StatementParser::ParseNameStatement() {
             continue;
         }
         const std::size_t bracket = m_at;
-        const std::size_t marks = m_scope->assigned.size();
+        const std::size_t marks = m_scope->passed.size();
         Expression* longer = ParsePostfix(chain, true);
         const bool isLink = Is(TokenKind::Equal) || Is(TokenKind::OpenBracket) ||
                             (Is(TokenKind::Dot) && (m_withDepth == 0 || !Now().blankBefore));
@@ -126,7 +126,7 @@ Statement* StatementParser::ParseNameStatement() {
         if (ends && call->arguments.size() > 1)
             Fail(numbers::BracketsOnSubCall);
         m_at = bracket;
-        m_scope->assigned.resize(marks);
+        m_scope->passed.resize(marks);
         return FinishCall(chain, ParseArguments(false), place);
     }
 }

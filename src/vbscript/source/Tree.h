@@ -217,7 +217,9 @@ enum class ProcedureKind : std::uint8_t { Sub, Function, PropertyGet, PropertyLe
 struct Scope {
     std::vector<Declaration> variables;
     std::vector<ConstantDeclaration> constants;
-    std::vector<NameId> assigned; // names used as variables are, declared or not
+    std::vector<NameId> assigned;  // names that a statement writes to, declared or not
+    std::vector<NameId> passed;    // names that stand alone as an argument
+    std::vector<NameId> mentioned; // all names used, but for members
     Block body;
 };
 struct Procedure : Scope {
