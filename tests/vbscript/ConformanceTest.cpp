@@ -156,8 +156,9 @@ TEST_P(Conformance, Script) {
     EXPECT_EQ(error.Number, expected.error.number) << error.Description << " in line " << error.Line;
     if (error.Number != 0 && expected.error.number != 0) {
         EXPECT_EQ(error.Line, expected.error.line) << error.Description;
-        if (!expected.error.description.empty())
+        if (!expected.error.description.empty()) {
             EXPECT_EQ(error.Description, expected.error.description);
+        }
     }
     for (const auto& [line, texts] : expected.said)
         EXPECT_EQ(listener.said[line], texts) << "in line " << line;
