@@ -94,8 +94,7 @@ class FlowBuilder {
     void TryCatch(const tsql::TryCatchStatement& statement) {
         const std::size_t begin = Here();
         const std::size_t outer = m_handler;
-        m_handler =
-            kPending - m_steps.size(); // a mark of this block's own, until its handler's place is known
+        m_handler = kFirstMark - m_marks++; // a mark of this block's own, until its handler's place is known
         const std::size_t mark = m_handler;
         List(statement.body);
         m_handler = outer;

@@ -127,7 +127,8 @@ Datum SessionFunctions::IsColumnUpdated(int columnId) {
 
 Datum SessionFunctions::AskCatalogue(std::string_view function, const Datum* arguments, int count) {
     const std::span<const Datum> given(arguments, static_cast<std::size_t>(count));
-    MetadataSurroundings surroundings{m_session.store, m_session.database};
+    MetadataSurroundings surroundings{
+        m_session.store, m_session.database, dboSchema, dboPrincipal, {}, true, {}};
     surroundings.defaultSchema = m_session.Context().DefaultSchema();
     surroundings.user = m_session.UserId();
     surroundings.login = m_session.LoginName();

@@ -9,6 +9,7 @@
 #include "practice/session/SessionSink.h"
 #include "practice/session/SqlSession.h"
 #include "practice/statements/Executor.h"
+#include "practice/values/SqlError.h"
 
 #include <condition_variable>
 #include <random>

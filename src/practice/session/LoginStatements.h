@@ -1,0 +1,14 @@
+// CREATE, ALTER and DROP LOGIN, and membership in the one server role that counts here.
+#pragma once
+
+#include "practice/tsql/TreeSecurity.h"
+
+namespace quillon::practice {
+
+struct SessionState;
+
+/// Throws SqlError 15247 (not an administrator), 15025, 15151, and 49999 for statements that are none of
+/// these.
+void RunLoginStatement(SessionState& session, const tsql::Statement& statement);
+
+} // namespace quillon::practice

@@ -1,0 +1,72 @@
+#include "practice/session/Services.h"
+
+#include "practice/session/SessionFunctions.h"
+#include "practice/session/SessionState.h"
+#include "practice/values/SqlError.h"
+
+#include <chrono>
+
+namespace quillon::practice {
+
+namespace {
+
+using tsql::As;
+
+std::int64_t TicksOf(SessionState& session, const tsql::WaitForStatement& statement) {
+    const Datum value = session.Statements().Evaluate(*statement.time);
+    if (!value.IsNull() && value.Type().IsMoment())
+        return value.When().ticks;
+    const std::string text = value.IsNull() ? std::string() : ToText(value);
+    const auto parsed = ParseMoment(text, session.Functions().Options());
+    if (!parsed || parsed->hasDate || parsed->hasOffset)
+        throw SqlError(148, {text});
+    return parsed->moment.ticks;
+}
+
+void RunWaitFor(SessionState& session, const tsql::WaitForStatement& statement) {
+    std::int64_t ticks = TicksOf(session, statement);
+    if (!statement.delay) { // until that time of the clock, today or tomorrow
+        const Moment now = PresentMoment();
+        const std::int64_t local = now.ticks + session.Functions().ZoneOffsetMinutes() * ticksPerMinute;
+        ticks = ((ticks - local) % ticksPerDay + ticksPerDay) % ticksPerDay;
+    }
+    using Tick = std::chrono::duration<std::int64_t, std::ratio<1, ticksPerSecond>>;
+    const auto end = std::chrono::steady_clock::now() + Tick(ticks);
+    std::unique_lock lock(session.waitMutex);
+    session.waitChanged.wait_until(lock, end, [&] { return session.store.IsInterrupted(); });
+    lock.unlock();
+    session.CheckInterrupt();
+}
+
+bool IsQuiet(const tsql::DbccStatement& statement) {
+    return std::find(statement.options.begin(), statement.options.end(), "NO_INFOMSGS") !=
+           statement.options.end();
+}
+
+/// Commands about caches and counters that this server does not have.
+bool ChangesNothing(const std::string& command) {
+    return command == "FREEPROCCACHE" || command == "DROPCLEANBUFFERS" || command == "UPDATEUSAGE" ||
+           command == "TRACEON" || command == "TRACEOFF";
+}
+
+void RunDbcc(SessionState& session, const tsql::DbccStatement& statement) {
+    if (!ChangesNothing(statement.command))
+        throw SqlError::NotSupported("DBCC " + statement.command);
+    if (!IsQuiet(statement))
+        session.Inform(2528, MessageText(2528));
+}
+
+} // namespace
+
+void RunService(SessionState& session, const tsql::Statement& statement) {
+    switch (statement.kind) {
+    case tsql::StatementKind::WaitFor: return RunWaitFor(session, As<tsql::WaitForStatement>(statement));
+    case tsql::StatementKind::Dbcc: return RunDbcc(session, As<tsql::DbccStatement>(statement));
+    case tsql::StatementKind::Checkpoint: // what is committed is on the disk already
+    case tsql::StatementKind::Reconfigure: return;
+    case tsql::StatementKind::Kill: throw SqlError::NotSupported("KILL");
+    default: throw SqlError::NotSupported("this statement");
+    }
+}
+
+} // namespace quillon::practice

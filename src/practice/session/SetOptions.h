@@ -1,0 +1,15 @@
+// SET of the session's options.
+#pragma once
+
+#include "practice/tsql/TreeControl.h"
+
+namespace quillon::practice {
+
+struct SessionState;
+
+void RunSetOption(SessionState& session, const tsql::SetOptionStatement& statement);
+
+/// The settings that drivers since ODBC ask for when they log in, or those of the older library without.
+void SetLoginDefaults(SessionState& session, bool odbc);
+
+} // namespace quillon::practice
