@@ -1,6 +1,7 @@
 // Functions that build texts or tell what characters are: ASCII to TRANSLATE.
 #include "practice/functions/FunctionParts.h"
 #include "practice/functions/Matching.h"
+#include "practice/functions/NameParts.h"
 #include "practice/values/Unicode.h"
 
 #include <algorithm>
@@ -268,30 +269,11 @@ Datum Translate(FunctionContext&, Arguments arguments) {
 Datum ParseName(FunctionContext&, Arguments arguments) {
     if (AnyNull(arguments))
         return {};
-    std::vector<std::string> parts(1);
-    char closing = '\0';
-    const std::string name = TextOf(arguments[0]);
-    for (std::size_t at = 0; at < name.size(); ++at) {
-        const char c = name[at];
-        if (closing != '\0') {
-            if (c == closing && at + 1 < name.size() && name[at + 1] == closing)
-                parts.back().push_back(name[++at]);
-            else if (c == closing)
-                closing = '\0';
-            else
-                parts.back().push_back(c);
-        } else if (c == '[' || c == '"') {
-            closing = c == '[' ? ']' : '"';
-        } else if (c == '.') {
-            parts.emplace_back();
-        } else {
-            parts.back().push_back(c);
-        }
-    }
+    const auto parts = SplitName(TextOf(arguments[0]));
     const std::int64_t wanted = IntegerOf(arguments[1]);
-    if (closing != '\0' || parts.size() > 4 || wanted < 1 || wanted > static_cast<std::int64_t>(parts.size()))
+    if (!parts || wanted < 1 || wanted > static_cast<std::int64_t>(parts->size()))
         return {};
-    const std::string& part = parts[parts.size() - static_cast<std::size_t>(wanted)];
+    const std::string& part = (*parts)[parts->size() - static_cast<std::size_t>(wanted)];
     return part.empty() ? Datum() : Datum::Text(SysName(), part);
 }
 

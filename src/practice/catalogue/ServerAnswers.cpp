@@ -1,0 +1,253 @@
+// SERVERPROPERTY, DATABASEPROPERTYEX, and what the session's user may do.
+#include "practice/catalogue/MetadataParts.h"
+#include "practice/values/SqlError.h"
+
+#include <atomic>
+#include <random>
+
+namespace quillon::practice {
+
+namespace {
+
+Datum Variant(std::string_view text) {
+    return Datum::NVarCharOf(std::string(text));
+}
+
+Datum ServerPropertyOf(const Question& q) {
+    if (q.IsNull(0))
+        return {};
+    const std::string property = UpperName(q.Text(0));
+    if (property == "PRODUCTVERSION" || property == "RESOURCEVERSION")
+        return Variant(ProductVersion());
+    if (property == "PRODUCTMAJORVERSION")
+        return Variant("15");
+    if (property == "PRODUCTMINORVERSION")
+        return Variant("0");
+    if (property == "PRODUCTBUILD")
+        return Variant("2000");
+    if (property == "PRODUCTLEVEL")
+        return Variant("RTM");
+    if (property == "EDITION")
+        return Variant("Practice Server");
+    if (property == "ENGINEEDITION")
+        return Datum::Int(4); // Express: no features of the larger editions
+    if (property == "SERVERNAME" || property == "MACHINENAME" || property == "COMPUTERNAMEPHYSICALNETBIOS")
+        return Variant(q.here.serverName);
+    if (property == "COLLATION")
+        return Variant(DefaultCollation()->name);
+    if (property == "LCID")
+        return Datum::Int(1033);
+    if (property == "SQLCHARSETNAME")
+        return Variant("iso_1");
+    if (property == "LICENSETYPE")
+        return Variant("DISABLED");
+    for (const char* absent :
+         {"ISCLUSTERED", "ISINTEGRATEDSECURITYONLY", "ISFULLTEXTINSTALLED", "ISSINGLEUSER", "ISHADRENABLED",
+          "ISXTPSUPPORTED", "ISLOCALDB", "ISPOLYBASEINSTALLED"})
+        if (property == absent)
+            return Flag(false);
+    return {};
+}
+
+const Database* DatabaseByName(const Question& q) {
+    return q.IsNull(0) ? nullptr : q.here.store.View()->FindDatabase(q.Text(0));
+}
+
+std::string OptionOf(const Database& database, const char* name, const char* otherwise) {
+    const auto found = database.options.find(name);
+    return found == database.options.end() ? otherwise : found->second;
+}
+
+constexpr std::pair<const char*, const char*> switches[] = {
+    {"ISANSINULLDEFAULT", "ANSI_NULL_DEFAULT"},
+    {"ISANSINULLSENABLED", "ANSI_NULLS"},
+    {"ISANSIPADDINGENABLED", "ANSI_PADDING"},
+    {"ISANSIWARNINGSENABLED", "ANSI_WARNINGS"},
+    {"ISARITHMETICABORTENABLED", "ARITHABORT"},
+    {"ISNULLCONCAT", "CONCAT_NULL_YIELDS_NULL"},
+    {"ISNUMERICROUNDABORTENABLED", "NUMERIC_ROUNDABORT"},
+    {"ISQUOTEDIDENTIFIERSENABLED", "QUOTED_IDENTIFIER"},
+    {"ISRECURSIVETRIGGERSENABLED", "RECURSIVE_TRIGGERS"},
+    {"ISCLOSECURSORSONCOMMITENABLED", "CURSOR_CLOSE_ON_COMMIT"},
+    {"ISAUTOCLOSE", "AUTO_CLOSE"},
+    {"ISAUTOSHRINK", "AUTO_SHRINK"},
+};
+
+Datum DatabasePropertyOf(const Question& q) {
+    const Database* database = DatabaseByName(q);
+    if (database == nullptr || q.IsNull(1))
+        return {};
+    const std::string property = UpperName(q.Text(1));
+    if (property == "COLLATION")
+        return Variant(database->collation->name);
+    if (property == "RECOVERY")
+        return Variant(OptionOf(*database, "RECOVERY", "FULL"));
+    if (property == "STATUS")
+        return Variant("ONLINE");
+    if (property == "UPDATEABILITY")
+        return Variant("READ_WRITE");
+    if (property == "USERACCESS")
+        return Variant("MULTI_USER");
+    if (property == "VERSION")
+        return Datum::Int(904);
+    if (property == "LCID")
+        return Datum::Int(1033);
+    if (property == "SQLSORTORDER")
+        return Datum::Int(database->collation->SortId());
+    if (property == "ISAUTOCREATESTATISTICS" || property == "ISAUTOUPDATESTATISTICS")
+        return Flag(true);
+    for (const auto& [name, option] : switches)
+        if (property == name)
+            return Flag(database->Option(option));
+    for (const char* absent :
+         {"ISFULLTEXTENABLED", "ISINSTANDBY", "ISMERGEPUBLISHED", "ISPUBLISHED", "ISSUBSCRIBED",
+          "ISTORNPAGEDETECTIONENABLED", "ISREADONLY", "ISOFFLINE", "ISSINGLEUSER", "ISSUSPECT", "ISINLOAD",
+          "ISDETACHED", "ISEMERGENCYMODE", "ISDBOONLY", "ISSHUTDOWN", "ISBULKCOPY"})
+        if (property == absent)
+            return Flag(false);
+    return {};
+}
+
+// The older function answers numbers alone.
+Datum OlderDatabasePropertyOf(const Question& q) {
+    const Datum answer = DatabasePropertyOf(q);
+    return answer.IsNull() || answer.Type().IsInteger() ? answer : Datum();
+}
+
+Datum CollationPropertyOf(const Question& q) {
+    if (q.IsNull(0) || q.IsNull(1))
+        return {};
+    const Collation* collation = FindCollation(q.Text(0));
+    if (collation == nullptr)
+        return {};
+    const std::string property = UpperName(q.Text(1));
+    if (property == "CODEPAGE")
+        return Datum::Int(1252);
+    if (property == "LCID")
+        return Datum::Int(static_cast<int>(collation->LocaleAndFlags() & 0xFFFFF));
+    if (property == "COMPARISONSTYLE") // ignore case 1, accents 2, kana 65536, width 131072
+        return Datum::Int(collation->binary ? 0
+                                            : (collation->caseSensitive ? 0 : 1) +
+                                                  (collation->accentSensitive ? 0 : 2) + 65536 + 131072);
+    return property == "VERSION" ? Datum::Int(0) : Datum();
+}
+
+Datum HasAccessOf(const Question& q) {
+    return DatabaseByName(q) == nullptr ? Datum() : Flag(true);
+}
+
+// What is not there is nobody's to touch; on all else the server enforces permissions by login alone.
+Datum HasPermissionOf(const Question& q) {
+    if (q.IsNull(2))
+        return {};
+    if (q.IsNull(0) || q.IsNull(1))
+        return Flag(q.here.administrator || q.here.user == dboPrincipal);
+    const std::string kind = UpperName(q.Text(1));
+    const bool exists = kind == "OBJECT"     ? q.ObjectByName(q.Text(0)) != 0
+                        : kind == "DATABASE" ? q.here.store.View()->FindDatabase(q.Text(0)) != nullptr
+                        : kind == "SCHEMA"   ? q.Current().FindSchema(q.Text(0)) != nullptr
+                                             : true;
+    return exists ? Flag(q.here.administrator || q.here.user == dboPrincipal) : Datum();
+}
+
+bool IsMember(const Database& database, PrincipalId member, const Principal& role) {
+    if (role.id == publicPrincipal || member == role.id)
+        return true;
+    const auto found = database.principals.find(member);
+    if (found == database.principals.end())
+        return false;
+    for (const PrincipalId direct : found->second.memberOf)
+        if (IsMember(database, direct, role))
+            return true;
+    return false;
+}
+
+Datum IsRoleMemberOf(const Question& q) {
+    if (q.IsNull(0))
+        return {};
+    const Database& database = q.Current();
+    const Principal* role = database.FindPrincipal(q.Text(0));
+    if (role == nullptr || role->kind != PrincipalKind::Role)
+        return {};
+    PrincipalId member = q.here.user;
+    if (q.Count() > 1) {
+        const Principal* other = q.IsNull(1) ? nullptr : database.FindPrincipal(q.Text(1));
+        if (other == nullptr)
+            return {};
+        member = other->id;
+    }
+    const bool ownsAll = member == dboPrincipal && SameName(role->name, "db_owner");
+    return Flag(ownsAll || IsMember(database, member, *role));
+}
+
+Datum IsServerRoleMemberOf(const Question& q) {
+    if (q.IsNull(0))
+        return {};
+    const std::string role = UpperName(q.Text(0));
+    bool isOwn = true;
+    if (q.Count() > 1)
+        isOwn = !q.IsNull(1) && SameName(q.Text(1), q.here.login);
+    if (role == "PUBLIC")
+        return Flag(true);
+    for (const char* known : {"SYSADMIN", "SECURITYADMIN", "SERVERADMIN", "SETUPADMIN", "PROCESSADMIN",
+                              "DISKADMIN", "DBCREATOR", "BULKADMIN"})
+        if (role == known)
+            return isOwn                                        ? Flag(q.here.administrator)
+                   : q.Count() > 1 && SameName(q.Text(1), "sa") ? Flag(true)
+                                                                : Datum();
+    return {};
+}
+
+Datum Unsupported(const Question&) {
+    throw SqlError::NotSupported("PERMISSIONS");
+}
+
+Datum FullTextPropertyOf(const Question& q) {
+    return !q.IsNull(0) && SameName(q.Text(0), "IsFulltextInstalled") ? Flag(false) : Datum();
+}
+
+Datum LowestActiveVersion(const Question& q) {
+    const std::uint64_t next = q.here.store.Shared().LastRowVersion() + 1;
+    std::string bytes;
+    for (int shift = 56; shift >= 0; shift -= 8)
+        bytes.push_back(static_cast<char>(next >> shift));
+    return Datum::Bytes(BinaryType(TypeId::Binary, 8), std::move(bytes));
+}
+
+// Each greater than the one before since the server started, as identifiers sort: by the last group first.
+Datum NextSequentialId(const Question&) {
+    static const std::uint64_t node = std::random_device()() | (std::uint64_t(std::random_device()()) << 32);
+    static std::atomic<std::uint64_t> counter{0};
+    Guid guid;
+    for (std::size_t index = 0; index < 8; ++index)
+        guid.bytes[8 + index] = static_cast<std::uint8_t>(node >> (8 * index));
+    const std::uint64_t number = ++counter;
+    constexpr std::size_t order[8] = {6, 7, 4, 5, 0, 1, 2, 3}; // from the more to the less significant
+    for (std::size_t index = 0; index < 8; ++index)
+        guid.bytes[order[index]] = static_cast<std::uint8_t>(number >> (8 * (7 - index)));
+    return Datum::Identifier(guid);
+}
+
+constexpr MetadataAnswer rows[] = {
+    {"SERVERPROPERTY", ServerPropertyOf},
+    {"DATABASEPROPERTYEX", DatabasePropertyOf},
+    {"DATABASEPROPERTY", OlderDatabasePropertyOf},
+    {"COLLATIONPROPERTY", CollationPropertyOf},
+    {"HAS_DBACCESS", HasAccessOf},
+    {"HAS_PERMS_BY_NAME", HasPermissionOf},
+    {"PERMISSIONS", Unsupported},
+    {"IS_MEMBER", IsRoleMemberOf},
+    {"IS_ROLEMEMBER", IsRoleMemberOf},
+    {"IS_SRVROLEMEMBER", IsServerRoleMemberOf},
+    {"FULLTEXTSERVICEPROPERTY", FullTextPropertyOf},
+    {"MIN_ACTIVE_ROWVERSION", LowestActiveVersion},
+    {"NEWSEQUENTIALID", NextSequentialId},
+};
+
+} // namespace
+
+std::span<const MetadataAnswer> ServerAnswers() {
+    return rows;
+}
+
+} // namespace quillon::practice
