@@ -76,6 +76,36 @@ std::string InformationType(const std::string& a) {
            " IN (40, 58) THEN 0 WHEN " + type + " IN (41, 42, 43, 61) THEN " + a + ".scale END";
 }
 
+// ODBC's type number, name, precision, length in bytes, scale and radix of a column.
+std::string OdbcType(const std::string& a) {
+    const std::string type = a + ".system_type_id";
+    const std::string number = CaseOfTypes(
+        type, [](const TypeRow& row) { return std::to_string(SimpleType(row.id).OdbcTypeNumber()); });
+    const std::string name =
+        CaseOfTypes(type, [](const TypeRow& row) { return "'" + std::string(row.name) + "'"; });
+    const std::string sized = CaseOfTypes(type, [](const TypeRow& row) {
+        const SqlType plain = SimpleType(row.id);
+        const bool isString = (plain.IsCharacter() || plain.IsBinary()) && !plain.IsLegacyLob() &&
+                              plain.id != TypeId::RowVersion;
+        const bool usesOwn =
+            isString || plain.IsDecimal() || (plain.IsMoment() && plain.id != TypeId::DateTime);
+        return usesOwn ? std::string("-1") : std::to_string(plain.OdbcColumnSize());
+    });
+    const std::string precision = "CASE WHEN " + sized + " >= 0 THEN " + sized + " WHEN " + a +
+                                  ".max_length < 0 THEN 2147483647 WHEN " + type + " IN (231, 239) THEN " +
+                                  a + ".max_length / 2 WHEN " + type + " IN (165, 167, 173, 175) THEN " + a +
+                                  ".max_length ELSE " + a + ".precision END";
+    const std::string length = "CASE WHEN " + type + " IN (106, 108) THEN " + a + ".precision + 2 WHEN " +
+                               type + " IN (60) THEN 21 WHEN " + type + " IN (122) THEN 12 WHEN " + type +
+                               " IN (58, 61) THEN 16 WHEN " + type + " IN (34, 35, 99) OR " + a +
+                               ".max_length < 0 THEN 2147483647 ELSE " + a + ".max_length END";
+    const std::string isExact = type + " IN (48, 52, 56, 60, 106, 108, 122, 127)";
+    return number + ", " + name + " || CASE WHEN " + a + ".is_identity THEN ' identity' ELSE '' END, " +
+           precision + ", " + length + ", CASE WHEN " + isExact + " OR " + type +
+           " IN (58, 61, 41, 42, 43) THEN " + a + ".scale END, CASE WHEN " + isExact + " OR " + type +
+           " IN (59, 62) THEN 10 END";
+}
+
 std::string Option(const std::string& name) {
     return "(SELECT x.value FROM q_database_option x WHERE x.database_id = d.database_id AND x.name = '" +
            name + "')";
@@ -105,6 +135,8 @@ std::string Expand(const std::string& fragment) {
                "JOIN q_schema s ON s.database_id = o.database_id AND s.schema_id = o.schema_id";
     if (key == "type")
         return InformationType(argument);
+    if (key == "odbc")
+        return OdbcType(argument);
     if (key == "prec")
         return OlderPrecision(argument);
     if (key == "usertype")

@@ -161,6 +161,7 @@ constexpr MessageRow rows[] = {
     {15036, 16, "The data type '%1' does not exist or you do not have permission."},
     {15063, 16, "The login already has an account under a different user name."},
     {15103, 16, "Cannot bind a default to a column created with or altered to have a default value."},
+    {15070, 10, "Object '%1' was successfully marked for recompilation."},
     {15104, 16, "You do not own a table named '%1' that has a column named '%2'."},
     {15110, 16, "The proposed new database owner is already a user or aliased in the database."},
     {15118, 16,
@@ -181,6 +182,7 @@ constexpr MessageRow rows[] = {
      "Login '%1' is aliased or mapped to a user in one or more database(s). Drop the user or alias before "
      "dropping the login."},
     {15197, 16, "There is no text for object '%1'."},
+    {15198, 16, "The name supplied (%1) is not a user, role, or aliased login."},
     {15217, 16, "Property cannot be updated or deleted. Property '%1' does not exist for '%2'."},
     {15218, 16, "Object '%1' is not a table."},
     {15223, 11, "Error: The input parameter '%1' is not allowed to be null."},
@@ -194,6 +196,7 @@ constexpr MessageRow rows[] = {
     {15250, 16,
      "The database name component of the object qualifier must be the name of the current database."},
     {15251, 16, "Invalid '%1' specified. It must be %2."},
+    {15252, 11, "The primary or foreign key table name must be given."},
     {15330, 11, "There are no matching rows on which to report."},
     {15335, 11,
      "Error: The new name '%1' is already in use as a %2 name and would cause a duplicate that is not "
@@ -208,9 +211,13 @@ constexpr MessageRow rows[] = {
     {15471, 10, "The text for object '%1' is encrypted."},
     {15472, 10, "The object '%1' does not have any indexes, or you do not have permissions."},
     {15477, 10, "Caution: Changing any part of an object name could break scripts and stored procedures."},
+    {15511, 10, "Default bound to column."},
+    {15514, 10, "Rule bound to table column."},
     {15517, 16,
      "Cannot execute as the database principal because the principal \"%1\" does not exist, this type of "
      "principal cannot be impersonated, or you do not have permission."},
+    {15519, 10, "Default unbound from table column."},
+    {15522, 10, "Rule unbound from table column."},
     {15600, 15, "An invalid parameter or option was specified for procedure '%1'."},
     {15664, 16,
      "Cannot set key '%1' in the session context. The key has been set as read_only for this session."},

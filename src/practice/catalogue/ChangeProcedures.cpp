@@ -1,0 +1,116 @@
+#include "practice/catalogue/ProcedureTexts.h"
+
+namespace quillon::practice {
+
+namespace {
+
+constexpr SystemProcedure rows[] = {
+    {"sp_rename",
+     R"(CREATE PROCEDURE sys.sp_rename @objname nvarchar(1035), @newname sysname, @objtype varchar(13) = NULL AS
+SET NOCOUNT ON
+EXEC sys.q_rename @objname, @newname, @objtype
+IF @@ERROR <> 0 RETURN 1
+EXEC sys.q_raise 15477
+RETURN 0
+)"},
+    {"sp_renamedb", R"(CREATE PROCEDURE sys.sp_renamedb @dbname sysname, @newname sysname AS
+SET NOCOUNT ON
+DECLARE @text nvarchar(max)
+SET @text = N'ALTER DATABASE ' + QUOTENAME(@dbname) + N' MODIFY NAME = ' + QUOTENAME(@newname)
+EXEC (@text)
+IF @@ERROR <> 0 RETURN 1
+RETURN 0
+)"},
+    {"sp_settriggerorder",
+     R"(CREATE PROCEDURE sys.sp_settriggerorder @triggername nvarchar(517), @order varchar(10), @stmttype varchar(50),
+    @namespace varchar(10) = NULL AS
+SET NOCOUNT ON
+EXEC sys.q_settriggerorder @triggername, @order, @stmttype
+IF @@ERROR <> 0 RETURN 1
+RETURN 0
+)"},
+    {"sp_bindefault", R"(CREATE PROCEDURE sys.sp_bindefault @defname nvarchar(776), @objname nvarchar(776),
+    @futureonly varchar(15) = NULL AS
+SET NOCOUNT ON
+EXEC sys.q_bind @defname, @objname, 'D'
+IF @@ERROR <> 0 RETURN 1
+EXEC sys.q_raise 15511
+RETURN 0
+)"},
+    {"sp_unbindefault",
+     R"(CREATE PROCEDURE sys.sp_unbindefault @objname nvarchar(776), @futureonly varchar(15) = NULL AS
+SET NOCOUNT ON
+EXEC sys.q_bind NULL, @objname, 'D'
+IF @@ERROR <> 0 RETURN 1
+EXEC sys.q_raise 15519
+RETURN 0
+)"},
+    {"sp_bindrule", R"(CREATE PROCEDURE sys.sp_bindrule @rulename nvarchar(776), @objname nvarchar(776),
+    @futureonly varchar(15) = NULL AS
+SET NOCOUNT ON
+EXEC sys.q_bind @rulename, @objname, 'R'
+IF @@ERROR <> 0 RETURN 1
+EXEC sys.q_raise 15514
+RETURN 0
+)"},
+    {"sp_unbindrule",
+     R"(CREATE PROCEDURE sys.sp_unbindrule @objname nvarchar(776), @futureonly varchar(15) = NULL AS
+SET NOCOUNT ON
+EXEC sys.q_bind NULL, @objname, 'R'
+IF @@ERROR <> 0 RETURN 1
+EXEC sys.q_raise 15522
+RETURN 0
+)"},
+    {"sp_recompile", R"(CREATE PROCEDURE sys.sp_recompile @objname nvarchar(776) AS
+DECLARE @db sysname
+SET @db = DB_NAME()
+IF OBJECT_ID(@objname) IS NULL
+BEGIN
+    EXEC sys.q_raise 15009, @objname, @db
+    RETURN 1
+END
+EXEC sys.q_raise 15070, @objname
+RETURN 0
+)"},
+    {"sp_refreshview", R"(CREATE PROCEDURE sys.sp_refreshview @viewname nvarchar(776) AS
+EXEC sys.q_refuse 'sp_refreshview'
+)"},
+    {"sp_configure",
+     R"(CREATE PROCEDURE sys.sp_configure @configname varchar(35) = NULL, @configvalue int = NULL AS
+SET NOCOUNT ON
+IF @configname IS NOT NULL AND NOT EXISTS (SELECT * FROM sys.configurations WHERE name = @configname)
+BEGIN
+    EXEC sys.q_raise 15123, @configname
+    RETURN 1
+END
+IF @configvalue IS NOT NULL
+BEGIN
+    EXEC sys.q_refuse 'sp_configure with a value'
+    RETURN 1
+END
+SELECT name, minimum, maximum, config_value = value, run_value = value_in_use FROM sys.configurations
+WHERE @configname IS NULL OR name = @configname ORDER BY name
+)"},
+    {"sp_dboption", R"(CREATE PROCEDURE sys.sp_dboption @dbname sysname = NULL, @optname varchar(35) = NULL,
+    @optvalue varchar(10) = NULL AS
+EXEC sys.q_refuse 'sp_dboption'
+)"},
+    {"sp_addextendedproperty",
+     R"(CREATE PROCEDURE sys.sp_addextendedproperty @name sysname, @value sql_variant = NULL,
+    @level0type varchar(128) = NULL, @level0name sysname = NULL, @level1type varchar(128) = NULL,
+    @level1name sysname = NULL, @level2type varchar(128) = NULL, @level2name sysname = NULL AS
+EXEC sys.q_refuse 'sp_addextendedproperty'
+)"},
+    {"sp_addmessage", R"(CREATE PROCEDURE sys.sp_addmessage @msgnum int = NULL, @severity smallint = NULL,
+    @msgtext nvarchar(255) = NULL, @lang sysname = NULL, @with_log varchar(5) = 'FALSE', @replace varchar(7) = NULL AS
+EXEC sys.q_refuse 'sp_addmessage'
+)"},
+};
+
+} // namespace
+
+std::span<const SystemProcedure> ChangeProcedures() {
+    return rows;
+}
+
+} // namespace quillon::practice
