@@ -42,7 +42,7 @@ SELECT TABLE_QUALIFIER = CONVERT(sysname, DB_NAME()), TABLE_OWNER = CONVERT(sysn
     TABLE_NAME = CONVERT(sysname, o.name), COLUMN_NAME = CONVERT(sysname, c.name),
     DATA_TYPE = CONVERT(smallint, CASE WHEN @ODBCVer >= 3 THEN c.data_type WHEN c.data_type = 93 AND c.system_type_id IN
         (58, 61) THEN 11 WHEN c.data_type IN (91, 93, -154, -155) THEN -9 ELSE c.data_type END),
-    TYPE_NAME = CONVERT(sysname, c.type_name), PRECISION = c.odbc_precision, LENGTH = c.length,
+    TYPE_NAME = CONVERT(sysname, c.type_name), [PRECISION] = c.odbc_precision, LENGTH = c.length,
     SCALE = CONVERT(smallint, c.odbc_scale), RADIX = CONVERT(smallint, c.radix),
     NULLABLE = CONVERT(smallint, c.is_nullable), REMARKS = CONVERT(varchar(254), NULL),
     COLUMN_DEF = CONVERT(nvarchar(4000), c.column_def),
@@ -126,7 +126,7 @@ ORDER BY 4, 7, 6, 8
     @col_type char(1) = 'R', @scope char(1) = 'T', @nullable char(1) = 'U', @ODBCVer int = 2 AS
 SET NOCOUNT ON
 SELECT SCOPE = CONVERT(smallint, CASE WHEN @col_type = 'V' THEN NULL ELSE 1 END), COLUMN_NAME = CONVERT(sysname, c.name),
-    DATA_TYPE = CONVERT(smallint, c.data_type), TYPE_NAME = CONVERT(sysname, c.type_name), PRECISION = c.odbc_precision,
+    DATA_TYPE = CONVERT(smallint, c.data_type), TYPE_NAME = CONVERT(sysname, c.type_name), [PRECISION] = c.odbc_precision,
     LENGTH = c.length, SCALE = CONVERT(smallint, c.odbc_scale), PSEUDO_COLUMN = CONVERT(smallint, 1)
 FROM sys.q_columns c JOIN sys.objects o ON o.object_id = c.object_id JOIN sys.schemas s ON s.schema_id = o.schema_id
 WHERE o.name = @table_name AND (@table_owner IS NULL OR s.name = @table_owner)

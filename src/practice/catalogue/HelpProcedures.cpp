@@ -148,8 +148,8 @@ FROM sys.objects o WHERE o.object_id = @id
 IF @type IN ('U', 'V', 'TF', 'IF')
     SELECT Column_name = c.name, Type = CONVERT(sysname, TYPE_NAME(c.user_type_id)),
         Computed = CONVERT(varchar(35), CASE WHEN c.is_computed = 1 THEN 'yes' ELSE 'no' END),
-        Length = CONVERT(int, c.max_length), Prec = CONVERT(char(5), CASE WHEN c.precision > 0 THEN
-        CONVERT(varchar(5), c.precision) ELSE '' END), Scale = CONVERT(char(5), CASE WHEN c.precision > 0 THEN
+        Length = CONVERT(int, c.max_length), Prec = CONVERT(char(5), CASE WHEN c.[precision] > 0 THEN
+        CONVERT(varchar(5), c.[precision]) ELSE '' END), Scale = CONVERT(char(5), CASE WHEN c.[precision] > 0 THEN
         CONVERT(varchar(5), c.scale) ELSE '' END),
         Nullable = CONVERT(varchar(35), CASE WHEN c.is_nullable = 1 THEN 'yes' ELSE 'no' END),
         TrimTrailingBlanks = CONVERT(varchar(35), CASE WHEN c.collation_name IS NULL THEN '(n/a)' ELSE 'no' END),
@@ -175,7 +175,7 @@ BEGIN
 END
 IF @type IN ('P', 'FN', 'TF', 'IF') AND EXISTS (SELECT * FROM sys.parameters WHERE object_id = @id)
     SELECT Parameter_name = name, Type = CONVERT(sysname, TYPE_NAME(user_type_id)), Length = CONVERT(int, max_length),
-        Prec = CONVERT(int, precision), Scale = CONVERT(int, scale), Param_order = parameter_id,
+        Prec = CONVERT(int, [precision]), Scale = CONVERT(int, scale), Param_order = parameter_id,
         Collation = CONVERT(sysname, NULL) FROM sys.parameters WHERE object_id = @id ORDER BY parameter_id
 )"},
     {"sp_spaceused",
