@@ -1,6 +1,7 @@
 #include "execution/clsExecuteSQLScript.h"
 
 #include "execution/GoSplitter.h"
+#include "model/CleanSQLMsg.h"
 #include "platform/Conversion.h"
 #include "platform/Failure.h"
 #include "platform/FrontEnd.h"
@@ -13,8 +14,9 @@ namespace {
 
 constexpr std::size_t Width = 30; // characters of every name and value
 
-// A failure that comes again on every try would keep the walk standing still for ever.
-constexpr int MostTries = 100;
+// Every try of a failed walk gets further, since a connection gives each of its failures once; a connection
+// that does not is given up after so many.
+constexpr int MostTries = 10000;
 
 std::string FixedWidth(const std::string& text) {
     std::size_t bytes = 0, characters = 0;
@@ -26,14 +28,6 @@ std::string FixedWidth(const std::string& text) {
 }
 
 } // namespace
-
-std::string CleanSQLMsg(std::string message) {
-    for (const std::string_view prefix :
-         {"[Microsoft]", "[SQL Server]", "[DBnetlib]", "[ODBC SQL Server Driver]"})
-        for (auto at = message.find(prefix); at != std::string::npos; at = message.find(prefix, at))
-            message.erase(at, prefix.size());
-    return message;
-}
 
 const data::ConnectionRef& clsExecuteSQLScript::Connection() {
     if (!m_connection)
@@ -74,8 +68,8 @@ void clsExecuteSQLScript::RunBatch(data::Command& command, std::string_view batc
     WalkResults(std::move(results));
 }
 
-// A statement of the batch that fails late, at the step to its result, is tried again: the walk begins anew
-// on the result where it stands.
+// A statement of the batch that fails late, at the step to its result, leaves the walk on what stands before
+// it; the walk begins anew from there, and so reaches the results behind.
 void clsExecuteSQLScript::WalkResults(data::RecordsetRef results) {
     for (int tries = 1;; ++tries) {
         try {

@@ -44,7 +44,4 @@ class clsExecuteSQLScript {
     RunLog m_results;
 };
 
-// The message without the prefixes of driver and server.
-std::string CleanSQLMsg(std::string message);
-
 } // namespace quillon

@@ -5,12 +5,37 @@
 #include <memory>
 #include <string>
 
+#include "platform/DataAccess.h"
+
 namespace quillon {
 
+class ComboBox;
 class mdTable;
 
 namespace basDbaseFunctions {
 
+// --- recordsets on the session's data connection ---
+// Opens a query; `recordset` becomes a new recordset, which is closed when the query failed. A broken
+// connection is opened again and the query repeated, three times at most.
+void OpenRecordset(const std::string& sql, data::RecordsetRef& recordset, data::CursorType cursor,
+                   data::LockType lock);
+
+// Rows of a recordset, which comes back on its first row; one that is empty is not moved.
+std::int32_t GetRecordCount(data::Recordset& recordset);
+
+// Fills a list with "{All}", selected, and the first column of each row; a numeric second column becomes the
+// entry's number. A query without rows leaves the list without "{All}". False on a failure.
+//
+// Every NULL in the first column shifts the numbers of the rows behind it one entry up, as users of the
+// lists' numbers have always had it.
+bool pub_FillComboFromSQL(ComboBox& list, const std::string& sql, bool clearFirst);
+// Closes the recordset.
+bool pub_FillComboFromSQL(ComboBox& list, const data::RecordsetRef& recordset, bool clearFirst);
+
+// Fills the main screen's list of databases from the catalogue, and opens it.
+void AvailableDatabases();
+
+// --- texts, files, time ---
 // The type name alone: every "()" goes, then every blank, then every "identity".
 std::string Trim_Identity(std::string type);
 

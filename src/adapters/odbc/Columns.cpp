@@ -174,12 +174,11 @@ Value Columns::ValueOf(Column& column, SQLUSMALLINT number) {
     return Value(std::move(text));
 }
 
-std::vector<Value> Columns::Row() {
-    std::vector<Value> values;
+void Columns::ReadRow(std::vector<Value>& values) {
+    values.clear();
     values.reserve(m_columns.size());
     for (std::size_t index = 0; index < m_columns.size(); ++index)
         values.push_back(ValueOf(m_columns[index], static_cast<SQLUSMALLINT>(index + 1)));
-    return values;
 }
 
 } // namespace quillon::adapters

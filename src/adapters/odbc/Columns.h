@@ -25,8 +25,9 @@ class Columns {
     std::size_t size() const noexcept { return m_columns.size(); }
     const std::string& NameOf(std::size_t column) const { return m_columns[column].name; }
 
-    // The values of the row just fetched. Raises the driver's failure for one that cannot be read.
-    std::vector<Value> Row();
+    // The values of the row just fetched, in place of what `values` held. Raises the driver's failure for one
+    // that cannot be read.
+    void ReadRow(std::vector<Value>& values);
 
   private:
     enum class Form {

@@ -34,6 +34,12 @@ std::string Link::Database() const {
     return reinterpret_cast<const char*>(name.data());
 }
 
+bool Link::IsBroken() const {
+    SQLUINTEGER isDead = SQL_CD_FALSE;
+    return !SQL_SUCCEEDED(SQLGetConnectAttr(m_handle.get(), SQL_ATTR_CONNECTION_DEAD, &isDead, 0, nullptr)) ||
+           isDead == SQL_CD_TRUE;
+}
+
 void Link::Collect(const Handle& handle) {
     auto left = Diagnostics(handle);
     if (!left.empty())

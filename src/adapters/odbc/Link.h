@@ -25,6 +25,8 @@ class Link {
 
     const Handle& handle() const noexcept { return m_handle; }
     std::string Database() const;
+    // The server is gone: nothing more comes over this connection.
+    bool IsBroken() const;
 
     // The messages of the last call that left any.
     std::vector<data::Error>& errors() noexcept { return *m_errors; }

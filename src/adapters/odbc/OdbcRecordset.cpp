@@ -46,11 +46,14 @@ void OdbcRecordset::Start(bool keepsRows) {
     m_bof = m_eof = true;
     if (!m_open)
         return;
+    m_open = false; // unless the first row can be had
     ReadRow();
+    m_open = true;
     m_bof = m_eof;
 }
 
 void OdbcRecordset::ReadRow() {
+    m_eof = true; // and stays so when the row cannot be had: what comes after it is lost
     m_eof = !m_stream->Fetch(m_row);
     if (m_keepsRows && !m_eof)
         m_rows.push_back(m_row);
@@ -135,11 +138,15 @@ std::vector<std::vector<Value>> OdbcRecordset::GetRows() {
     return rows;
 }
 
-// The stream goes on; this recordset is used up only when it has, so that a failed call can be repeated.
+// The rows of this recordset end before the next result is asked for. A failed call leaves it closed and can
+// be repeated: the stream then goes on behind the failure.
 data::RecordsetRef OdbcRecordset::NextRecordset() {
-    if (!m_stream || !m_stream->MoreResults())
+    if (!m_stream)
         return nullptr;
     m_open = false;
+    m_rows.clear();
+    if (!m_stream->MoreResults())
+        return nullptr;
     return std::make_shared<OdbcRecordset>(m_stream);
 }
 

@@ -37,7 +37,7 @@ void ResultStream::PassOverRest() {
             break;
         const auto more = Diagnostics(m_statement);
         errors.insert(errors.end(), more.begin(), more.end());
-        if (result == SQL_ERROR && (more.empty() || more.front().SqlState.starts_with("08")))
+        if (result == SQL_ERROR && (more.empty() || m_link->IsBroken()))
             break;
     }
     SQLFreeStmt(m_statement.get(), SQL_CLOSE);
@@ -65,10 +65,11 @@ bool ResultStream::Fetch(std::vector<Value>& row) {
         if (result == SQL_NO_DATA)
             return false;
         if (!SQL_SUCCEEDED(result)) {
+            m_hasRows = false; // what the result still had is lost
             m_link->Collect(m_statement);
             RaiseDiagnostics(m_link->errors());
         }
-        row = m_columns->Row();
+        m_columns->ReadRow(row);
         return true;
     }
     if (m_keptRows.empty()) {
@@ -97,7 +98,7 @@ bool ResultStream::MoreResults() {
     }
     if (!SQL_SUCCEEDED(result)) {
         m_hasRows = false;
-        m_ended = m_link->errors().empty() || m_link->errors().front().SqlState.starts_with("08");
+        m_ended = m_link->errors().empty() || m_link->IsBroken();
         RaiseDiagnostics(m_link->errors());
     }
     Enter();

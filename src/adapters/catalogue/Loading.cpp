@@ -1,0 +1,164 @@
+// How a database takes in the rows of the catalogue's answers.
+#include "adapters/catalogue/Questions.h"
+#include "adapters/catalogue/ServerDatabase.h"
+
+namespace quillon::adapters {
+namespace {
+
+constexpr int ClusteredIndex = 1;
+
+// The element of this identifier at the end of the list, where the order of the rows puts it; added if it is
+// new.
+template <class Element>
+Element& LastWithId(std::vector<Element>& list, std::int32_t id) {
+    if (list.empty() || list.back().id != id)
+        list.emplace_back().id = id;
+    return list.back();
+}
+
+std::int16_t TriggerBit(std::int32_t event) {
+    switch (event) {
+    case 1: return catalogue::TriggerInsert;
+    case 2: return catalogue::TriggerUpdate;
+    case 3: return catalogue::TriggerDelete;
+    default: return 0;
+    }
+}
+
+} // namespace
+
+void ServerDatabase::LoadColumns() {
+    for (ServerTable& table : m_tables) {
+        table.columns.clear();
+        table.facts = {};
+    }
+    Ask(questions::Columns,
+        {[this](AnswerRow& row) { ReadColumn(row); }, [this](AnswerRow& row) { ReadKeyColumn(row); },
+         [this](AnswerRow& row) { ReadForeignKeyColumn(row); }});
+}
+
+void ServerDatabase::ReadColumn(AnswerRow& row) {
+    ServerTable* table = TableOf(row.Number());
+    if (table == nullptr)
+        return;
+    ColumnFacts& facts = table->facts.columns.emplace_back();
+    catalogue::Column& column = table->columns.emplace_back();
+    facts.id = row.Number();
+    column.Name = row.Text();
+    column.Datatype = row.Text();
+    column.Length = row.Number();
+    column.NumericPrecision = row.Number();
+    column.NumericScale = row.Number();
+    column.AllowNulls = row.Flag();
+    column.Identity = row.Flag();
+    column.IsRowGuidCol = row.Flag();
+    facts.isComputed = row.Flag();
+    facts.collation = row.Text();
+    facts.isUserType = row.Flag();
+    facts.typeSchema = row.Text();
+    facts.defaultName = row.Text();
+    column.DriDefaultText = row.Text();
+    column.Default = row.Text();
+}
+
+void ServerDatabase::ReadKeyColumn(AnswerRow& row) {
+    ServerTable* table = TableOf(row.Number());
+    if (table == nullptr)
+        return;
+    KeyFacts& key = LastWithId(table->facts.keys, row.Number());
+    key.name = row.Text();
+    key.isPrimary = row.Text().starts_with("PK");
+    key.isClustered = row.Number() == ClusteredIndex;
+    const auto position = table->PositionOf(row.Number());
+    if (!position)
+        return;
+    catalogue::Column& column = table->columns[*position];
+    key.columns.push_back(Quoted(column.Name) + (row.Flag() ? " DESC" : ""));
+    column.Keys.push_back(key.name);
+    if (key.isPrimary)
+        column.InPrimaryKey = true;
+}
+
+void ServerDatabase::ReadForeignKeyColumn(AnswerRow& row) {
+    ServerTable* table = TableOf(row.Number());
+    if (table == nullptr)
+        return;
+    ForeignKeyFacts& key = LastWithId(table->facts.foreignKeys, row.Number());
+    key.name = row.Text();
+    const auto position = table->PositionOf(row.Number());
+    const std::string schema = row.Text();
+    key.referencedTable = Quoted(schema, row.Text());
+    const std::string referenced = Quoted(row.Text());
+    key.onDelete = row.Number();
+    key.onUpdate = row.Number();
+    key.isDisabled = row.Flag();
+    if (!position)
+        return;
+    catalogue::Column& column = table->columns[*position];
+    column.Keys.push_back(key.name);
+    key.columns.push_back(Quoted(column.Name));
+    key.referencedColumns.push_back(referenced);
+}
+
+void ServerDatabase::LoadTriggers() {
+    for (ServerTable& table : m_tables)
+        table.ForgetTriggers();
+    std::unordered_map<std::int32_t, ServerTrigger*> byId;
+    const auto readTrigger = [&](AnswerRow& row) {
+        ServerTable* table = TableOf(row.Number());
+        if (table == nullptr)
+            return;
+        const std::int32_t id = row.Number();
+        TriggerFacts facts;
+        facts.owner = row.Text();
+        facts.name = row.Text();
+        facts.created = row.Date();
+        facts.isDisabled = row.Flag();
+        facts.ansiNulls = row.Flag();
+        facts.quotedIdentifier = row.Flag();
+        facts.text = row.Text();
+        byId.emplace(id, &table->AddTrigger(std::move(facts)));
+    };
+    const auto readEvent = [&](AnswerRow& row) {
+        if (const auto found = byId.find(row.Number()); found != byId.end())
+            found->second->AddType(TriggerBit(row.Number()));
+    };
+    Ask(questions::Triggers, {readTrigger, readEvent});
+}
+
+void ServerDatabase::LoadScriptFacts() {
+    for (ServerTable& table : m_tables)
+        table.facts.checks.clear();
+    Ask(questions::ScriptFacts,
+        {[this](AnswerRow& row) { ReadIdentity(row); }, [this](AnswerRow& row) { ReadComputation(row); },
+         [this](AnswerRow& row) { ReadCheck(row); }});
+}
+
+void ServerDatabase::ReadIdentity(AnswerRow& row) {
+    ServerTable* table = TableOf(row.Number());
+    const auto position = table == nullptr ? std::nullopt : table->PositionOf(row.Number());
+    if (!position)
+        return;
+    table->facts.columns[*position].seed = row.Text();
+    table->facts.columns[*position].increment = row.Text();
+}
+
+void ServerDatabase::ReadComputation(AnswerRow& row) {
+    ServerTable* table = TableOf(row.Number());
+    const auto position = table == nullptr ? std::nullopt : table->PositionOf(row.Number());
+    if (!position)
+        return;
+    table->facts.columns[*position].computation = row.Text();
+    table->facts.columns[*position].isPersisted = row.Flag();
+}
+
+void ServerDatabase::ReadCheck(AnswerRow& row) {
+    if (ServerTable* table = TableOf(row.Number())) {
+        CheckFacts& check = table->facts.checks.emplace_back();
+        check.name = row.Text();
+        check.condition = row.Text();
+        check.isDisabled = row.Flag();
+    }
+}
+
+} // namespace quillon::adapters
