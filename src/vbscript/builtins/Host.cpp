@@ -34,15 +34,13 @@ Variant InputBox(BuiltinContext& context, Arguments arguments) {
 }
 
 Variant CreateObject(BuiltinContext&, Arguments arguments) {
-    const std::string name = ToText(arguments[0]).ToUtf8();
-    const Text wanted = Text::FromUtf8(name);
+    const Text wanted = ToText(arguments[0]);
     for (const CreatableObject& candidate : CreatableObjects()) {
         const Text known = Text::FromAscii(candidate.programId);
         if (known.Length() != 0 && CompareIgnoringCase(known.View(), wanted.View()) == 0)
             return candidate.create();
     }
-    throw Failure(numbers::CannotCreateObject,
-                  std::string(FailureText(numbers::CannotCreateObject)) + ": '" + name + "'");
+    throw Failure(numbers::CannotCreateObject);
 }
 
 Variant GetObject(BuiltinContext&, Arguments) {

@@ -92,7 +92,7 @@ bool Matcher::Step(const Instruction& instruction) {
         Set(counter + 1, -1);
         return true;
     }
-    case Operation::RepeatNext: NextRound(instruction); return true;
+    case Operation::RepeatNext: return NextRound(instruction);
     case Operation::LookBegin:
         Set(instruction.a, static_cast<std::int32_t>(m_ways.size()) + 1); // behind the entry of Set itself
         Set(instruction.a + 1, m_position);
@@ -166,8 +166,7 @@ bool Matcher::Accepts(const Instruction& instruction, char16_t c) const {
     default: break;
     }
     const CharacterSet& set = m_program.sets[static_cast<std::size_t>(instruction.a)];
-    return set.Contains(c) ||
-           (m_program.ignoreCase && (set.Contains(UpperOf(c)) || set.Contains(LowerOf(c))));
+    return set.Contains(c, m_program.ignoreCase);
 }
 
 bool Matcher::TakeSpan(const Instruction& span) {
@@ -209,25 +208,28 @@ bool Matcher::TakeGroupAgain(std::int32_t group) {
     return true;
 }
 
-// At the head of a repetition: another round or on behind it. A round that took nothing is the last one.
-void Matcher::NextRound(const Instruction& next) {
+// At the head of a repetition: another round or on behind it. A round that took nothing, and was not called
+// for, fails: the way on without it was tried or is still to be tried.
+bool Matcher::NextRound(const Instruction& next) {
     const Repetition& repetition = m_program.repetitions[static_cast<std::size_t>(next.a)];
     const std::int32_t counter = repetition.countRegister;
     const std::int32_t count = Register(counter);
-    const bool tookNothing = count > repetition.minimum && Register(counter + 1) == m_position;
     const std::int32_t body = m_next;
-    if (count >= repetition.minimum && (count >= repetition.maximum || tookNothing)) {
+    if (count > repetition.minimum && Register(counter + 1) == m_position)
+        return false;
+    if (count >= repetition.maximum) {
         m_next = next.b;
-        return;
+        return true;
     }
     if (count >= repetition.minimum && repetition.lazy) {
         Push({Way::Round, body, m_position, counter});
         m_next = next.b;
-        return;
+        return true;
     }
     if (count >= repetition.minimum)
         Push({Way::Alternative, next.b, m_position, 0});
     BeginRound(counter);
+    return true;
 }
 
 void Matcher::BeginRound(std::int32_t counter) {

@@ -50,7 +50,7 @@ class Matcher {
     bool Accepts(const Instruction& instruction, char16_t c) const;
     bool TakeSpan(const Instruction& span);
     bool TakeGroupAgain(std::int32_t group);
-    void NextRound(const Instruction& next);
+    bool NextRound(const Instruction& next);
     void BeginRound(std::int32_t counter);
     bool EndLookAhead(const Instruction& end);
     bool AtLineStart() const;

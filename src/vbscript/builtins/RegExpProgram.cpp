@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "vbscript/machine/Convert.h"
+
 namespace quillon::vbscript::regexp {
 
 void CharacterSet::Add(char16_t first, char16_t last) {
@@ -22,9 +24,13 @@ void CharacterSet::AddAllBut(const CharacterSet& other) {
     m_high.emplace_back(char16_t{256}, char16_t{0xFFFF});
 }
 
-bool CharacterSet::ContainsHigh(char16_t c) const noexcept {
+bool CharacterSet::ListsHigh(char16_t c) const noexcept {
     return std::ranges::any_of(m_high,
                                [c](const auto& range) { return c >= range.first && c <= range.second; });
+}
+
+bool CharacterSet::ListsOtherCase(char16_t c) const noexcept {
+    return Lists(UpperOf(c)) || Lists(LowerOf(c));
 }
 
 } // namespace quillon::vbscript::regexp

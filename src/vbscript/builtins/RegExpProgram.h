@@ -19,10 +19,17 @@ class CharacterSet {
     void Add(const CharacterSet& other);
     void AddAllBut(const CharacterSet& other);
     void Invert() noexcept { m_inverted = !m_inverted; }
-    bool Contains(char16_t c) const noexcept { return (c < 256 ? m_low[c] : ContainsHigh(c)) != m_inverted; }
+    // Without regard to case a character is in the set if it is in either case; the inversion comes after
+    // that.
+    bool Contains(char16_t c, bool ignoreCase) const noexcept {
+        const bool listed = Lists(c) || (ignoreCase && ListsOtherCase(c));
+        return listed != m_inverted;
+    }
 
   private:
-    bool ContainsHigh(char16_t c) const noexcept;
+    bool Lists(char16_t c) const noexcept { return c < 256 ? m_low[c] : ListsHigh(c); }
+    bool ListsHigh(char16_t c) const noexcept;
+    bool ListsOtherCase(char16_t c) const noexcept;
 
     std::bitset<256> m_low;
     std::vector<std::pair<char16_t, char16_t>> m_high;

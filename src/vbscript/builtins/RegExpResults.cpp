@@ -70,6 +70,9 @@ const void* RegExpMatch::Shape() const noexcept {
 Variant RegExpMatch::Access(MemberId member, InvokeKind kind, std::span<Variant> arguments) {
     if (member < DefaultMemberId || member > SubMatchesMember)
         throw Failure(numbers::MemberNotSupported);
+    // `match.SubMatches(0)` is the list's item: a property without parameters hands its arguments on.
+    if (member == SubMatchesMember && !IsWrite(kind) && !arguments.empty())
+        return static_cast<ScriptObject*>(m_subMatches.get())->Access(DefaultMemberId, kind, arguments);
     const MemberId named = member == DefaultMemberId ? MemberId{ValueMember} : member;
     RequireRead(kind, arguments, 0, MatchMembers[named - 1]);
     switch (named) {

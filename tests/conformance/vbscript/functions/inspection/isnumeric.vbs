@@ -1,0 +1,20 @@
+' IsNumeric: what could be converted to a number.
+Say IsNumeric(5) '= True
+Say IsNumeric("5") '= True
+Say IsNumeric(" 1,000.5 ") '= True
+Say IsNumeric("1e5") '= True
+Say IsNumeric("1d5") '= True
+Say IsNumeric("$5") '= True
+Say IsNumeric("(5)") '= True
+Say IsNumeric("&HFF") '= True
+Say IsNumeric(Empty) '= True
+Say IsNumeric(True) '= True
+Say IsNumeric("") '= False
+Say IsNumeric("abc") '= False
+Say IsNumeric("5%") '= False
+Say IsNumeric("True") '= False
+Say IsNumeric(Null) '= False
+Say IsNumeric(#1/1/2000#) '= False
+Say IsNumeric(Array(1)) '= False
+Say IsNumeric(Nothing) '= False
+Say IsNumeric("1e400") '= False
