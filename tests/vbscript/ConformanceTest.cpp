@@ -9,6 +9,7 @@
 #include "HostObjects.h"
 #include "platform/Conversion.h"
 #include "vbscript/VbScriptHost.h"
+#include "vbscript/machine/Heap.h"
 
 namespace quillon::vbscript::tests {
 namespace {
@@ -139,6 +140,7 @@ TEST_P(Conformance, Script) {
     const Expectations expected = ExpectationsIn(script);
     ASSERT_TRUE(!expected.said.empty() || expected.error.line != 0) << "the script expects nothing";
 
+    Heap::SetLimit(std::size_t{64} << 20); // for the scripts that run into it
     VbScriptHost* running = nullptr;
     Listener listener(running);
     VbScriptHost host(&listener);

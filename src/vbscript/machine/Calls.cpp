@@ -11,7 +11,7 @@ namespace quillon::vbscript {
 void Machine::PlainArguments(Variant* base, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i)
         if (base[i].kind() == Kind::Reference)
-            base[i] = Variant(*base[i].Target());
+            base[i] = Referred(base[i]);
 }
 
 void Machine::FinishNative(Variant* base, std::size_t arguments, Variant result) {
@@ -71,6 +71,12 @@ Machine::Step Machine::CallUnset(Step at, std::size_t arguments, NameId name, bo
     RaiseNamed(Top().code->isExplicit ? numbers::VariableUndefined : numbers::TypeMismatch, name);
 }
 
+bool Machine::IsGlobalMember(NameId name) const {
+    return std::ranges::any_of(m_globalMembers, [&](const ObjectRef& object) {
+        return object->FindMember(m_names.Utf8(name)).has_value();
+    });
+}
+
 bool Machine::CallGlobalMember(Step at, std::size_t arguments, NameId name, bool isCall) {
     for (const ObjectRef& object : m_globalMembers) {
         const std::optional<MemberId> member = object->FindMember(m_names.Utf8(name));
@@ -117,10 +123,9 @@ Machine::Step Machine::DoRefer(Step at) {
     case Kind::Class:
     case Kind::Constant: return DoLoadName(at);
     case Kind::Unset:
-        if (SpaceOf(at->b) != Space::Global || Top().code->isExplicit || !m_globalMembers.empty())
+        if (SpaceOf(at->b) != Space::Global || Top().code->isExplicit || IsGlobalMember(Top().code->sites[at->c].name))
             return DoLoadName(at);
-        named = Variant();
-        [[fallthrough]];
+        [[fallthrough]]; // a variable of the module, once it is written to
     default: *Base(at->a) = Variant::ReferenceTo(&named); return at + 1;
     }
 }

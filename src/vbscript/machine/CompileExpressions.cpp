@@ -107,6 +107,31 @@ Operand ProcedureCompiler::NameValue(const NameExpression& name) {
     }
 }
 
+// Whether evaluating it may run other code, which may change variables: it calls, or a name in it may be a
+// procedure's.
+bool ProcedureCompiler::RunsCode(const Expression& expression) const {
+    switch (expression.kind) {
+    case ExpressionKind::Literal:
+    case ExpressionKind::Me: return false;
+    case ExpressionKind::Name: {
+        const Binding binding = Find(static_cast<const NameExpression&>(expression).name);
+        return !IsVariable(binding) && binding.kind != Binding::Kind::Literal && binding.kind != Binding::Kind::Constant;
+    }
+    case ExpressionKind::Unary: return RunsCode(*static_cast<const UnaryExpression&>(expression).operand);
+    case ExpressionKind::Bracket: return RunsCode(*static_cast<const BracketExpression&>(expression).inner);
+    case ExpressionKind::Binary: {
+        const Expression* rest = &expression;
+        for (const BinaryExpression* link = AsBinary(rest); link != nullptr; link = AsBinary(rest)) {
+            if (RunsCode(*link->right))
+                return true;
+            rest = link->left;
+        }
+        return RunsCode(*rest);
+    }
+    default: return true;
+    }
+}
+
 Operand ProcedureCompiler::UnaryValue(const UnaryExpression& unary, int want) {
     const std::uint16_t place = m_write.NextRegister();
     const Operand operand = Value(*unary.operand);
@@ -130,7 +155,7 @@ Operand ProcedureCompiler::Protected(Operand operand, bool hasCalls, std::uint16
 // in a loop.
 Operand ProcedureCompiler::BinaryValue(const BinaryExpression& binary, int want) {
     if (binary.operation == BinaryOperator::Concatenate &&
-        (binary.right->hasCalls || (AsBinary(binary.left) != nullptr &&
+        (RunsCode(*binary.right) || (AsBinary(binary.left) != nullptr &&
                                     AsBinary(binary.left)->operation == BinaryOperator::Concatenate)))
         return JoinValue(binary, want);
     std::vector<const BinaryExpression*> chain;
@@ -145,7 +170,7 @@ Operand ProcedureCompiler::BinaryValue(const BinaryExpression& binary, int want)
     Operand left = Value(*first);
     for (; !chain.empty(); chain.pop_back()) {
         const BinaryExpression& link = *chain.back();
-        left = Protected(left, link.right->hasCalls, place);
+        left = Protected(left, RunsCode(*link.right), place);
         const Operand right = Value(*link.right);
         const Operand target = Target(chain.size() == 1 ? want : Anywhere, place);
         m_write.Emit(OpOf(link.operation), target, left, right);
@@ -185,7 +210,7 @@ void ProcedureCompiler::JumpUnless(const Expression& condition, Label& label) {
     const std::uint16_t place = m_write.NextRegister();
     const BinaryExpression* binary = AsBinary(&condition);
     if (binary != nullptr && IsComparison(binary->operation)) {
-        const Operand left = Protected(Value(*binary->left), binary->right->hasCalls, place);
+        const Operand left = Protected(Value(*binary->left), RunsCode(*binary->right), place);
         const Operand right = Value(*binary->right);
         m_write.ReleaseTo(place);
         if (!m_write.HasObjects()) {

@@ -169,7 +169,7 @@ void ProcedureCompiler::StoreElement(Operand array, std::span<Argument> subscrip
                                      bool isSet) {
     if (subscripts.size() == 1 && subscripts.front() != nullptr) {
         const std::uint16_t place = m_write.NextRegister();
-        const Operand subscript = Protected(Value(*subscripts.front()), value.hasCalls, place);
+        const Operand subscript = Protected(Value(*subscripts.front()), RunsCode(value), place);
         const Operand stored = Value(value);
         m_write.Emit(isSet ? Op::SetIndex : Op::StoreIndex, array, subscript, stored);
         return;

@@ -45,13 +45,18 @@ Variant InvokeOnce(const ObjectRef& object, MemberId member, InvokeKind kind, st
     if (auto* own = dynamic_cast<ScriptObject*>(object.get())) {
         for (Variant& argument : arguments)
             if (argument.kind() == Kind::Reference)
-                argument = Variant(*argument.Target());
+                argument = Referred(argument);
         return own->Access(member, kind, arguments);
     }
     return FromValue(InvokeHost(object, member, kind, arguments));
 }
 
 } // namespace
+
+Variant Referred(const Variant& reference) noexcept {
+    const Variant& target = *reference.Target();
+    return target.kind() == Kind::Unset ? Variant() : target;
+}
 
 Variant InvokeObject(const ObjectRef& object, MemberId member, InvokeKind kind,
                      std::span<Variant> arguments) {
@@ -77,7 +82,7 @@ Variant ReadElement(const Variant& container, std::span<Variant> arguments) {
     if (held.IsArray()) {
         for (Variant& argument : arguments)
             if (argument.kind() == Kind::Reference)
-                argument = Variant(*argument.Target());
+                argument = Referred(argument);
         const ArrayBuffer& array = *held.AsArray();
         return array.Elements()[Subscripts(arguments).PlaceIn(array)];
     }

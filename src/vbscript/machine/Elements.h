@@ -21,6 +21,9 @@ void AssignVariable(Variant& variable, Variant value, bool isSet);
 // What a variable gets when `value` is assigned to it without Set: arrays become dynamic.
 Variant AssignedValue(Variant value);
 
+// The value of the variable that a Reference stands for; an undeclared one is Empty.
+Variant Referred(const Variant& reference) noexcept;
+
 // A member of any object. Host objects get Values; where they change an argument that is a Reference, the
 // variable changes. A property without parameters that is read with arguments gives the element of its value.
 Variant InvokeObject(const ObjectRef& object, MemberId member, InvokeKind kind, std::span<Variant> arguments);

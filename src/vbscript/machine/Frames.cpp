@@ -1,11 +1,21 @@
 // Frames: entering and leaving procedures.
 
 #include "platform/FailureNumbers.h"
-#include "vbscript/machine/Array.h"
+#include "vbscript/machine/Elements.h"
 #include "vbscript/machine/Instance.h"
 #include "vbscript/machine/Machine.h"
 
 namespace quillon::vbscript {
+
+namespace {
+
+// A ByVal argument: the variable's value, arrays as a copy that may change its size.
+Variant CopiedArgument(const Variant& reference) {
+    Variant value = Referred(reference);
+    return value.IsArray() ? AssignedValue(std::move(value)) : value;
+}
+
+} // namespace
 
 void Machine::SetSpaces() noexcept {
     m_spaces[2] = m_globals.Variables();
@@ -43,7 +53,7 @@ Machine::Step Machine::Enter(const Code& code, Variant* registers, std::size_t a
     if (code.valueCount != 0)
         for (std::size_t i = 0; i < arguments; ++i)
             if (code.byValue[i] && registers[i].kind() == Kind::Reference)
-                registers[i] = Variant(*registers[i].Target());
+                registers[i] = CopiedArgument(registers[i]);
     if (!m_frames.empty())
         m_frames.back().at = m_at;
     Variant* const fields = me ? static_cast<Instance*>(me.get())->Fields() : nullptr;

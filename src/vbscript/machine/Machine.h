@@ -149,6 +149,7 @@ class Machine final : public BuiltinContext {
     Step DoCallBuiltin(Step at);
     Step CallValue(Step at, const Variant& callee, std::size_t arguments, NameId name, bool wantsResult);
     Step CallUnset(Step at, std::size_t arguments, NameId name, bool wantsResult);
+    bool IsGlobalMember(NameId name) const;
     bool CallGlobalMember(Step at, std::size_t arguments, NameId name, bool isCall);
     Step DoGetMember(Step at, InvokeKind kind);
     Step DoPutMember(Step at, InvokeKind kind);

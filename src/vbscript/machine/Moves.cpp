@@ -55,7 +55,7 @@ void Machine::DoJoin(Step at) {
     Variant joined;
     if (allNull) {
         joined = NullValue{};
-    } else if (target.IsText() && target.AsText().SharesWith(parts[0].AsText()) &&
+    } else if (&target != &parts[0] && target.IsText() && target.AsText().SharesWith(parts[0].AsText()) &&
                target.AsText().Owners() == 2) {
         parts[0] = Variant();
         for (const Variant& part : parts.subspan(1))

@@ -40,7 +40,8 @@ Binding ProcedureCompiler::Find(NameId name) const {
         if (const auto found = m_class->names.find(name); found != m_class->names.end())
             return found->second;
     if (const auto found = m_unit.names.find(name); found != m_unit.names.end())
-        return found->second;
+        if (found->second.kind != Binding::Kind::FreeGlobal || m_code.isModule)
+            return found->second;
     const BuiltinNames& builtins = m_context.builtins;
     if (const auto found = builtins.functionsByName.find(name); found != builtins.functionsByName.end())
         return {Binding::Kind::Builtin, found->second};

@@ -84,6 +84,7 @@ class ProcedureCompiler {
     Operand UnaryValue(const UnaryExpression& unary, int want);
     Operand BinaryValue(const BinaryExpression& binary, int want);
     Operand JoinValue(const BinaryExpression& binary, int want);
+    bool RunsCode(const Expression& expression) const;
     Operand Protected(Operand operand, bool hasCalls, std::uint16_t place);
     Operand Target(int want, std::uint16_t place);
     void JumpUnless(const Expression& condition, Label& label);

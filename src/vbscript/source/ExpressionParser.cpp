@@ -71,7 +71,6 @@ Expression* ExpressionParser::Combine(BinaryOperator operation, Expression* left
     node.kind = ExpressionKind::Binary;
     node.place = place;
     node.depth = std::max(left->depth, Deeper(right->depth));
-    node.hasCalls = left->hasCalls || right->hasCalls;
     node.operation = operation;
     node.left = left;
     node.right = right;
@@ -94,7 +93,6 @@ Expression* ExpressionParser::ParseUnary(int level) {
         return ParseOperand();
     }
     node.depth = Deeper(node.operand->depth);
-    node.hasCalls = node.operand->hasCalls;
     return Make(node);
 }
 
@@ -113,7 +111,6 @@ Expression* ExpressionParser::ParseOperand() {
         node.inner = ParseExpression();
         Expect(TokenKind::CloseBracket, numbers::ExpectedCloseBracket);
         node.depth = Deeper(node.inner->depth);
-        node.hasCalls = node.inner->hasCalls;
         operand = Make(node);
     } else {
         operand = ParsePrimary();
@@ -127,7 +124,6 @@ Expression* ExpressionParser::ParseNew() {
     NewExpression node{};
     node.kind = ExpressionKind::New;
     node.place = Now().place;
-    node.hasCalls = true;
     Skip();
     node.name = TakeName();
     return Make(node);
@@ -166,7 +162,6 @@ Expression* ExpressionParser::ParsePrimary() {
         MemberExpression node{};
         node.kind = ExpressionKind::Member;
         node.place = place;
-        node.hasCalls = true;
         node.object = nullptr;
         node.name = TakeMemberName();
         return Make(node);
@@ -183,7 +178,6 @@ Expression* ExpressionParser::ParsePostfix(Expression* primary, bool dotAfterBla
         MemberExpression node{};
         node.kind = ExpressionKind::Member;
         node.place = place;
-        node.hasCalls = true;
         node.depth = Deeper(primary->depth);
         node.object = primary;
         node.name = TakeMemberName();
@@ -199,7 +193,6 @@ Expression* ExpressionParser::MakeCall(Expression* callee, std::span<Expression*
     CallExpression node{};
     node.kind = ExpressionKind::Call;
     node.place = place;
-    node.hasCalls = true;
     node.callee = callee;
     node.arguments = arguments;
     std::size_t depth = callee->depth;

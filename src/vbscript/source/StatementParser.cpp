@@ -17,20 +17,20 @@ void StatementParser::EndStatement() {
     Fail(numbers::ExpectedEndOfStatement);
 }
 
+// `End` with any other word ends a block too: the block's own end word is then what is missing.
 bool StatementParser::AtBlockEnd(BlockEnd end) const {
-    const auto endOf = [&](Keyword what) { return Is(Keyword::End) && Ahead().keyword == what; };
+    if (end == BlockEnd::Text)
+        return false;
+    if (Is(Keyword::End))
+        return true;
     switch (end) {
-    case BlockEnd::Text: return false;
-    case BlockEnd::Procedure:
-        return endOf(Keyword::Sub) || endOf(Keyword::Function) || endOf(Keyword::Property);
-    case BlockEnd::If: return Is(Keyword::Else) || Is(Keyword::ElseIf) || endOf(Keyword::If);
-    case BlockEnd::Case: return Is(Keyword::Case) || endOf(Keyword::Select);
+    case BlockEnd::If: return Is(Keyword::Else) || Is(Keyword::ElseIf);
+    case BlockEnd::Case: return Is(Keyword::Case);
     case BlockEnd::Loop: return Is(Keyword::Loop);
     case BlockEnd::Next: return Is(Keyword::Next);
     case BlockEnd::Wend: return Is(Keyword::Wend);
-    case BlockEnd::With: return endOf(Keyword::With);
+    default: return false;
     }
-    return false;
 }
 
 Block StatementParser::ParseBlock(BlockEnd end) {

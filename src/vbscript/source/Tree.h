@@ -59,7 +59,6 @@ enum class BinaryOperator : std::uint8_t {
 
 struct Expression {
     ExpressionKind kind;
-    bool hasCalls = false;   // evaluating it may run other code, or read what such code changes
     std::uint16_t depth = 0; // nested nodes, the left operands of operators not counted
     Place place;
 };

@@ -1,0 +1,3 @@
+Class C
+  x = 1 '! 1002
+End Class

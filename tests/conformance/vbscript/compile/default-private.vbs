@@ -1,0 +1,4 @@
+Class C
+  Private Default Sub S '! 1057
+  End Sub
+End Class

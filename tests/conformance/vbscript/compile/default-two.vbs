@@ -1,0 +1,6 @@
+Class C
+  Public Default Function A
+  End Function
+  Public Default Function B '! 1052
+  End Function
+End Class

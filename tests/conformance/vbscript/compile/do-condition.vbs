@@ -1,0 +1,1 @@
+Do unless x '! 1028

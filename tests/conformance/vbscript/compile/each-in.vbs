@@ -1,0 +1,1 @@
+For Each x Of y '! 1046

@@ -1,0 +1,3 @@
+If x Then
+y = 1
+End Sub '! 1012

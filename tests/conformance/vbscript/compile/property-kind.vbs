@@ -1,0 +1,4 @@
+Class C
+  Property P '! 1049
+  End Property
+End Class

@@ -1,0 +1,1 @@
+Property Get x '! 1048

@@ -1,0 +1,1 @@
+Select Host '! 1021

@@ -1,0 +1,1 @@
+S(1, 2) '! 1044 Cannot use parentheses when calling a Sub

@@ -1,0 +1,3 @@
+With Host
+x = 1
+End If '! 1029
