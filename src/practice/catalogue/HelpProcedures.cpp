@@ -164,7 +164,7 @@ BEGIN
     ELSE
         SELECT [Identity] = CONVERT(sysname, 'No identity column defined.'), Seed = CONVERT(numeric(38, 0), NULL),
             Increment = CONVERT(numeric(38, 0), NULL), [Not For Replication] = CONVERT(int, NULL)
-    SELECT RowGuidCol = ISNULL((SELECT MIN(name) FROM sys.columns WHERE object_id = @id AND is_rowguidcol = 1),
+    SELECT [RowGuidCol] = ISNULL((SELECT MIN(name) FROM sys.columns WHERE object_id = @id AND is_rowguidcol = 1),
         'No rowguidcol column defined.')
 END
 IF @type = 'U'
