@@ -48,11 +48,11 @@ std::shared_ptr<const tsql::ParsedExpression> Engine::StoredExpression(const std
     return parsed;
 }
 
-TableWriter& Engine::Writer(const std::shared_ptr<const Table>& table) {
-    std::unique_ptr<TableWriter>& writer = m_writers[table->id];
+std::shared_ptr<TableWriter> Engine::SharedWriter(const std::shared_ptr<const Table>& table) {
+    std::shared_ptr<TableWriter>& writer = m_writers[table->id];
     if (!writer || writer->Definition().version != table->version)
-        writer = std::make_unique<TableWriter>(*this, table);
-    return *writer;
+        writer = std::make_shared<TableWriter>(*this, table);
+    return writer;
 }
 
 } // namespace quillon::practice

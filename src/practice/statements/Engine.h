@@ -31,8 +31,10 @@ class Engine {
 
     std::shared_ptr<const tsql::Batch> ModuleTree(const Module& module);
     std::shared_ptr<const tsql::ParsedExpression> StoredExpression(const std::string& text);
-    // The writer of a table in its present version, with its statements prepared.
-    TableWriter& Writer(const std::shared_ptr<const Table>& table);
+    // The writer of a table in its present version, with its statements prepared. Who keeps it across other
+    // statements must share it: a trigger may alter the table.
+    std::shared_ptr<TableWriter> SharedWriter(const std::shared_ptr<const Table>& table);
+    TableWriter& Writer(const std::shared_ptr<const Table>& table) { return *SharedWriter(table); }
 
   private:
     struct CachedTree {
@@ -41,7 +43,7 @@ class Engine {
     };
     std::unordered_map<ObjectId, CachedTree> m_trees;
     std::unordered_map<std::string, std::shared_ptr<const tsql::ParsedExpression>> m_expressions;
-    std::unordered_map<ObjectId, std::unique_ptr<TableWriter>> m_writers;
+    std::unordered_map<ObjectId, std::shared_ptr<TableWriter>> m_writers;
 };
 
 } // namespace quillon::practice

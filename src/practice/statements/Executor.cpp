@@ -83,14 +83,20 @@ Datum RunExpression(Engine& engine, const tsql::Expression& expression, const Sq
     return plan->statement.IsNull(0) ? Datum::Null(type) : LoadColumn(plan->statement.Handle(), 0, type);
 }
 
-} // namespace
-
-bool Executor::Handles(tsql::StatementKind kind) {
-    return IsQueryOrChange(kind) || IsDefinition(kind);
+// What SQLite refuses in spite of our own checks (its limits on the size of statements, a full disk) ends the
+// statement, not the session.
+template <class Body>
+auto Reported(Body body) -> decltype(body()) {
+    try {
+        return body();
+    } catch (const StoreFailure& failure) {
+        throw SqlError::Custom(notSupportedNumber, 16, 1,
+                               std::string("The practice server could not run the statement: ") +
+                                   failure.what() + ".");
+    }
 }
 
-StatementOutcome Executor::Execute(const tsql::Statement& statement) {
-    Engine& engine = *m_engine;
+StatementOutcome RunWithRetry(Engine& engine, const tsql::Statement& statement) {
     constexpr int attempts = 3;
     for (int attempt = 1;; ++attempt) {
         const std::uint64_t seen = engine.store.View()->Version();
@@ -106,20 +112,30 @@ StatementOutcome Executor::Execute(const tsql::Statement& statement) {
     }
 }
 
+} // namespace
+
+bool Executor::Handles(tsql::StatementKind kind) {
+    return IsQueryOrChange(kind) || IsDefinition(kind);
+}
+
+StatementOutcome Executor::Execute(const tsql::Statement& statement) {
+    return Reported([&] { return RunWithRetry(*m_engine, statement); });
+}
+
 Datum Executor::Evaluate(const tsql::Expression& expression) {
-    return RunExpression(*m_engine, expression, nullptr, false);
+    return Reported([&] { return RunExpression(*m_engine, expression, nullptr, false); });
 }
 
 Datum Executor::Evaluate(const tsql::Expression& expression, const SqlType& target) {
-    return RunExpression(*m_engine, expression, &target, false);
+    return Reported([&] { return RunExpression(*m_engine, expression, &target, false); });
 }
 
 bool Executor::IsTrue(const tsql::Expression& condition) {
-    return RunExpression(*m_engine, condition, nullptr, true).Integer() != 0;
+    return Reported([&] { return RunExpression(*m_engine, condition, nullptr, true).Integer() != 0; });
 }
 
 std::unique_ptr<QueryReader> Executor::Open(const tsql::SelectStatement& statement, bool withRowIds) {
-    return OpenReader(*m_engine, statement, withRowIds);
+    return Reported([&] { return OpenReader(*m_engine, statement, withRowIds); });
 }
 
 std::vector<ResultColumn> Executor::Describe(const tsql::Statement& statement) {

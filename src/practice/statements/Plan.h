@@ -31,6 +31,7 @@ class Plan : public tsql::Attachment {
     Prepared statement;
     std::vector<OutputColumn> columns;
     bool inUse = false;
+    StoreSession::Writes writes = StoreSession::Writes::Data; // of a plan that changes rows
 
     bool Fits(Engine& engine, const PlanStamp& now) const;
     // Puts the values of variables in place.
@@ -73,6 +74,14 @@ class PlanUse {
     PlanType* m_plan = nullptr;
     std::unique_ptr<PlanType> m_own;
 };
+
+// What a statement writes, from the plan that it has already or found out anew.
+template <class FindOut>
+StoreSession::Writes KnownWrites(Engine& engine, const std::unique_ptr<tsql::Attachment>& slot,
+                                 FindOut findOut) {
+    const auto* kept = dynamic_cast<const Plan*>(slot.get());
+    return kept != nullptr && kept->Fits(engine, PlanStamp::Now(engine)) ? kept->writes : findOut();
+}
 
 // A statement that writes: everything or nothing.
 class StatementScope {

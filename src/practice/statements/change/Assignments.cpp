@@ -67,7 +67,7 @@ Assignments BindAssignments(Translator& translator, const std::vector<tsql::SetC
             const Scalar before =
                 column != nullptr
                     ? translator.ColumnScalar({&source, FindIn(source, set.column.Last())}, scope)
-                    : translator.Variable(set.variable);
+                    : translator.VariableScalar(set.variable);
             value = translator.Compound(set.op, before, value);
         }
         if (column != nullptr) {
@@ -78,7 +78,7 @@ Assignments BindAssignments(Translator& translator, const std::vector<tsql::SetC
             bound.columns.push_back({column, places.at(column->id), value.sql});
         }
         if (!set.variable.empty()) {
-            const practice::Variable* variable = engine.context.FindVariable(set.variable);
+            const Variable* variable = engine.context.FindVariable(set.variable);
             if (variable == nullptr || variable->table)
                 throw SqlError(137, {set.variable});
             bound.variables.push_back(

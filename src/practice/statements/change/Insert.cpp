@@ -139,25 +139,6 @@ std::vector<StoredRow> RowsOfCall(Engine& engine, const InsertColumns& target, c
     return rows;
 }
 
-void GiveIdentity(Engine& engine, const InsertColumns& target, TableWriter& writer, StoredRow& row) {
-    const Column* identity = target.table->IdentityColumn();
-    if (identity == nullptr)
-        return;
-    std::int64_t value = 0;
-    if (!target.explicitIdentity)
-        value = writer.GiveIdentity(row);
-    else {
-        const StoredValue& given = row[static_cast<std::size_t>(writer.PlaceOf(identity->id))];
-        if (given.IsNull())
-            throw SqlError(339);
-        value = given.Integer();
-        engine.store.Shared().Identities().Follow(target.table->id, *identity->identity, value);
-        if (!target.table->temporary)
-            engine.store.NoteIdentity(target.table->id);
-    }
-    engine.context.NoteIdentity(Convert(Datum::BigInt(value), DecimalType(38, 0, TypeId::Numeric)));
-}
-
 // Calls `use` for every row to insert.
 template <class Use>
 void ForEachRow(Engine& engine, InsertPlan& plan, std::vector<StoredRow>& called, Use use) {
@@ -210,13 +191,14 @@ StatementOutcome RunInsert(Engine& engine, const tsql::InsertStatement& statemen
         engine.context.RunForInsert(static_cast<const tsql::ExecuteStatement&>(*statement.execute),
                                     *collected);
     }
-    const StoreSession::Writes writes = [&] {
+    const StoreSession::Writes writes = KnownWrites(engine, statement.attachment, [&] {
         Translator translator(engine);
         const Target target = RequireTarget(translator, statement.target);
         return WritesOf(engine, statement, target.table.get());
-    }();
+    });
     StatementScope scope(engine, writes);
     PlanUse<InsertPlan> plan(engine, statement.attachment, [&] { return MakePlan(engine, statement); });
+    plan->writes = writes;
     const InsertColumns& target = plan->target;
     std::vector<StoredRow> called;
     if (collected)

@@ -129,4 +129,23 @@ std::vector<std::string> InsertColumns::Complete(Translator& translator,
     return row;
 }
 
+void GiveIdentity(Engine& engine, const InsertColumns& target, TableWriter& writer, StoredRow& row) {
+    const Column* identity = target.table->IdentityColumn();
+    if (identity == nullptr)
+        return;
+    std::int64_t value = 0;
+    if (!target.explicitIdentity)
+        value = writer.GiveIdentity(row);
+    else {
+        const StoredValue& given = row[static_cast<std::size_t>(writer.PlaceOf(identity->id))];
+        if (given.IsNull())
+            throw SqlError(339);
+        value = given.Integer();
+        engine.store.Shared().Identities().Follow(target.table->id, *identity->identity, value);
+        if (!target.table->temporary)
+            engine.store.NoteIdentity(target.table->id);
+    }
+    engine.context.NoteIdentity(Convert(Datum::BigInt(value), DecimalType(38, 0, TypeId::Numeric)));
+}
+
 } // namespace quillon::practice

@@ -21,6 +21,9 @@ struct InsertColumns {
     void RequireWritable(const Column& column) const;
 };
 
+// Gives the row its identity, or has the counter follow the one it brings; tells the session.
+void GiveIdentity(Engine& engine, const InsertColumns& target, TableWriter& writer, StoredRow& row);
+
 InsertColumns BindInsert(Translator& translator, const tsql::InsertStatement& statement);
 // For a table that is known: the columns named, or all that can be given. 207, 264, 544, 545, 8101.
 InsertColumns BindColumns(Engine& engine, std::shared_ptr<const Table> table,

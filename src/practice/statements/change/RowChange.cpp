@@ -10,7 +10,8 @@ namespace quillon::practice {
 RowChange::RowChange(Engine& engine, std::shared_ptr<const Table> table, TriggerEvent event, bool keepSets,
                      const char* verb)
     : m_engine(engine)
-    , m_writer(engine.Writer(table))
+    , m_shared(engine.SharedWriter(table))
+    , m_writer(*m_shared)
     , m_event(event)
     , m_verb(verb)
     , m_updated(static_cast<std::size_t>(table->lastColumnId) + 1, event == TriggerEvent::Insert) {

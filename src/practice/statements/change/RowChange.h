@@ -54,6 +54,7 @@ class RowChange {
     bool TouchesUniqueKey(const std::vector<int>& places) const;
 
     Engine& m_engine;
+    std::shared_ptr<TableWriter> m_shared;
     TableWriter& m_writer;
     TriggerEvent m_event;
     const char* m_verb;

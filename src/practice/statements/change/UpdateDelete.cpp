@@ -113,7 +113,7 @@ template <class Statement>
 std::uint64_t RunChange(Engine& engine, const Statement& statement, TriggerEvent event,
                         const std::vector<tsql::SetClause>& clauses) {
     const char* verb = event == TriggerEvent::Update ? "UPDATE" : "DELETE";
-    const StoreSession::Writes writes = [&] {
+    const StoreSession::Writes writes = KnownWrites(engine, statement.attachment, [&] {
         // What is written may be named by an alias only; the tables of FROM are looked at.
         Translator translator(engine);
         if (!statement.with.empty())
@@ -121,11 +121,12 @@ std::uint64_t RunChange(Engine& engine, const Statement& statement, TriggerEvent
         Scope scope;
         const FromTarget target = BindTarget(translator, statement.target, statement.from, event, scope);
         return WritesOf(engine, statement, target.table.get());
-    }();
+    });
     StatementScope scope(engine, writes);
     std::unique_ptr<tsql::Attachment> once;
     PlanUse<ChangePlan> plan(engine, statement.currentOf ? once : statement.attachment,
                              [&] { return MakePlan(engine, statement, event, clauses); });
+    plan->writes = writes;
     plan->Bind(engine);
     if (plan->instead) {
         const std::uint64_t count = ChangeInstead(engine, *plan, event);

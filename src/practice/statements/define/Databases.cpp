@@ -34,8 +34,6 @@ bool IsSystem(DatabaseId id) {
 void CreateDatabase(Engine& engine, const tsql::CreateDatabaseStatement& statement) {
     if (engine.store.TransactionCount() > 1)
         throw SqlError(226, {"CREATE DATABASE"});
-    if (statement.forAttach)
-        throw SqlError::NotSupported("CREATE DATABASE ... FOR ATTACH");
     if (engine.store.View()->FindDatabase(statement.name) != nullptr)
         throw SqlError(1801, {statement.name}, 3);
     DatabaseId id = msdbDatabase + 1;
@@ -54,8 +52,6 @@ void AlterDatabase(Engine& engine, const tsql::AlterDatabaseStatement& statement
     const DatabaseId id = RequireDatabase(engine, statement.name).id;
     if (statement.action == Action::Rename && engine.store.View()->FindDatabase(statement.value) != nullptr)
         throw SqlError(1801, {statement.value});
-    if (statement.action == Action::Other)
-        throw SqlError::NotSupported("ALTER DATABASE ... " + statement.value);
     engine.store.Change([&](CatalogueEditor& editor) {
         if (statement.action == Action::Rename)
             editor.RenameDatabase(id, statement.value);

@@ -96,7 +96,7 @@ void CreateIndex(Engine& engine, const tsql::CreateIndexStatement& statement) {
     if (statement.dropExisting) {
         const Index* old = after->FindIndex(statement.index.name);
         if (old == nullptr)
-            throw SqlError(7999, {statement.index.name});
+            throw SqlError(7999, {statement.index.name, before->name});
         DropIndexStorage(engine.Connection(), *before, *old);
         std::erase_if(after->indexes,
                       [&](const Index& index) { return SameName(index.name, statement.index.name); });

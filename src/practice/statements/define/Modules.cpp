@@ -51,7 +51,7 @@ std::vector<ModuleParameter> ParametersOf(Engine& engine, const std::vector<tsql
     return all;
 }
 
-void Store(Engine& engine, std::shared_ptr<Module> module) {
+void PutModule(Engine& engine, std::shared_ptr<Module> module) {
     engine.store.Change([&](CatalogueEditor& editor) { editor.Put(module); });
 }
 
@@ -147,13 +147,13 @@ void CreateView(Engine& engine, const tsql::CreateViewStatement& statement) {
     const std::shared_ptr<Module> view = Begin(engine, statement, ObjectKind::View);
     Translator translator(engine, InsideOf(*view));
     view->columns = ColumnsOf(translator.Query(*statement.query, nullptr), statement.columns, view->name);
-    Store(engine, view);
+    PutModule(engine, view);
 }
 
 void CreateProcedure(Engine& engine, const tsql::CreateProcedureStatement& statement) {
     const std::shared_ptr<Module> procedure = Begin(engine, statement, ObjectKind::Procedure);
     procedure->parameters = ParametersOf(engine, statement.parameters);
-    Store(engine, procedure);
+    PutModule(engine, procedure);
 }
 
 void CreateFunction(Engine& engine, const tsql::CreateFunctionStatement& statement) {
@@ -183,7 +183,7 @@ void CreateFunction(Engine& engine, const tsql::CreateFunctionStatement& stateme
         Translator translator(engine, inside);
         function->columns = ColumnsOf(translator.Query(*statement.inlineQuery, nullptr), {}, function->name);
     }
-    Store(engine, function);
+    PutModule(engine, function);
 }
 
 void DropModules(Engine& engine, const tsql::DropStatement& statement) {

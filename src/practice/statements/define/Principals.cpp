@@ -88,7 +88,7 @@ class Principals {
             const PrincipalId id = Require(name.Last(), "drop", kind).id;
             for (const auto& [schemaId, schema] : Now().schemas)
                 if (schema.owner == id)
-                    throw SqlError(15138);
+                    throw SqlError(15138, {"schema"});
             Change([&](Database& database) {
                 database.principals.erase(id);
                 for (auto& [otherId, other] : database.principals)

@@ -10,6 +10,8 @@ namespace quillon::practice {
 
 namespace {
 
+constexpr const char* words[] = {"", "INSERT", "UPDATE", "DELETE"}; // by TriggerEvent
+
 // Adds or removes the trigger's id where its parent keeps it.
 void Register(CatalogueEditor& editor, ObjectId parent, ObjectId trigger, bool present) {
     const auto object = editor.Now().FindObject(parent);
@@ -44,7 +46,6 @@ const std::vector<ObjectId>& TriggersOf(const SchemaObject& parent) {
 
 // One INSTEAD OF trigger an event.
 void RequireOnlyInsteadOf(Engine& engine, const SchemaObject& parent, const Trigger& trigger) {
-    static constexpr const char* words[] = {"", "INSERT", "UPDATE", "DELETE"};
     for (const ObjectId id : TriggersOf(parent)) {
         const auto other = engine.store.View()->FindTrigger(id);
         if (!other || other->id == trigger.id || !other->insteadOf)
@@ -148,16 +149,16 @@ void EnableTriggers(Engine& engine, const tsql::EnableTriggerStatement& statemen
 
 void SetTriggerOrder(Engine& engine, const Trigger& trigger, TriggerEvent event, TriggerOrder order) {
     if (trigger.insteadOf)
-        throw SqlError(15133);
+        throw SqlError(15133, {trigger.name});
     if (trigger.For(event) == nullptr)
-        throw SqlError(15125);
+        throw SqlError(15125, {trigger.name, words[static_cast<std::size_t>(event)]});
     const auto parent = engine.store.View()->FindTable(trigger.parent);
     for (const ObjectId id : parent->triggers) {
         const auto other = engine.store.View()->FindTrigger(id);
         const TriggerFor* entry = other->For(event);
         if (order != TriggerOrder::None && other->id != trigger.id && entry != nullptr &&
             entry->order == order)
-            throw SqlError(15130);
+            throw SqlError(15130, {order == TriggerOrder::First ? "first" : "last", words[static_cast<std::size_t>(event)]});
     }
     StatementScope scope(engine, StoreSession::Writes::Data);
     engine.store.Change([&](CatalogueEditor& editor) {

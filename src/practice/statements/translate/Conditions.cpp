@@ -99,22 +99,21 @@ std::string Translator::LikeSql(const tsql::Like& like, const Scope* scope) {
     std::vector<Scalar> arguments{std::move(operand), std::move(pattern)};
     if (like.escape)
         arguments.push_back(ConvertTo(Value(*like.escape, scope), NVarChar(4)));
-    Call((isUnicode ? "likeN " : "like ") + collation->name, std::move(arguments), SimpleType(TypeId::Bit),
-         : "like", std::move(arguments), SimpleType(TypeId::Bit), Evaluation::Pure,
-           [collation, isUnicode](std::span<const Datum> values) {
-               for (const Datum& value : values)
-                   if (value.IsNull())
-                       return Datum::Null(SimpleType(TypeId::Bit));
-               std::optional<char32_t> escape;
-               if (values.size() > 2) {
-                   if (CountCharacters(values[2].Text()) != 1)
-                       throw SqlError(506, {values[2].Text(), "LIKE"});
-                   std::size_t position = 0;
-                   escape = unicode::Next(values[2].Text(), position);
-               }
-               return Datum::Bit(
-                   MatchesLike(values[0].Text(), values[1].Text(), *collation, escape, isUnicode));
-           });
+    const Scalar call = Call(
+        (isUnicode ? "likeN " : "like ") + collation->name, std::move(arguments), SimpleType(TypeId::Bit),
+        Evaluation::Pure, [collation, isUnicode](std::span<const Datum> values) {
+            for (const Datum& value : values)
+                if (value.IsNull())
+                    return Datum::Null(SimpleType(TypeId::Bit));
+            std::optional<char32_t> escape;
+            if (values.size() > 2) {
+                if (CountCharacters(values[2].Text()) != 1)
+                    throw SqlError(506, {values[2].Text(), "LIKE"});
+                std::size_t position = 0;
+                escape = unicode::Next(values[2].Text(), position);
+            }
+            return Datum::Bit(MatchesLike(values[0].Text(), values[1].Text(), *collation, escape, isUnicode));
+        });
     return like.negated ? "(NOT " + call.sql + ")" : call.sql;
 }
 

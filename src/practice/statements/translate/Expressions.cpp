@@ -85,11 +85,7 @@ Scalar Translator::Literal(const tsql::Literal& literal) {
     case Type::Money: return Constant(MoneyLiteral(literal.text));
     case Type::String: return Constant(StringLiteral(literal.text, false));
     case Type::NString: return Constant(StringLiteral(literal.text, true));
-    case Type::Binary: {
-        const auto length = static_cast<int>(std::max<std::size_t>(1, literal.text.size()));
-        return Constant(
-            Datum::Bytes(BinaryType(TypeId::VarBinary, length > 8000 ? maxLength : length), literal.text));
-    }
+    case Type::Binary: return Constant(BinaryLiteral(literal.text));
     }
     throw SqlError(102, {literal.text});
 }

@@ -45,7 +45,7 @@ Scalar Translator::FunctionValue(const tsql::FunctionCall& call, const Scope* sc
     if (FindAggregate(name) != nullptr || name == "STRING_AGG")
         return AggregateValue(call, name, scope);
     if (call.over)
-        throw SqlError(10756, {}, 1);
+        throw SqlError(4113, {name});
     if (auto value = SyntaxFunction(call, name, scope))
         return std::move(*value);
     const ScalarFunction* function = FindFunction(name);

@@ -109,7 +109,7 @@ class Translator {
     // The number of rows of TOP and its kin, refused when it is none (1060, 127).
     std::string RowCountSql(const tsql::Expression& count, const Scope* outer, bool percent);
     Scalar ColumnScalar(const ColumnUse& use, const Scope& scope);
-    Scalar Variable(const std::string& name) { return VariableValue(name); }
+    Scalar VariableScalar(const std::string& name) { return VariableValue(name); }
 
   private:
     struct CommonScope {
