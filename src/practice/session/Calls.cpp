@@ -1,6 +1,7 @@
 #include "practice/session/Calls.h"
 
 #include "practice/catalogue/SystemProcedures.h"
+#include "practice/session/Ends.h"
 #include "practice/session/FlowRunner.h"
 #include "practice/session/SessionState.h"
 #include "practice/session/Variables.h"
@@ -60,6 +61,13 @@ bool SystemMayOwn(const tsql::Name& name) {
            SameName(name.Last().substr(0, 3), "xp_");
 }
 
+/// An error of a procedure as a whole: it names the procedure, and line 0.
+PassedError OutsideLines(SqlError error, const std::string& procedure) {
+    error.procedure = procedure;
+    error.line = 0;
+    return PassedError(std::move(error), ErrorOrigin::Statement);
+}
+
 int RunProcedureTree(SessionState& session, std::unique_ptr<Frame> frame,
                      std::vector<CallArgument>& arguments) {
     const auto& statement = tsql::As<tsql::CreateProcedureStatement>(frame->tree->statements.front());
@@ -74,7 +82,11 @@ int RunProcedureTree(SessionState& session, std::unique_ptr<Frame> frame,
             session.options.quotedIdentifier = module->quotedIdentifier;
             session.options.ansiNulls = module->ansiNulls;
         }
-        BindArguments(session, statement.parameters, arguments, name);
+        try {
+            BindArguments(session, statement.parameters, arguments, name);
+        } catch (const SqlError& error) {
+            throw OutsideLines(error, name);
+        }
         RunProgram(session, ProgramOf(*session.Top().tree->statements.front(), statement.body));
         TakeOutputs(session, statement.parameters, arguments);
         const auto& returned = session.Top().returned;
@@ -82,9 +94,7 @@ int RunProcedureTree(SessionState& session, std::unique_ptr<Frame> frame,
     }
     const int after = session.store.TransactionCount();
     if (before != after) {
-        SqlError mismatch(266, {std::to_string(before), std::to_string(after)}, 2);
-        mismatch.procedure = name;
-        throw mismatch;
+        throw OutsideLines(SqlError(266, {std::to_string(before), std::to_string(after)}, 2), name);
     }
     return status;
 }

@@ -61,12 +61,21 @@ tsql::Name CalledName(SessionState& session, const tsql::ExecuteProcedureStateme
     return *std::move(name);
 }
 
+/// A client sees the status of the procedures that its own batch calls, not of those within them.
+void TellReturn(SessionState& session, int status) {
+    if (session.frames.size() > 1 || session.sink.Diverted())
+        return;
+    session.sink.ReturnStatus(status);
+    session.sink.Done({EndScope::Procedure, StatementKind::Execute, std::nullopt, false});
+}
+
 void RunProcedureCall(SessionState& session, const tsql::ExecuteProcedureStatement& statement) {
     std::vector<CallArgument> arguments;
     for (const tsql::ExecuteArgument& written : statement.arguments)
         arguments.push_back(ArgumentOf(session, written));
     const int status = CallProcedure(session, CalledName(session, statement), arguments);
     AssignOutputs(session, statement, arguments);
+    TellReturn(session, status);
     if (!statement.returnVariable.empty()) {
         Variable& variable = RequireVariable(session, statement.returnVariable);
         variable.value = ConvertForVariable(Datum::Int(status), variable.type);

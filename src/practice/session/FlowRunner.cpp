@@ -96,15 +96,19 @@ std::size_t FlowRunner::HandleFailure(const FlowStep& step, const SqlError& fail
     const ErrorOrigin origin = OriginOf(failure);
     const bool passed = dynamic_cast<const PassedError*>(&failure) != nullptr;
     SqlError error = failure;
-    Locate(error);
+    if (!passed)
+        Locate(error);
     m_session.error = error.number;
     const bool fatal = error.severity >= 20;
     const bool uncatchableHere = !passed && IsBindingError(error.number) && origin == ErrorOrigin::Statement;
     if (step.handler != FlowStep::none && !fatal && !uncatchableHere)
         return Catch(step, error, origin);
     const Frame& frame = m_session.Top();
-    if ((frame.guardedOutside || frame.kind == FrameKind::Function) && !fatal)
+    if ((frame.guardedOutside || frame.kind == FrameKind::Function) && !fatal) {
+        if (m_session.options.xactAbort && origin != ErrorOrigin::RaiseError)
+            m_session.store.Doom(); // the setting that counts is that of the place of the error
         throw PassedError(error, origin);
+    }
     TellAndEnd(&step, error, origin);
     if (const auto* several = dynamic_cast<const tsql::SyntaxErrors*>(&failure)) {
         for (SqlError other : several->Others()) {
@@ -157,7 +161,8 @@ void FlowRunner::TellAndEnd(const FlowStep* step, const SqlError& error, ErrorOr
 
 void FlowRunner::Handle(const SqlError& failure) {
     SqlError error = failure;
-    Locate(error);
+    if (dynamic_cast<const PassedError*>(&failure) == nullptr)
+        Locate(error);
     m_session.error = error.number;
     TellAndEnd(nullptr, error, OriginOf(failure));
 }

@@ -56,7 +56,9 @@ SqlError ErrorOf(SessionState& session, const tsql::RaiseErrorStatement& stateme
 
 void RunPrint(SessionState& session, const tsql::PrintStatement& statement) {
     const Datum value = session.Statements().Evaluate(*statement.value);
-    std::string text = value.IsNull() ? std::string(" ") : ToText(value);
+    std::string text = value.IsNull() ? std::string() : ToText(value);
+    if (text.empty())
+        text = " "; // a message is never empty
     const int longest = value.Type().IsUnicode() ? kLongestUnicode : kLongestText;
     text.resize(FirstCharacters(text, longest).size());
     session.Inform(0, std::move(text));

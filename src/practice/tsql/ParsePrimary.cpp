@@ -30,7 +30,7 @@ ExpressionPtr ParsePseudoColumn(ParseState& state, Name table) {
     if (token.kind == TokenKind::Identifier) // the old words IDENTITYCOL and ROWGUIDCOL
         node->name = token.keyword == Keyword::IdentityCol ? "$IDENTITY" : "$ROWGUID";
     if (node->name != "$IDENTITY" && node->name != "$ROWGUID" && node->name != "$ACTION")
-        state.Fail(126, {node->name}, node->position);
+        state.Fail(207, {node->name}, node->position);
     node->table = std::move(table);
     return Finish(state, std::move(node), 1);
 }
