@@ -123,7 +123,8 @@ Machine::Step Machine::DoRefer(Step at) {
     case Kind::Class:
     case Kind::Constant: return DoLoadName(at);
     case Kind::Unset:
-        if (SpaceOf(at->b) != Space::Global || Top().code->isExplicit || IsGlobalMember(Top().code->sites[at->c].name))
+        if (SpaceOf(at->b) != Space::Global || Top().code->isExplicit ||
+            IsGlobalMember(Top().code->sites[at->c].name))
             return DoLoadName(at);
         [[fallthrough]]; // a variable of the module, once it is written to
     default: *Base(at->a) = Variant::ReferenceTo(&named); return at + 1;

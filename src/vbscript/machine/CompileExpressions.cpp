@@ -115,7 +115,8 @@ bool ProcedureCompiler::RunsCode(const Expression& expression) const {
     case ExpressionKind::Me: return false;
     case ExpressionKind::Name: {
         const Binding binding = Find(static_cast<const NameExpression&>(expression).name);
-        return !IsVariable(binding) && binding.kind != Binding::Kind::Literal && binding.kind != Binding::Kind::Constant;
+        return !IsVariable(binding) && binding.kind != Binding::Kind::Literal &&
+               binding.kind != Binding::Kind::Constant;
     }
     case ExpressionKind::Unary: return RunsCode(*static_cast<const UnaryExpression&>(expression).operand);
     case ExpressionKind::Bracket: return RunsCode(*static_cast<const BracketExpression&>(expression).inner);
@@ -156,7 +157,7 @@ Operand ProcedureCompiler::Protected(Operand operand, bool hasCalls, std::uint16
 Operand ProcedureCompiler::BinaryValue(const BinaryExpression& binary, int want) {
     if (binary.operation == BinaryOperator::Concatenate &&
         (RunsCode(*binary.right) || (AsBinary(binary.left) != nullptr &&
-                                    AsBinary(binary.left)->operation == BinaryOperator::Concatenate)))
+                                     AsBinary(binary.left)->operation == BinaryOperator::Concatenate)))
         return JoinValue(binary, want);
     std::vector<const BinaryExpression*> chain;
     const Expression* first = &binary;

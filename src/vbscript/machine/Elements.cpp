@@ -42,13 +42,13 @@ Value InvokeHost(const ObjectRef& object, MemberId member, InvokeKind kind, std:
 }
 
 Variant InvokeOnce(const ObjectRef& object, MemberId member, InvokeKind kind, std::span<Variant> arguments) {
-    if (auto* own = dynamic_cast<ScriptObject*>(object.get())) {
-        for (Variant& argument : arguments)
-            if (argument.kind() == Kind::Reference)
-                argument = Referred(argument);
-        return own->Access(member, kind, arguments);
-    }
-    return FromValue(InvokeHost(object, member, kind, arguments));
+    auto* own = dynamic_cast<ScriptObject*>(object.get());
+    if (own == nullptr)
+        return FromValue(InvokeHost(object, member, kind, arguments));
+    for (Variant& argument : arguments)
+        if (argument.kind() == Kind::Reference)
+            argument = Referred(argument);
+    return own->Access(member, kind, arguments);
 }
 
 } // namespace

@@ -12,6 +12,18 @@ namespace quillon::vbscript {
 
 static_assert(sizeof(Instance) % alignof(Variant) == 0);
 
+namespace {
+
+// Whether anybody outside the class may do anything with the member.
+bool IsOpen(const ClassMember& member) noexcept {
+    return member.field >= 0 ? member.isPublic
+                             : (member.get != nullptr && member.isPublic) ||
+                                   (member.let != nullptr && member.isPublicLet) ||
+                                   (member.set != nullptr && member.isPublicSet);
+}
+
+} // namespace
+
 ObjectRef Instance::Create(const ClassInfo& info) {
     const std::size_t bytes = sizeof(Instance) + info.fieldCount * sizeof(Variant);
     void* memory = Heap::Allocate(bytes);
@@ -71,7 +83,7 @@ std::optional<MemberId> Instance::FindMember(std::string_view name) const {
         return std::nullopt;
     const std::optional<NameId> id = m_class->machine->AllNames().FindUtf8(name);
     const ClassMember* member = id ? m_class->Find(*id) : nullptr;
-    if (member == nullptr || !(member->isPublic || member->isPublicLet || member->isPublicSet))
+    if (member == nullptr || !IsOpen(*member))
         return std::nullopt;
     return static_cast<MemberId>(member - m_class->members.data()) + 1;
 }

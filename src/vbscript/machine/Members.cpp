@@ -55,13 +55,7 @@ Machine::Step Machine::DoGetMember(Step at, InvokeKind kind) {
     Variant* const base = Base(at->a);
     const std::size_t arguments = site.arguments;
     const MemberId member = MemberOf(*object, site);
-    Variant result;
-    if (isOwn) {
-        PlainArguments(base, arguments);
-        result = static_cast<ScriptObject*>(object.get())->Access(member, kind, {base, arguments});
-    } else {
-        result = InvokeObject(object, member, kind, {base, arguments});
-    }
+    Variant result = InvokeObject(object, member, kind, {base, arguments});
     FinishNative(base, arguments, kind == InvokeKind::Get ? std::move(result) : Variant());
     return at + 1;
 }
