@@ -136,9 +136,7 @@ Translator::Item Translator::AssignmentItem(const tsql::SelectItem& item, const 
 void Translator::CheckGrouping(const Scope& scope, int errorNumber) {
     if ((scope.sawAggregate || !scope.groupKeys.empty()) && !scope.looseColumns.empty()) {
         const ColumnUse& use = scope.looseColumns.front();
-        const std::string name =
-            (use.source->exposed.empty() ? "" : use.source->exposed + ".") + use.column->name;
-        throw SqlError(errorNumber, {name});
+        throw SqlError(errorNumber, {use.source->exposed, use.column->name});
     }
 }
 
