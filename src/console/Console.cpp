@@ -4,6 +4,7 @@
 
 #include "console/ConsoleFrontEnd.h"
 #include "console/ConsoleSession.h"
+#include "console/ServerOptions.h"
 #include "console/commands/Commands.h"
 #include "platform/Failure.h"
 #include "shell/Application.h"
@@ -39,6 +40,7 @@ int Main(int argc, const char* const* argv) {
     CLI::App app("Quillon at the command line", "quillon-console");
     app.set_version_flag("--version", TheApplication().TitleAndVersion());
     app.require_subcommand(1);
+    AddServerOptions(app);
     ChosenCommand chosen;
     for (const AddCommand add : Commands())
         add(app, chosen);

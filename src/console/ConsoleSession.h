@@ -7,8 +7,10 @@
 #include <functional>
 #include <string>
 
+#include "adapters/catalogue/ServerCatalogue.h"
 #include "adapters/clock/SystemClock.h"
 #include "adapters/files/DiskFiles.h"
+#include "adapters/odbc/OdbcDataAccess.h"
 #include "adapters/settings/FileSettings.h"
 #include "console/ConsoleFrontEnd.h"
 #include "platform/Platform.h"
@@ -30,6 +32,8 @@ class ConsoleSession {
     adapters::DiskFiles m_files;
     adapters::FileSettings m_settings;
     adapters::SystemClock m_clock;
+    adapters::OdbcDataAccess m_dataAccess;
+    adapters::ServerCatalogue m_catalogue;
     Platform m_platform;
 };
 

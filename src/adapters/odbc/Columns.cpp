@@ -40,6 +40,12 @@ std::string WithoutTrailingZeros(std::string digits) {
     return digits;
 }
 
+std::string Uppered(std::string digits) {
+    for (char& c : digits)
+        c = c >= 'a' && c <= 'f' ? static_cast<char>(c - 'a' + 'A') : c;
+    return digits;
+}
+
 CurrencyValue CurrencyOf(const std::string& digits) {
     const bool negative = digits.starts_with('-');
     std::int64_t whole = 0;
@@ -168,7 +174,7 @@ Value Columns::ValueOf(Column& column, SQLUSMALLINT number) {
     case Form::Date: return Value(DateOf(As<SQL_TIMESTAMP_STRUCT>(column.buffer)));
     case Form::Digits: return Value(DecimalValue{WithoutTrailingZeros(std::move(text))});
     case Form::Guid: return Value("{" + text + "}");
-    case Form::Binary: return Value("0x" + text);
+    case Form::Binary: return Value("0x" + Uppered(std::move(text)));
     case Form::Text: break;
     }
     return Value(std::move(text));

@@ -1,5 +1,6 @@
 #include "adapters/odbc/Handles.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -17,11 +18,40 @@ constexpr std::pair<std::string_view, std::string_view> Prefixes[] = {
     {"[unixODBC]", "[Microsoft][ODBC SQL Server Driver]"},
 };
 
+// What the installed driver says of its own accord, in its own words, and what users know instead.
+constexpr std::pair<std::int32_t, std::string_view> DriverTexts[] = {
+    {0, "SQL Server does not exist or access denied."},
+    {20002, "The server broke off the login."},
+    {20003, "Timeout expired"},
+    {20004, "General network error. The connection to the server was broken while reading."},
+    {20006, "General network error. The connection to the server was broken while writing."},
+    {20009, "SQL Server does not exist or access denied."},
+    {20012, "SQL Server does not exist or access denied."},
+    {20013, "SQL Server does not exist or access denied."},
+    {20017, "General network error. The server closed the connection."},
+    {20020, "General network error. The server sent something that is no answer."},
+    {20047, "The connection to the server is broken."},
+};
+constexpr std::string_view DriverPrefix = "[Microsoft][ODBC SQL Server Driver]";
+
 std::string WithKnownPrefix(std::string_view text) {
     for (const auto& [installed, known] : Prefixes)
         if (text.starts_with(installed))
             return std::string(known) + std::string(text.substr(installed.size()));
     return std::string(text);
+}
+
+// The text for a message of the driver itself; empty for the server's, which may bear the same numbers.
+std::string OwnText(std::int32_t native, std::string_view sqlState) {
+    if (native == 0 && sqlState != "08001")
+        return {};
+    const bool isOwn = sqlState.starts_with("08") || sqlState.starts_with("HY") || sqlState == "01000";
+    if (!isOwn)
+        return {};
+    for (const auto& [number, text] : DriverTexts)
+        if (number == native)
+            return std::string(DriverPrefix) + std::string(text);
+    return {};
 }
 
 // SQLSTATEs that mean a number of their own; everything else is the server refusing a statement.
@@ -33,6 +63,9 @@ std::int32_t NumberOf(const data::Error& error) {
         {"HYT01", numbers::CommandTimeout}, {"08001", numbers::Unspecified},
         {"IM002", numbers::Unspecified},
     };
+    static constexpr std::int32_t refusedLogins[] = {4060, 18452, 18456, 18470, 18486, 18487, 18488};
+    if (std::ranges::find(refusedLogins, error.NativeError) != std::end(refusedLogins))
+        return numbers::LoginFailed;
     for (const auto& [state, number] : states)
         if (error.SqlState == state)
             return number;
@@ -79,8 +112,11 @@ std::vector<data::Error> Diagnostics(const Handle& handle) {
                                           text.data(), static_cast<SQLSMALLINT>(text.size()), &length);
         if (!SQL_SUCCEEDED(result))
             return errors;
-        errors.push_back({native, WithKnownPrefix(reinterpret_cast<const char*>(text.data())),
-                          reinterpret_cast<const char*>(state.data())});
+        const std::string_view sqlState = reinterpret_cast<const char*>(state.data());
+        const auto own = OwnText(native, sqlState);
+        errors.push_back({native,
+                          own.empty() ? WithKnownPrefix(reinterpret_cast<const char*>(text.data())) : own,
+                          std::string(sqlState)});
     }
 }
 

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "adapters/odbc/ResultStream.h"
+#include "platform/FailureNumbers.h"
 
 namespace quillon::adapters {
 
@@ -19,6 +20,10 @@ Link::Link(const std::string& driverText, int loginTimeout, std::shared_ptr<std:
     Collect(m_handle);
     if (!SQL_SUCCEEDED(result))
         RaiseDiagnostics(*m_errors);
+    std::array<char, 64> version{};
+    SQLGetInfo(m_handle.get(), SQL_DBMS_VER, version.data(), static_cast<SQLSMALLINT>(version.size()),
+               nullptr);
+    m_serverVersion = version.data();
 }
 
 Link::~Link() {
@@ -40,10 +45,22 @@ bool Link::IsBroken() const {
            isDead == SQL_CD_TRUE;
 }
 
-void Link::Collect(const Handle& handle) {
+void Link::Raise() const {
+    try {
+        RaiseDiagnostics(*m_errors);
+    } catch (const Failure& failure) {
+        if (failure.number() == numbers::LinkBroken || !IsBroken())
+            throw;
+        throw Failure(numbers::LinkBroken, failure.description(), failure.source());
+    }
+}
+
+bool Link::Collect(const Handle& handle) {
     auto left = Diagnostics(handle);
-    if (!left.empty())
-        *m_errors = std::move(left);
+    if (left.empty())
+        return false;
+    *m_errors = std::move(left);
+    return true;
 }
 
 void Link::Begin(ResultStream& stream) {

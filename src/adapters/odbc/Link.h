@@ -25,13 +25,18 @@ class Link {
 
     const Handle& handle() const noexcept { return m_handle; }
     std::string Database() const;
+    // "11.00.2100", as the server said at login.
+    const std::string& ServerVersion() const noexcept { return m_serverVersion; }
     // The server is gone: nothing more comes over this connection.
     bool IsBroken() const;
 
     // The messages of the last call that left any.
     std::vector<data::Error>& errors() noexcept { return *m_errors; }
-    // Reads what a call on a handle left; keeps the former messages when it left none.
-    void Collect(const Handle& handle);
+    // Reads what a call on a handle left; keeps the former messages when it left none, and is false then.
+    bool Collect(const Handle& handle);
+
+    // Raises the failure that the messages stand for, LinkBroken when the link is.
+    [[noreturn]] void Raise() const;
 
     // The statement whose results are being read; none when the connection is free.
     void Begin(ResultStream& stream);
@@ -40,6 +45,7 @@ class Link {
   private:
     Handle m_handle;
     std::shared_ptr<std::vector<data::Error>> m_errors;
+    std::string m_serverVersion;
     ResultStream* m_active = nullptr;
 };
 

@@ -35,21 +35,37 @@ void OdbcRecordset::Open(const std::string& source, const data::ConnectionRef& c
     while (m_stream->IsMessage() && m_stream->MoreResults())
         ;
     Start(cursor != data::CursorType::ForwardOnly || m_location == data::CursorLocation::Client);
+    if (m_open)
+        RequireFirstRow();
 }
 
 void OdbcRecordset::Start(bool keepsRows) {
     m_open = m_stream->HasRows();
     m_names = m_stream->Names();
     m_keepsRows = keepsRows;
+    m_isStarted = false;
     m_rows.clear();
     m_position = 0;
     m_bof = m_eof = true;
-    if (!m_open)
+}
+
+void OdbcRecordset::RequireFirstRow() {
+    try {
+        RequireRow();
+    } catch (const Failure&) {
+        m_open = false;
+        throw;
+    }
+}
+
+void OdbcRecordset::RequireRow() const {
+    RequireOpen();
+    if (m_isStarted)
         return;
-    m_open = false; // unless the first row can be had
-    ReadRow();
-    m_open = true;
-    m_bof = m_eof;
+    auto& self = const_cast<OdbcRecordset&>(*this); // what is read late counts as read
+    self.m_isStarted = true;
+    self.ReadRow();
+    self.m_bof = m_eof;
 }
 
 void OdbcRecordset::ReadRow() {
@@ -76,17 +92,17 @@ data::ObjectState OdbcRecordset::State() const {
 }
 
 bool OdbcRecordset::Bof() const {
-    RequireOpen();
+    RequireRow();
     return m_bof;
 }
 
 bool OdbcRecordset::Eof() const {
-    RequireOpen();
+    RequireRow();
     return m_eof;
 }
 
 void OdbcRecordset::MoveFirst() {
-    RequireOpen();
+    RequireRow();
     if (!m_keepsRows)
         throw Failure(numbers::DataAccess, "Rowset does not support fetching backward.");
     if (m_rows.empty())
@@ -97,7 +113,7 @@ void OdbcRecordset::MoveFirst() {
 }
 
 void OdbcRecordset::MoveNext() {
-    RequireOpen();
+    RequireRow();
     if (m_eof)
         throw Failure(numbers::NoCurrentRecord);
     if (!m_keepsRows) {
@@ -117,6 +133,8 @@ std::size_t OdbcRecordset::FieldCount() const {
 data::Field OdbcRecordset::FieldAt(std::size_t index) const {
     if (index >= m_names.size())
         throw Failure(numbers::ItemNotFound);
+    if (m_open)
+        RequireRow();
     // Names can be had without a row, values cannot.
     return {m_names[index], m_open && !m_eof ? m_row[index] : Value()};
 }
@@ -129,7 +147,7 @@ data::Field OdbcRecordset::FieldNamed(const std::string& name) const {
 }
 
 std::vector<std::vector<Value>> OdbcRecordset::GetRows() {
-    RequireOpen();
+    RequireRow();
     if (m_eof)
         throw Failure(numbers::NoCurrentRecord);
     std::vector<std::vector<Value>> rows;

@@ -38,12 +38,18 @@ class OdbcRecordset : public data::Recordset {
     void RequireOpen() const;
     // Reads the next row of the stream into m_row; at the end m_eof.
     void ReadRow();
+    // Stands on the first row, as an open recordset is seen to do. Read at the first look, so that a row that
+    // cannot be had is a failure of the look and not of the step that came to this result.
+    void RequireRow() const;
+    // For Open, which leaves the recordset closed when it fails.
+    void RequireFirstRow();
 
     std::shared_ptr<ResultStream> m_stream;
     data::CursorLocation m_location = data::CursorLocation::Server;
     std::vector<std::string> m_names;
     bool m_open = false;
     bool m_keepsRows = false;
+    bool m_isStarted = false;
     bool m_bof = true;
     bool m_eof = true;
     std::vector<Value> m_row;

@@ -1,5 +1,6 @@
 #include "adapters/odbc/ResultStream.h"
 
+#include "adapters/odbc/OldStatements.h"
 #include "platform/FailureNumbers.h"
 
 namespace quillon::adapters {
@@ -16,15 +17,15 @@ void ResultStream::Execute(const std::string& text, int timeoutSeconds) {
     m_link->Begin(*this);
     SQLSetStmtAttr(m_statement.get(), SQL_ATTR_QUERY_TIMEOUT,
                    reinterpret_cast<SQLPOINTER>(static_cast<std::intptr_t>(timeoutSeconds)), 0);
-    std::string statement = text;
+    std::string statement = ForServer(text, m_link->ServerVersion());
     const auto result = SQLExecDirect(m_statement.get(), reinterpret_cast<SQLCHAR*>(statement.data()),
                                       static_cast<SQLINTEGER>(statement.size()));
-    m_link->Collect(m_statement);
+    const bool hasMessages = m_link->Collect(m_statement);
     if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA) {
         PassOverRest();
-        RaiseDiagnostics(m_link->errors());
+        m_link->Raise();
     }
-    Enter();
+    Enter(hasMessages);
 }
 
 // A failed batch may have run on: what its later statements say belongs to the same failure.
@@ -45,15 +46,16 @@ void ResultStream::PassOverRest() {
     m_link->End(*this);
 }
 
-void ResultStream::Enter() {
+void ResultStream::Enter(bool hasMessages) {
     m_columns.reset();
     m_columns = std::make_unique<Columns>(m_statement);
-    m_hasRows = m_columns->size() > 0;
+    m_rowsWait = m_columns->size() > 0 && hasMessages;
+    m_hasRows = m_columns->size() > 0 && !hasMessages;
     m_names.clear();
     for (std::size_t index = 0; index < m_columns->size(); ++index)
         m_names.push_back(m_columns->NameOf(index));
     m_rowCount = -1;
-    if (!m_hasRows)
+    if (m_columns->size() == 0)
         SQLRowCount(m_statement.get(), &m_rowCount);
 }
 
@@ -67,7 +69,7 @@ bool ResultStream::Fetch(std::vector<Value>& row) {
         if (!SQL_SUCCEEDED(result)) {
             m_hasRows = false; // what the result still had is lost
             m_link->Collect(m_statement);
-            RaiseDiagnostics(m_link->errors());
+            RaiseRowFailure();
         }
         m_columns->ReadRow(row);
         return true;
@@ -87,9 +89,18 @@ bool ResultStream::MoreResults() {
         return EnterKept();
     if (m_ended)
         return false;
+    if (std::exchange(m_rowsWait, false)) {
+        m_hasRows = true;
+        return true;
+    }
+    if (m_rowFailure) {
+        m_ended = m_link->IsBroken();
+        m_link->errors() = std::move(m_rowErrors);
+        throw Failure(*std::exchange(m_rowFailure, std::nullopt));
+    }
     m_columns.reset();
     const auto result = SQLMoreResults(m_statement.get());
-    m_link->Collect(m_statement);
+    const bool hasMessages = m_link->Collect(m_statement);
     if (result == SQL_NO_DATA) {
         m_ended = true;
         m_hasRows = false;
@@ -99,10 +110,20 @@ bool ResultStream::MoreResults() {
     if (!SQL_SUCCEEDED(result)) {
         m_hasRows = false;
         m_ended = m_link->errors().empty() || m_link->IsBroken();
-        RaiseDiagnostics(m_link->errors());
+        m_link->Raise();
     }
-    Enter();
+    Enter(hasMessages);
     return true;
+}
+
+void ResultStream::RaiseRowFailure() {
+    m_rowErrors = m_link->errors();
+    try {
+        m_link->Raise();
+    } catch (const Failure& failure) {
+        m_rowFailure = failure;
+        throw;
+    }
 }
 
 ResultStream::Result ResultStream::ReadResult() {

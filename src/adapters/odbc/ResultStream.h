@@ -56,9 +56,11 @@ class ResultStream {
         std::optional<Failure> failure; // in place of the result
     };
 
-    // Takes up the result on which the driver stands.
-    void Enter();
+    // Takes up the result on which the driver stands. Messages that the driver gives together with rows come
+    // before them, as a result of their own.
+    void Enter(bool hasMessages);
     void PassOverRest();
+    [[noreturn]] void RaiseRowFailure();
     Result ReadResult();
     bool EnterKept();
 
@@ -68,6 +70,11 @@ class ResultStream {
     std::vector<std::string> m_names;
     SQLLEN m_rowCount = -1;
     bool m_hasRows = false;
+    bool m_rowsWait = false; // behind the messages on which the stream stands
+    // What ended the rows early: told again by the step to the next result, which is where errors behind rows
+    // are looked for.
+    std::optional<Failure> m_rowFailure;
+    std::vector<data::Error> m_rowErrors;
     bool m_ended = false;
     bool m_isKept = false; // rows and results come from memory
     std::deque<std::vector<Value>> m_keptRows;

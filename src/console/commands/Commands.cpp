@@ -3,7 +3,7 @@
 namespace quillon::console {
 
 std::span<const AddCommand> Commands() {
-    static constexpr AddCommand commands[] = {AddTranslate};
+    static constexpr AddCommand commands[] = {AddDatabases, AddTables, AddExecute, AddSnapshot, AddTranslate};
     return commands;
 }
 

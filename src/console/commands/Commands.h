@@ -22,6 +22,10 @@ struct ChosenCommand {
 // parsing.
 using AddCommand = void (*)(CLI::App& app, ChosenCommand& chosen);
 
+void AddDatabases(CLI::App& app, ChosenCommand& chosen);
+void AddTables(CLI::App& app, ChosenCommand& chosen);
+void AddExecute(CLI::App& app, ChosenCommand& chosen);
+void AddSnapshot(CLI::App& app, ChosenCommand& chosen);
 void AddTranslate(CLI::App& app, ChosenCommand& chosen);
 
 // In the order in which the help lists them.

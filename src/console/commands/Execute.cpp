@@ -1,0 +1,50 @@
+// execute FILE [--name NAME]: runs a script batch by batch and prints the run log.
+//
+// A batch that the server refuses is a line of the log and no failure of the command, as in the screens.
+#include <CLI/CLI.hpp>
+
+#include "adapters/files/NativePath.h"
+#include "console/ServerOptions.h"
+#include "console/StandardOutput.h"
+#include "console/commands/Commands.h"
+#include "execution/basExecScript.h"
+#include "platform/Files.h"
+#include "platform/Platform.h"
+#include "shell/Session.h"
+#include "template/basStringFunctions.h"
+
+namespace quillon::console {
+namespace {
+
+struct Options {
+    std::string file;
+    std::string name;
+};
+
+void Execute(const CLI::App& app, const Options& options) {
+    const std::string path = adapters::FromNative(options.file);
+    std::string script = ThePlatform().files().ReadAll(path);
+    if (script.starts_with("\xEF\xBB\xBF"))
+        script.erase(0, 3);
+    LogInToDatabase(app);
+    RunLog log;
+    basExecScript::ProcScript(
+        script, options.name.empty() ? basStringFunctions::JustFileName(path) : options.name, log);
+    for (const std::string& line : log)
+        WriteStandardOutput(line + "\n");
+    FlushStandardOutput();
+}
+
+} // namespace
+
+void AddExecute(CLI::App& app, ChosenCommand& chosen) {
+    const auto options = std::make_shared<Options>();
+    CLI::App* command = app.add_subcommand("execute", "Run a SQL script and print what the server says");
+    command->add_option("FILE", options->file, "The script")->required();
+    command->add_option("--name", options->name, "The name of the run in its log; else that of the file");
+    command->callback([&app, &chosen, options] {
+        chosen = {"quillon-console.execute", [&app, options] { Execute(app, *options); }};
+    });
+}
+
+} // namespace quillon::console
