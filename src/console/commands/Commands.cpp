@@ -3,7 +3,8 @@
 namespace quillon::console {
 
 std::span<const AddCommand> Commands() {
-    static constexpr AddCommand commands[] = {AddDatabases, AddTables, AddExecute, AddSnapshot, AddTranslate};
+    static constexpr AddCommand commands[] = {AddDatabases, AddTables,    AddExecute,
+                                              AddSnapshot,  AddTranslate, AddScript};
     return commands;
 }
 

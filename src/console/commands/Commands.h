@@ -27,6 +27,7 @@ void AddTables(CLI::App& app, ChosenCommand& chosen);
 void AddExecute(CLI::App& app, ChosenCommand& chosen);
 void AddSnapshot(CLI::App& app, ChosenCommand& chosen);
 void AddTranslate(CLI::App& app, ChosenCommand& chosen);
+void AddScript(CLI::App& app, ChosenCommand& chosen);
 
 // In the order in which the help lists them.
 std::span<const AddCommand> Commands();
