@@ -14,7 +14,7 @@ JOIN sys.schemas s ON s.schema_id = t.schema_id
 ORDER BY s.name, t.name)";
 
 const char* const Columns =
-    R"(SELECT c.object_id, c.column_id, c.name, y.name, c.max_length, c.precision, c.scale,
+    R"(SELECT c.object_id, c.column_id, c.name, y.name, c.max_length, c.[precision], c.scale,
     c.is_nullable, c.is_identity, c.is_rowguidcol, c.is_computed, c.collation_name, y.is_user_defined, ys.name,
     d.name, d.definition, b.name
 FROM sys.columns c

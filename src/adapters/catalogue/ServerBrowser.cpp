@@ -80,6 +80,8 @@ std::vector<std::string> ServersInAnswer(std::string_view datagram) {
         return {};
     const std::size_t length =
         static_cast<unsigned char>(datagram[1]) + static_cast<unsigned char>(datagram[2]) * std::size_t{256};
+    if (length > datagram.size() - HeaderLength)
+        return {};
     const auto elements = Elements(datagram.substr(HeaderLength, length));
     std::vector<std::string> servers;
     for (std::size_t at = 0; at + 3 < elements.size(); ++at) {

@@ -36,7 +36,7 @@ TEST(ServerBrowserTest, ReadsTheInstancesOfAnAnswer) {
         {"nothing", "", {}},
         {"a header alone", std::string("\x05\x00\x00", 3), {}},
         {"another message", "\x04" + Answer(TwoInstances).substr(1), {}},
-        {"shorter than it says", Answer(TwoInstances).substr(0, 40), {"BETA"}},
+        {"shorter than it says", Answer(TwoInstances).substr(0, 40), {}},
         {"no instance", Answer("ServerName;BETA;;"), {}},
         {"no host", Answer("ServerName;;InstanceName;A;;"), {}},
         {"garbage", Answer(";;;;ServerName;InstanceName;"), {}},
