@@ -167,7 +167,8 @@ struct FreeName {
     std::uint16_t place; // register
     std::uint16_t global;
     NameId name;
-    bool isWritten; // a snippet writes to it or declares it
+    bool isWritten;  // a snippet writes to it or declares it
+    bool isDeclared; // by ReDim
 };
 
 struct ArrayShape {

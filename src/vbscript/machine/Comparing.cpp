@@ -3,6 +3,7 @@
 #include "platform/Failure.h"
 #include "platform/FailureNumbers.h"
 #include "vbscript/machine/Convert.h"
+#include "vbscript/machine/FastPaths.h"
 #include "vbscript/machine/Operators.h"
 
 namespace quillon::vbscript {
@@ -64,6 +65,17 @@ bool Holds(Comparison comparison, int order) noexcept {
 }
 
 } // namespace
+
+bool fast::CompareTexts(bool& result, Comparison comparison, const Variant& left,
+                        const Variant& right) noexcept {
+    if (!left.IsText() || !right.IsText())
+        return false;
+    if (comparison == Comparison::Equal || comparison == Comparison::NotEqual)
+        result = (left.AsText() == right.AsText()) == (comparison == Comparison::Equal);
+    else
+        result = Holds(comparison, left.View().compare(right.View()));
+    return true;
+}
 
 Variant Compare(Comparison comparison, const Variant& left, const Variant& right, LiteralSides literals) {
     if (left.IsObject() || right.IsObject())

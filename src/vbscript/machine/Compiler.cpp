@@ -60,19 +60,23 @@ class UnitCompiler {
             m_unit.constants.emplace_back(m_context.globals.PlaceOf(constant.name),
                                           scratch.constants.front());
         }
-        if (!m_program.isExplicit && m_kind != ProgramKind::Expression)
-            DeclareImplied();
+        if (m_program.isExplicit)
+            DeclareImplied(m_program.redimmed);
+        else if (m_kind != ProgramKind::Expression)
+            DeclareImplied(m_program.assigned);
     }
 
-    // Without Option Explicit a name that the program's body writes to is a global variable; one that it
-    // passes on may be one, or a function of another text.
-    void DeclareImplied() {
-        for (const NameId name : m_program.assigned) {
+    // Names that the program's body declares by writing to them. Those that it passes on may be variables, or
+    // functions of another text.
+    void DeclareImplied(const std::vector<NameId>& written) {
+        for (const NameId name : written) {
             if (!IsKnown(name)) {
                 Declare(name, Binding::Kind::Global);
                 m_unit.implied.push_back(m_context.globals.PlaceOf(name));
             }
         }
+        if (m_program.isExplicit)
+            return;
         for (const NameId name : m_program.passed)
             if (!IsKnown(name))
                 Declare(name, Binding::Kind::FreeGlobal);

@@ -33,9 +33,11 @@ Value InvokeHost(const ObjectRef& object, MemberId member, InvokeKind kind, std:
     values.reserve(arguments.size());
     for (const Variant& argument : arguments)
         values.push_back(ToValue(argument));
-    const std::vector<Value> before = values;
+    const bool lends =
+        std::ranges::any_of(arguments, [](const Variant& a) { return a.kind() == Kind::Reference; });
+    const std::vector<Value> before = lends ? values : std::vector<Value>();
     Value result = object->Invoke(member, kind, values);
-    for (std::size_t i = 0; i < arguments.size(); ++i)
+    for (std::size_t i = 0; i < before.size(); ++i)
         if (arguments[i].kind() == Kind::Reference && !(values[i] == before[i]))
             *arguments[i].Target() = FromValue(values[i]);
     return result;

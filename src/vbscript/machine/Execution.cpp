@@ -46,23 +46,38 @@ Machine::Machine()
 }
 
 Machine::~Machine() {
+    Forget();
+}
+
+// Lets go of everything scripts hold. Terminate may run, and may leave something behind; what the host still
+// holds of the scripts' objects afterwards is empty.
+void Machine::Forget() noexcept {
     m_globals.Clear();
     m_globalMembers.clear();
     m_registry.DropAll();
+    m_globals.Clear();
 }
 
 void Machine::Reset() {
     if (IsRunning())
         throw Failure(numbers::InvalidCall);
-    m_globals.Clear();
-    m_globalMembers.clear();
-    m_registry.DropAll();
+    Forget();
     m_units.clear();
     m_hidden.clear();
     m_err->Clear();
     m_random = {};
+    if (m_globals.Count() > SpaceSize / 2) { // names of texts long gone
+        m_cache.clear();
+        m_globals.ForgetNames();
+    }
     const Entry entry(*this);
     m_globals[m_globals.PlaceOf(m_names.InternAscii("Err"))] = Variant(MakeErr(m_err));
+}
+
+Machine::FrameExtras& Machine::ExtrasOf(Frame& frame) {
+    if (frame.extras == nullptr)
+        frame.extras = std::make_unique<FrameExtras>();
+    return *frame.extras;
 }
 
 Variant Machine::Execute(const Code& code, std::span<Variant> arguments, ObjectRef me, bool wantsResult,
@@ -81,7 +96,8 @@ Variant Machine::Execute(const Code& code, std::span<Variant> arguments, ObjectR
         throw;
     }
     Top().isBoundary = true;
-    Top().unit = std::move(unit);
+    if (unit != nullptr)
+        ExtrasOf(Top()).unit = std::move(unit);
     RunLoop();
     return std::move(*base);
 }
@@ -209,7 +225,7 @@ Machine::Step Machine::DoExecute(Step at) {
     const std::size_t parent = m_frames.size() - 1;
     const ObjectRef me = isLocal ? Top().me : ObjectRef();
     const Step first = Enter(unit->main, base, 0, me, isExpression);
-    Top().unit = unit;
+    ExtrasOf(Top()).unit = unit;
     if (isLocal)
         BindSnippetNames(unit->main, Top().registers, m_frames[parent]);
     return first;
@@ -228,15 +244,12 @@ void Machine::BindSnippetNames(const Code& code, Variant* registers, Frame& pare
             if (member != nullptr && member->field >= 0)
                 variable = &parent.fields[member->field];
         }
-        if (variable == nullptr && parent.extra != nullptr && parent.extra->contains(name.name))
-            variable = &parent.extra->at(name.name);
+        if (variable == nullptr && parent.extras != nullptr && parent.extras->variables.contains(name.name))
+            variable = &parent.extras->variables.at(name.name);
         if (variable == nullptr && m_globals[name.global].kind() != Kind::Unset)
             variable = &m_globals[name.global];
-        if (variable == nullptr && name.isWritten) {
-            if (parent.extra == nullptr)
-                parent.extra = std::make_unique<ExtraVariables>();
-            variable = &(*parent.extra)[name.name];
-        }
+        if (variable == nullptr && name.isWritten)
+            variable = &ExtrasOf(parent).variables[name.name];
         if (variable == nullptr) {
             registers[name.place] = Variant::Internal(Kind::Unset, nullptr);
             continue;

@@ -92,17 +92,6 @@ inline bool Modulo(Variant& target, const Variant& left, const Variant& right) n
 }
 
 // Two whole numbers, two real ones, or two texts.
-template <Comparison Comparing>
-inline bool Holds(int order) noexcept {
-    switch (Comparing) {
-    case Comparison::Equal: return order == 0;
-    case Comparison::NotEqual: return order != 0;
-    case Comparison::Less: return order < 0;
-    case Comparison::LessOrEqual: return order <= 0;
-    case Comparison::Greater: return order > 0;
-    default: return order >= 0;
-    }
-}
 template <Comparison Comparing, class Number>
 inline bool HoldsFor(Number left, Number right) noexcept {
     switch (Comparing) {
@@ -114,6 +103,9 @@ inline bool HoldsFor(Number left, Number right) noexcept {
     default: return left >= right;
     }
 }
+// The case of two texts, out of the way of the numbers.
+bool CompareTexts(bool& result, Comparison comparison, const Variant& left, const Variant& right) noexcept;
+
 template <Comparison Comparing>
 inline bool Compare(bool& result, const Variant& left, const Variant& right) noexcept {
     if (IsWhole(left) && IsWhole(right)) {
@@ -124,13 +116,7 @@ inline bool Compare(bool& result, const Variant& left, const Variant& right) noe
         result = HoldsFor<Comparing>(RealOf(left), RealOf(right));
         return true;
     }
-    if (!left.IsText() || !right.IsText())
-        return false;
-    if (Comparing == Comparison::Equal || Comparing == Comparison::NotEqual)
-        result = (left.AsText() == right.AsText()) == (Comparing == Comparison::Equal);
-    else
-        result = Holds<Comparing>(left.View().compare(right.View()));
-    return true;
+    return CompareTexts(result, Comparing, left, right);
 }
 
 // One turn of a counting loop. `again` tells whether the limit is not passed.

@@ -31,7 +31,7 @@ void Machine::SetSpaces() noexcept {
 
 void Machine::ClearRegisters(Variant* first, Variant* end) noexcept {
     for (; first != end; ++first)
-        *first = Variant();
+        first->Reset();
 }
 
 // The registers from `registers` on, with the arguments in them, become the procedure's. Those that still
@@ -47,7 +47,7 @@ Machine::Step Machine::Enter(const Code& code, Variant* registers, std::size_t a
     CountStep();
     Variant* place = registers + arguments;
     for (Variant* const shared = std::min(end, callersEnd); place < shared; ++place)
-        *place = Variant();
+        place->Reset();
     for (place = std::max(place, callersEnd); place < end; ++place)
         new (place) Variant();
     if (code.valueCount != 0)
@@ -58,7 +58,7 @@ Machine::Step Machine::Enter(const Code& code, Variant* registers, std::size_t a
         m_frames.back().at = m_at;
     Variant* const fields = me ? static_cast<Instance*>(me.get())->Fields() : nullptr;
     m_frames.push_back({&code, nullptr, registers, std::max(end, callersEnd), fields, std::move(me), nullptr,
-                        nullptr, wantsResult, false, false});
+                        wantsResult, false, false});
     SetSpaces();
     if (!code.freeNames.empty())
         BindFreeNames(code, registers);
@@ -73,7 +73,7 @@ void Machine::BindFreeNames(const Code& code, Variant* registers) {
         Variant& global = m_globals[name.global];
         switch (global.kind()) {
         case Kind::Unset:
-            if (code.isExplicit)
+            if (code.isExplicit && !name.isDeclared)
                 registers[name.place] = Variant::Internal(Kind::Unset, nullptr);
             break;
         case Kind::Procedure:
@@ -86,19 +86,10 @@ void Machine::BindFreeNames(const Code& code, Variant* registers) {
 
 // Lets go of the top frame's registers and of the frame. Releases may run script code, above this frame.
 void Machine::Leave() noexcept {
-    {
-        Frame& frame = m_frames.back();
-        const Frame* below = m_frames.size() > 1 ? &m_frames[m_frames.size() - 2] : nullptr;
-        Variant* const shared = below == nullptr ? m_registers : below->end;
-        Variant* const registers = frame.registers;
-        Variant* const end = registers + frame.code->registers;
-        for (Variant* place = registers; place != end; ++place)
-            if (place->IsCounted() || place < shared)
-                *place = Variant();
-    }
-    ObjectRef me = std::move(m_frames.back().me);
-    const std::shared_ptr<const Unit> unit = std::move(m_frames.back().unit);
-    const std::unique_ptr<ExtraVariables> extra = std::move(m_frames.back().extra);
+    Variant* const registers = m_frames.back().registers;
+    ClearRegisters(registers, registers + m_frames.back().code->registers);
+    const ObjectRef me = std::move(m_frames.back().me);
+    const std::unique_ptr<FrameExtras> extras = std::move(m_frames.back().extras);
     m_frames.pop_back();
     SetSpaces();
 }

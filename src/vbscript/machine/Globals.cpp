@@ -33,4 +33,10 @@ void Globals::Clear() {
         m_variables[place] = Variant::Internal(Kind::Unset, nullptr);
 }
 
+void Globals::ForgetNames() {
+    Clear();
+    m_places.clear();
+    m_names.clear();
+}
+
 } // namespace quillon::vbscript

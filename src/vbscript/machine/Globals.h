@@ -28,6 +28,8 @@ class Globals {
     std::size_t Count() const noexcept { return m_names.size(); }
     // Every name becomes Unset again; releases what they held, in the order of their places.
     void Clear();
+    // Gives up the names and their places. Nothing that was compiled may run afterwards.
+    void ForgetNames();
 
   private:
     std::unique_ptr<Variant[]> m_variables;

@@ -9,4 +9,9 @@ void Heap::RaiseOutOfMemory() {
     throw Failure(numbers::OutOfMemory);
 }
 
+void Heap::Refuse(std::size_t reserved) {
+    Unreserve(reserved);
+    RaiseOutOfMemory();
+}
+
 } // namespace quillon::vbscript

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <new>
 
 namespace quillon::vbscript {
@@ -18,12 +19,26 @@ class Heap {
     // Counted memory; raises 7 beyond the limit.
     static void* Allocate(std::size_t bytes) {
         Reserve(bytes);
-        return ::operator new(bytes);
+        void* memory = std::malloc(bytes);
+        if (memory == nullptr)
+            Refuse(bytes);
+        return memory;
+    }
+    // The same memory in another size, perhaps in another place. Raises 7 and then changes nothing.
+    static void* Reallocate(void* memory, std::size_t from, std::size_t to) {
+        if (to > from)
+            Reserve(to - from);
+        void* moved = std::realloc(memory, to);
+        if (moved == nullptr)
+            Refuse(to - from);
+        if (to < from)
+            Unreserve(from - to);
+        return moved;
     }
     // `bytes` as they were asked for.
     static void Free(void* memory, std::size_t bytes) noexcept {
         s_used -= bytes;
-        ::operator delete(memory);
+        std::free(memory);
     }
 
     // Counts memory that someone else allocates; raises 7 beyond the limit and then counts nothing.
@@ -40,6 +55,7 @@ class Heap {
 
   private:
     [[noreturn]] static void RaiseOutOfMemory();
+    [[noreturn]] static void Refuse(std::size_t reserved); // the system has no more
 
     static inline thread_local constinit std::size_t s_used = 0;
     static inline thread_local constinit std::size_t s_limit = DefaultLimit;

@@ -84,6 +84,12 @@ class Machine final : public BuiltinContext {
     // Variables that Execute has made in a procedure.
     using ExtraVariables = std::unordered_map<NameId, Variant>;
 
+    // What only frames that have to do with Execute have.
+    struct FrameExtras {
+        std::shared_ptr<const Unit> unit; // of a snippet, kept while it runs
+        ExtraVariables variables;         // made by snippets
+    };
+
     struct Frame {
         const Code* code;
         const Instruction* at; // the call that is under way
@@ -91,8 +97,7 @@ class Machine final : public BuiltinContext {
         Variant* end; // registers of this frame and of those below lie before it
         Variant* fields;
         ObjectRef me;
-        std::shared_ptr<const Unit> unit;      // of a snippet
-        std::unique_ptr<ExtraVariables> extra; // made by snippets
+        std::unique_ptr<FrameExtras> extras;
         bool wantsResult;
         bool resumesNext;
         bool isBoundary; // returning from it leaves the loop
@@ -106,6 +111,7 @@ class Machine final : public BuiltinContext {
     void Loop(Step at);
     Variant& At(Operand operand) noexcept { return m_spaces[operand >> SpaceShift][operand & PlaceMask]; }
     Frame& Top() noexcept { return m_frames.back(); }
+    static FrameExtras& ExtrasOf(Frame& frame);
 
     // --- operands (Operands.cpp) ---
     const Variant& Read(Operand operand);
@@ -185,6 +191,7 @@ class Machine final : public BuiltinContext {
     std::shared_ptr<Unit> CompiledUnit(std::u16string_view text, ProgramKind kind, bool isLocal);
     void Link(const std::shared_ptr<Unit>& unit);
     void RebindFrames();
+    void Forget() noexcept;
 
     void CountStep() {
         if (--m_untilPoll == 0)

@@ -15,7 +15,7 @@ void ProcedureCompiler::AddFree(NameId name, Binding::Kind kind) {
     const std::uint16_t place = AddLocal(name);
     m_locals[name].kind = kind;
     m_code.freeNames.push_back(
-        {place, m_context.globals.PlaceOf(name), name, kind == Binding::Kind::Register});
+        {place, m_context.globals.PlaceOf(name), name, kind == Binding::Kind::Register, false});
 }
 
 // Names that the procedure uses as variables without declaring them get a register each.
@@ -26,6 +26,8 @@ void ProcedureCompiler::AddFreeNames(const Scope& scope, bool all) {
     };
     for (const NameId name : scope.assigned)
         add(name, Binding::Kind::Register);
+    for (FreeName& name : m_code.freeNames)
+        name.isDeclared = std::ranges::find(scope.redimmed, name.name) != scope.redimmed.end();
     for (const NameId name : scope.passed)
         add(name, Binding::Kind::FreeRegister);
     if (all)

@@ -79,8 +79,7 @@ void ScriptObject::Release() noexcept {
 }
 
 ObjectRegistry::~ObjectRegistry() {
-    for (ScriptObject* object : m_objects)
-        object->Orphan();
+    DropAll();
 }
 
 void ObjectRegistry::Add(ScriptObject& object) {
@@ -99,8 +98,12 @@ void ObjectRegistry::DropAll() noexcept {
     alive.reserve(m_objects.size());
     for (ScriptObject* object : m_objects)
         alive.emplace_back(object);
-    for (const ObjectRef& object : alive)
-        static_cast<ScriptObject*>(object.get())->DropContents();
+    for (const ObjectRef& object : alive) {
+        auto* own = static_cast<ScriptObject*>(object.get());
+        own->DropContents();
+        own->Orphan();
+    }
+    m_objects.clear();
 }
 
 NativeObject::NativeObject()

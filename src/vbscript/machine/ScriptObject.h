@@ -77,7 +77,7 @@ class ObjectRegistry {
 
     void Add(ScriptObject& object);
     void Remove(ScriptObject& object) noexcept;
-    // Drops the contents of all objects, so that cycles fall apart.
+    // Drops the contents of all objects, so that cycles fall apart, and forgets the objects.
     void DropAll() noexcept;
     std::size_t Count() const noexcept { return m_objects.size(); }
 

@@ -129,14 +129,22 @@ std::string Text::ToUtf8() const {
 void Text::Grow(std::size_t length) {
     if (length > MaxLength)
         throw Failure(numbers::OutOfStringSpace);
-    std::size_t capacity = std::min(std::max<std::size_t>(length + length / 2, 24), MaxLength);
+    std::size_t capacity = std::min(std::max<std::size_t>(length * 2, 24), MaxLength);
     if (capacity * sizeof(char16_t) > Heap::Limit() - std::min(Heap::Used(), Heap::Limit()))
         capacity = length; // the room behind is a convenience; near the limit do without
-    Buffer* grown = Create(length, capacity);
+    const auto bytesFor = [](std::size_t characters) {
+        return sizeof(Buffer) + characters * sizeof(char16_t);
+    };
+    if (IsUnique()) {
+        void* moved = Heap::Reallocate(m_buffer, bytesFor(m_buffer->capacity), bytesFor(capacity));
+        m_buffer = static_cast<Buffer*>(moved);
+        m_buffer->capacity = static_cast<std::uint32_t>(capacity);
+        return;
+    }
+    Buffer* grown = Create(Length(), capacity);
     if (m_buffer != nullptr) {
         std::memcpy(grown->characters(), m_buffer->characters(), m_buffer->length * sizeof(char16_t));
-        if (--m_buffer->references == 0)
-            Destroy(m_buffer);
+        --m_buffer->references;
     }
     m_buffer = grown;
 }
@@ -146,15 +154,21 @@ void Text::Append(std::u16string_view tail) {
         return;
     const std::size_t before = Length();
     const std::size_t length = before + tail.size();
-    if (IsUnique() && length <= m_buffer->capacity) {
+    const std::uintptr_t own =
+        reinterpret_cast<std::uintptr_t>(m_buffer == nullptr ? nullptr : m_buffer->characters());
+    const std::uintptr_t source = reinterpret_cast<std::uintptr_t>(tail.data());
+    const bool isWithin = source >= own && source < own + before * sizeof(char16_t);
+    if (!IsUnique() || length > m_buffer->capacity) {
+        const Text other = isWithin && !IsUnique() ? *this : Text(); // keeps the characters of `tail`
+        Grow(length);
+        if (isWithin && other.m_buffer == nullptr)
+            tail = {m_buffer->characters() + (source - own) / sizeof(char16_t), tail.size()};
         std::memcpy(m_buffer->characters() + before, tail.data(), tail.size() * sizeof(char16_t));
-        m_buffer->length = static_cast<std::uint32_t>(length);
-        m_buffer->hash = 0;
-        return;
+    } else {
+        std::memcpy(m_buffer->characters() + before, tail.data(), tail.size() * sizeof(char16_t));
     }
-    const Text keptForTail(*this); // `tail` may lie within
-    Grow(length);
-    std::memcpy(m_buffer->characters() + before, tail.data(), tail.size() * sizeof(char16_t));
+    m_buffer->length = static_cast<std::uint32_t>(length);
+    m_buffer->hash = 0;
 }
 
 std::uint32_t Text::Hash() const noexcept {

@@ -123,6 +123,13 @@ class Variant {
         std::swap(m_kind, other.m_kind);
     }
 
+    // Becomes Empty; the old contents go last.
+    void Reset() noexcept {
+        if (IsCounted())
+            Variant old(std::move(*this));
+        m_kind = Kind::Empty;
+    }
+
     // --- what it is ---
     Kind kind() const noexcept { return m_kind; }
     ValueType Type() const noexcept; // as VarType numbers it; Text is String

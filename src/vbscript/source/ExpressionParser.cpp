@@ -89,11 +89,27 @@ Expression* ExpressionParser::ParseUnary(int level) {
         node.operation = Is(TokenKind::Minus) ? UnaryOperator::Negate : UnaryOperator::Plus;
         Skip();
         node.operand = ParseOperators(SignLevel);
+        if (const LiteralExpression* number = NegatedLiteral(node))
+            return const_cast<LiteralExpression*>(number);
     } else {
         return ParseOperand();
     }
     node.depth = Deeper(node.operand->depth);
     return Make(node);
+}
+
+// A number with a minus before it is a literal too; null for anything else.
+const LiteralExpression* ExpressionParser::NegatedLiteral(const UnaryExpression& unary) {
+    if (unary.operation != UnaryOperator::Negate || unary.operand->kind != ExpressionKind::Literal)
+        return nullptr;
+    LiteralExpression literal = static_cast<const LiteralExpression&>(*unary.operand);
+    if (literal.literal < LiteralKind::Integer || literal.literal > LiteralKind::Double ||
+        literal.number == 0)
+        return nullptr;
+    if (literal.literal != LiteralKind::Double && literal.number < 0)
+        return nullptr; // &H8000 has no positive counterpart of its sub-type
+    literal.number = -literal.number;
+    return Make(literal);
 }
 
 Expression* ExpressionParser::ParseOperand() {

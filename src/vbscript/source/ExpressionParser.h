@@ -30,6 +30,7 @@ class ExpressionParser : protected ParserBase {
     Expression* ParseOperators(int level);
     Expression* ParseUnary(int level);
     Expression* ParseOperand();
+    const LiteralExpression* NegatedLiteral(const UnaryExpression& unary);
     Expression* ParseNew();
     Expression* Combine(BinaryOperator operation, Expression* left, Expression* right, Place place);
     std::uint16_t Deeper(std::size_t depth) const;

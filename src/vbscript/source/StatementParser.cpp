@@ -190,6 +190,7 @@ Statement* StatementParser::ParseReDim() {
         ReDimItem item{};
         item.name = TakeName();
         MarkAssigned(item.name);
+        m_scope->redimmed.push_back(item.name);
         Expect(TokenKind::OpenBracket, numbers::ExpectedOpenBracket);
         std::vector<Expression*> bounds;
         do

@@ -219,6 +219,7 @@ struct Scope {
     std::vector<NameId> assigned;  // names that a statement writes to, declared or not
     std::vector<NameId> passed;    // names that stand alone as an argument
     std::vector<NameId> mentioned; // all names used, but for members
+    std::vector<NameId> redimmed;  // which ReDim declares, where nothing else does
     Block body;
 };
 struct Procedure : Scope {
