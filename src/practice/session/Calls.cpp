@@ -77,11 +77,10 @@ int RunProcedureTree(SessionState& session, std::unique_ptr<Frame> frame,
     int status = 0;
     {
         const FrameScope scope(session, std::move(frame));
-        if (module) {
-            session.database = module->database;
-            session.options.quotedIdentifier = module->quotedIdentifier;
-            session.options.ansiNulls = module->ansiNulls;
-        }
+        if (module)
+            session.database = module->database; // the system's own run in their caller's
+        session.options.quotedIdentifier = !module || module->quotedIdentifier;
+        session.options.ansiNulls = !module || module->ansiNulls;
         try {
             BindArguments(session, statement.parameters, arguments, name);
         } catch (const SqlError& error) {

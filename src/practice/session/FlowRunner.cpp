@@ -56,9 +56,9 @@ void FlowRunner::Run(const FlowProgram& program) {
         try {
             at = RunStep(step, at);
         } catch (const SqlError& error) {
-            at = HandleFailure(step, error);
+            at = HandleFailure(steps, step, error);
         } catch (const StoreFailure& failure) {
-            at = HandleFailure(step, StorageError(failure));
+            at = HandleFailure(steps, step, StorageError(failure));
         }
     }
     m_session.Top().guarded = false;
@@ -92,7 +92,8 @@ void FlowRunner::Locate(SqlError& error) const {
         error.procedure = frame.name;
 }
 
-std::size_t FlowRunner::HandleFailure(const FlowStep& step, const SqlError& failure) {
+std::size_t FlowRunner::HandleFailure(const std::vector<FlowStep>& steps, const FlowStep& step,
+                                      const SqlError& failure) {
     const ErrorOrigin origin = OriginOf(failure);
     const bool passed = dynamic_cast<const PassedError*>(&failure) != nullptr;
     SqlError error = failure;
@@ -101,8 +102,10 @@ std::size_t FlowRunner::HandleFailure(const FlowStep& step, const SqlError& fail
     m_session.error = error.number;
     const bool fatal = error.severity >= 20;
     const bool uncatchableHere = !passed && IsBindingError(error.number) && origin == ErrorOrigin::Statement;
-    if (step.handler != FlowStep::none && !fatal && !uncatchableHere)
-        return Catch(step, error, origin);
+    if (step.handler != FlowStep::none && !fatal && !uncatchableHere) {
+        Catch(error, origin, steps[step.handler].catches - 1);
+        return step.handler;
+    }
     const Frame& frame = m_session.Top();
     if ((frame.guardedOutside || frame.kind == FrameKind::Function) && !fatal) {
         if (m_session.options.xactAbort && origin != ErrorOrigin::RaiseError)
@@ -119,13 +122,13 @@ std::size_t FlowRunner::HandleFailure(const FlowStep& step, const SqlError& fail
     return step.resume;
 }
 
-std::size_t FlowRunner::Catch(const FlowStep& step, const SqlError& error, ErrorOrigin origin) {
+void FlowRunner::Catch(const SqlError& error, ErrorOrigin origin, std::size_t depth) {
     const bool dooms =
         EffectOf(error.number, error.severity) == ErrorEffect::Batch || m_session.options.xactAbort;
     if (dooms && origin != ErrorOrigin::RaiseError)
         m_session.store.Doom();
     if (m_session.sink.ResultOpen()) // rows that were sent before the error end here
-        m_session.Finish(StatementKind::Select, std::nullopt, true);
+        m_session.Finish(StatementKind::Select, std::nullopt);
     CaughtError caught;
     caught.number = error.number;
     caught.severity = error.severity;
@@ -133,9 +136,8 @@ std::size_t FlowRunner::Catch(const FlowStep& step, const SqlError& error, Error
     caught.line = error.line;
     caught.procedure = error.procedure;
     caught.text = error.text;
-    LeaveCatches(step.catches);
+    LeaveCatches(depth);
     m_session.Top().caught.push_back(std::move(caught));
-    return step.handler;
 }
 
 void FlowRunner::TellAndEnd(const FlowStep* step, const SqlError& error, ErrorOrigin origin) {
@@ -144,11 +146,11 @@ void FlowRunner::TellAndEnd(const FlowStep* step, const SqlError& error, ErrorOr
         origin == ErrorOrigin::Statement ? EffectOf(error.number, error.severity) : ErrorEffect::Statement;
     if (error.severity >= 20)
         throw ConnectionEnded();
+    const bool aborts = m_session.options.xactAbort && origin != ErrorOrigin::RaiseError;
     const bool changed = step != nullptr && ChangesRows(step->statement->kind);
-    if (changed && effect == ErrorEffect::Statement && origin == ErrorOrigin::Statement)
+    if (changed && !aborts && effect == ErrorEffect::Statement && origin == ErrorOrigin::Statement)
         m_session.Inform(3621, MessageText(3621));
     m_session.Finish(StatementKind::Other, std::nullopt, true);
-    const bool aborts = m_session.options.xactAbort && origin != ErrorOrigin::RaiseError;
     if (origin == ErrorOrigin::Throw)
         AbortBatch(m_session, aborts);
     if (effect == ErrorEffect::Batch || (aborts && effect == ErrorEffect::Statement) ||

@@ -24,9 +24,11 @@ class FlowRunner {
 
   private:
     std::size_t RunStep(const FlowStep& step, std::size_t index);
-    std::size_t HandleFailure(const FlowStep& step, const SqlError& error);
+    std::size_t HandleFailure(const std::vector<FlowStep>& steps, const FlowStep& step,
+                              const SqlError& error);
     void Locate(SqlError& error) const;
-    std::size_t Catch(const FlowStep& step, const SqlError& error, ErrorOrigin origin);
+    /// The error becomes that of a CATCH block with `depth` others around it.
+    void Catch(const SqlError& error, ErrorOrigin origin, std::size_t depth);
     void TellAndEnd(const FlowStep* step, const SqlError& error, ErrorOrigin origin);
     void LeaveCatches(std::size_t depth);
 

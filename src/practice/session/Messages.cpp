@@ -18,6 +18,23 @@ int IntegerOf(SessionState& session, const tsql::Expression& expression) {
     return value.IsNull() ? 0 : static_cast<int>(value.Integer());
 }
 
+/// A message of the table with the arguments in place of its %1 to %9.
+std::string FillMessage(std::string_view text, std::span<const Datum> arguments) {
+    std::string filled;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const bool place =
+            text[at] == '%' && at + 1 < text.size() && text[at + 1] >= '1' && text[at + 1] <= '9';
+        if (!place) {
+            filled += text[at];
+            continue;
+        }
+        const auto index = static_cast<std::size_t>(text[++at] - '1');
+        const bool given = index < arguments.size() && !arguments[index].IsNull();
+        filled += given ? ToText(arguments[index]) : std::string("(null)");
+    }
+    return filled;
+}
+
 /// A number raises a message of the table; this server's table holds the system's own.
 SqlError NumberedError(int number, int severity, int state, std::span<const Datum> arguments) {
     if (number < kFirstRaisable || number == kFirstUserNumber)
@@ -26,7 +43,7 @@ SqlError NumberedError(int number, int severity, int state, std::span<const Datu
     const MessageRow* row = number < kFirstUserNumber ? FindMessage(number) : nullptr;
     if (row == nullptr)
         throw SqlError(18054, {std::to_string(number), std::to_string(severity), std::to_string(state)});
-    return SqlError::Custom(number, severity, state, FormatMessage(row->text, arguments));
+    return SqlError::Custom(number, severity, state, FillMessage(row->text, arguments));
 }
 
 SqlError ErrorOf(SessionState& session, const tsql::RaiseErrorStatement& statement, int severity, int state) {

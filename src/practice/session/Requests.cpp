@@ -75,12 +75,8 @@ SessionRow SessionOfRequests::Row() const {
 }
 
 void SessionOfRequests::UseDatabase(const Database& database, int messageState) {
-    EnvironmentChange change;
-    change.kind = EnvironmentChange::Kind::Database;
-    change.oldValue = m_state.DatabaseName();
-    change.newValue = database.name;
     m_state.database = database.id;
-    m_state.sink.Environment(change);
+    m_state.TellDatabase();
     m_state.Inform(5701, MessageText(5701, {database.name}), 0, messageState);
 }
 

@@ -24,13 +24,9 @@ DatabaseId SessionContext::CurrentDatabase() {
 }
 
 void SessionContext::ChangeDatabase(DatabaseId database) {
-    EnvironmentChange change;
-    change.kind = EnvironmentChange::Kind::Database;
-    change.oldValue = m_session.DatabaseName();
     m_session.database = database;
-    change.newValue = m_session.DatabaseName();
-    m_session.sink.Environment(change);
-    m_session.Inform(5701, MessageText(5701, {change.newValue}));
+    m_session.TellDatabase();
+    m_session.Inform(5701, MessageText(5701, {m_session.DatabaseName()}));
 }
 
 std::string_view SessionContext::SourceText() {

@@ -36,6 +36,18 @@ std::string SessionState::DatabaseName() {
     return current == nullptr ? std::string() : current->name;
 }
 
+void SessionState::TellDatabase() {
+    if (toldDatabase == database)
+        return;
+    const Database* told = store.View()->FindDatabase(toldDatabase);
+    EnvironmentChange change;
+    change.kind = EnvironmentChange::Kind::Database;
+    change.oldValue = told == nullptr ? std::string() : told->name;
+    change.newValue = DatabaseName();
+    toldDatabase = database;
+    sink.Environment(change);
+}
+
 std::string SessionState::LoginName() const {
     for (auto who = impersonations.rbegin(); who != impersonations.rend(); ++who) {
         if (!who->login.empty())

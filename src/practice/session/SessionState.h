@@ -48,6 +48,7 @@ struct SessionState {
     // Set by statements
     SessionOptions options;
     DatabaseId database = masterDatabase;
+    DatabaseId toldDatabase = 0; // the one of which the client knows
     std::string language = "us_english";
     std::string isolation = "READ COMMITTED";
     bool noExecute = false; // SET NOEXEC ON: statements are looked at and not run
@@ -83,6 +84,8 @@ struct SessionState {
     void CheckInterrupt() const;
     /// The current database's name.
     std::string DatabaseName();
+    /// Tells the client of the current database where it knows of another one.
+    void TellDatabase();
     /// The login that counts now, and its user in the current database.
     std::string LoginName() const;
     std::string UserName();

@@ -31,6 +31,7 @@ void DeclareOne(SessionState& session, const tsql::VariableDeclaration& declarat
     } catch (SqlError& error) {
         if (error.line == 0)
             error.line = declaration.position.line;
+        error.procedure = session.Top().name;
         throw;
     }
 }

@@ -37,7 +37,7 @@ namespace quillon::practice::tsql {
     X(Off, "OFF") X(Offsets, "OFFSETS") X(On, "ON") X(Open, "OPEN") X(OpenDataSource, "OPENDATASOURCE") \
     X(OpenQuery, "OPENQUERY") X(OpenRowset, "OPENROWSET") X(OpenXml, "OPENXML") X(Option, "OPTION") \
     X(Or, "OR") X(Order, "ORDER") X(Outer, "OUTER") X(Over, "OVER") X(Percent, "PERCENT") \
-    X(Pivot, "PIVOT") X(Plan, "PLAN") X(Precision, "PRECISION") X(Primary, "PRIMARY") X(Print, "PRINT") \
+    X(Pivot, "PIVOT") X(Plan, "PLAN") X(Primary, "PRIMARY") X(Print, "PRINT") \
     X(Proc, "PROC") X(Procedure, "PROCEDURE") X(Public, "PUBLIC") X(RaisError, "RAISERROR") \
     X(Read, "READ") X(ReadText, "READTEXT") X(Reconfigure, "RECONFIGURE") X(References, "REFERENCES") \
     X(Replication, "REPLICATION") X(Restore, "RESTORE") X(Restrict, "RESTRICT") X(Return, "RETURN") \

@@ -63,7 +63,7 @@ std::string TakeWordsOfType(ParseState& state) {
     std::string words;
     if (state.Is(Keyword::Double)) {
         words = TakeWord(state) + " ";
-        if (!state.Is(Keyword::Precision))
+        if (!state.Is("PRECISION"))
             state.FailHere();
         return words + TakeWord(state);
     }
