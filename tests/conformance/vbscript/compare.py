@@ -21,24 +21,27 @@ def echoed(script):
     return re.sub(r"\bSay\b", "WScript.Echo", script)
 
 
-def run(command):
+def run(command, folder):
     environment = dict(os.environ, WINEDEBUG="-all")
-    done = subprocess.run(command, capture_output=True, text=True, errors="replace", timeout=120, env=environment)
+    try:
+        done = subprocess.run(command, capture_output=True, text=True, errors="replace", timeout=60, env=environment,
+                              cwd=folder)
+    except subprocess.TimeoutExpired:
+        return ["(no end)"]
     return [line.rstrip() for line in done.stdout.splitlines()]
 
 
 def main():
-    runner, folders = sys.argv[1], sys.argv[2:] or ["."]
+    runner, folders = os.path.abspath(sys.argv[1]), sys.argv[2:] or ["."]
     for folder in folders:
         for path in sorted((HERE / folder).rglob("*.vbs")):
             script = path.read_text(encoding="utf-8", errors="replace")
             if re.search(r"\bHost\b|MsgBox|InputBox", script) or path.parent.name == "compile":
                 continue
-            with tempfile.NamedTemporaryFile("w", suffix=".vbs") as file:
-                file.write(echoed(script))
-                file.flush()
-                ours = run([runner, file.name])
-                theirs = run(["wine", "cscript", "//nologo", file.name])
+            with tempfile.TemporaryDirectory() as scratch:
+                pathlib.Path(scratch, "script.vbs").write_text(echoed(script))
+                ours = run([runner, "script.vbs"], scratch)
+                theirs = run(["wine", "cscript", "//nologo", "script.vbs"], scratch)  # it takes no path with /
             if ours != theirs:
                 print(f"{path.relative_to(HERE)}")
                 for place in range(max(len(ours), len(theirs))):
