@@ -53,7 +53,7 @@ bool Engine::HasRoomFor(std::size_t bytes) noexcept {
 // A script that keeps nearly all it may have would spend its time on collecting the rest, so it fails.
 void Engine::EndOrGoOn(duk_context* context) {
     if (m_stop)
-        Throw(context, StoppedNumber, "Script was stopped");
+        Throw(context, numbers::ScriptStopped);
     duk_gc(context, 0);
     m_memoryShort = false;
     if (m_memoryUsed > m_memoryLimit / 8 * 7)

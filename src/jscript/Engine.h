@@ -23,6 +23,7 @@
 
 #include "jscript/JScriptHost.h"
 #include "platform/Failure.h"
+#include "platform/FailureNumbers.h"
 
 namespace quillon::jscript {
 
@@ -108,8 +109,6 @@ class Engine {
     void ReleaseReference(std::uint32_t reference) noexcept { m_releasedReferences.push_back(reference); }
     std::shared_ptr<EngineLink> Link() const noexcept { return m_link; }
 
-    static constexpr std::int32_t StoppedNumber = 18; // as users know an interrupt
-
   private:
     struct Execution;
     struct Report;
@@ -176,7 +175,7 @@ bool Engine::Shielded(Body&& body) noexcept {
     } catch (...) {
         m_foreign = std::current_exception();
         m_stop = true; // nothing may catch it on its way out
-        m_failure = std::make_unique<Failure>(StoppedNumber, "Script was stopped");
+        m_failure = std::make_unique<Failure>(numbers::ScriptStopped);
     }
     return false;
 }

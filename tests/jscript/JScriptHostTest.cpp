@@ -358,7 +358,7 @@ TEST_F(JScriptHostTest, StopEndsLoopsCallsAndCatches) {
           "library.Do(); while (1) { try { for (;;) ; } catch (e) { } }",
           "library.Do(); for (;;) { try { library.Do() } catch (e) { } finally { continue } }",
           "function f() { f(); f(); } library.Do(); f();"}) {
-        EXPECT_EQ(NumberOf(code), 18) << code;
+        EXPECT_EQ(NumberOf(code), numbers::ScriptStopped) << code;
         EXPECT_EQ(Evaluate("1"), "1");
     }
     std::atomic<bool> started = false;
@@ -371,7 +371,7 @@ TEST_F(JScriptHostTest, StopEndsLoopsCallsAndCatches) {
             std::this_thread::yield();
         host.Stop();
     });
-    EXPECT_EQ(NumberOf("library.Do(); for (var i = 0; ; i++) ;"), 18);
+    EXPECT_EQ(NumberOf("library.Do(); for (var i = 0; ; i++) ;"), numbers::ScriptStopped);
     other.join();
 }
 

@@ -4,6 +4,7 @@
 
 #include "platform/Conversion.h"
 #include "vbscript/builtins/Arguments.h"
+#include "vbscript/builtins/CalendarNames.h"
 #include "vbscript/builtins/Clock.h"
 #include "vbscript/builtins/Families.h"
 #include "vbscript/builtins/Weeks.h"
@@ -12,12 +13,6 @@ namespace quillon::vbscript {
 namespace {
 
 using conversion::CalendarTime;
-
-constexpr std::array<std::u16string_view, 7> WeekdayNames{u"Sunday",   u"Monday", u"Tuesday", u"Wednesday",
-                                                          u"Thursday", u"Friday", u"Saturday"};
-constexpr std::array<std::u16string_view, 12> MonthNames{u"January",   u"February", u"March",    u"April",
-                                                         u"May",       u"June",     u"July",     u"August",
-                                                         u"September", u"October",  u"November", u"December"};
 
 DateValue DateOnly(DateValue date) {
     return {std::trunc(date.days)};

@@ -5,6 +5,7 @@
 
 #include "platform/Conversion.h"
 #include "vbscript/builtins/Arguments.h"
+#include "vbscript/builtins/CalendarNames.h"
 #include "vbscript/builtins/Families.h"
 
 namespace quillon::vbscript {
@@ -151,15 +152,14 @@ Variant FormatPercent(BuiltinContext&, Arguments arguments) {
     return Text::FromAscii(WithSign(Magnitude(number.digits, form), number.negative, form.parentheses) + "%");
 }
 
-std::string LongDate(DateValue date) {
-    static constexpr std::array weekdays{"Sunday",   "Monday", "Tuesday", "Wednesday",
-                                         "Thursday", "Friday", "Saturday"};
-    static constexpr std::array months{"January", "February", "March",     "April",   "May",      "June",
-                                       "July",    "August",   "September", "October", "November", "December"};
+Text LongDate(DateValue date) {
     const auto time = conversion::CalendarOf(date);
-    return std::string(weekdays[static_cast<std::size_t>(conversion::WeekdayOf(date) - 1)]) + ", " +
-           months[static_cast<std::size_t>(time.month - 1)] + " " + std::to_string(time.day) + ", " +
-           std::to_string(time.year);
+    Text text(WeekdayNames[static_cast<std::size_t>(conversion::WeekdayOf(date) - 1)]);
+    text.Append(u", ");
+    text.Append(MonthNames[static_cast<std::size_t>(time.month - 1)]);
+    const std::string rest = " " + std::to_string(time.day) + ", " + std::to_string(time.year);
+    text.Append(Text::FromAscii(rest).View());
+    return text;
 }
 
 std::string ShortTime(DateValue date) {
@@ -183,7 +183,7 @@ Variant FormatDateTime(BuiltinContext&, Arguments arguments) {
     const DateValue date = ToDate(Formattable(arguments[0]));
     switch (form) {
     case 0: return Text::FromAscii(conversion::TextOf(date));
-    case 1: return Text::FromAscii(LongDate(date));
+    case 1: return LongDate(date);
     case 2: return Text::FromAscii(ShortDate(date));
     case 3: return Text::FromAscii(LongTime(date));
     case 4: return Text::FromAscii(ShortTime(date));

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t MostWaysBack = 4'000'000; // 64 MB
 constexpr std::uint64_t MostSteps = 20'000'000;
-constexpr std::uint64_t MostStepsACharacter = 64;
+constexpr std::uint64_t MostStepsACharacter = 500;
 
 bool IsWord(char16_t c) {
     return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') || c == u'_';
@@ -27,10 +27,10 @@ Matcher::Matcher(const Program& program, std::u16string_view text)
     : m_program(program)
     , m_text(text)
     , m_end(static_cast<std::int32_t>(text.size()))
-    , m_registers(static_cast<std::size_t>(program.registers), -1) {}
+    , m_registers(static_cast<std::size_t>(program.registers), -1)
+    , m_steps(MostSteps + MostStepsACharacter * text.size()) {}
 
 bool Matcher::Find(std::size_t from) {
-    m_steps = MostSteps + MostStepsACharacter * m_text.size();
     // A pattern that begins with a plain character can only match where that stands.
     const Instruction& first = m_program.code[1];
     const bool plain = first.operation == Operation::Character && !m_program.ignoreCase;

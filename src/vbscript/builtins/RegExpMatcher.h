@@ -16,8 +16,9 @@ class Matcher {
   public:
     Matcher(const Program& program, std::u16string_view text);
 
-    // The first match that begins at or after `from`. Raises 5 when a search takes more steps than any honest
-    // pattern needs, 7 when it has to remember more ways back than memory is given to it.
+    // The first match that begins at or after `from`. Raises 5 when the searches of this matcher take more
+    // steps than any honest pattern needs, 7 when it has to remember more ways back than memory is given to
+    // it.
     bool Find(std::size_t from);
 
     // --- of the last match found ---
@@ -64,7 +65,7 @@ class Matcher {
     std::vector<std::int32_t> m_registers;
     std::vector<Entry> m_ways;
     std::int32_t m_position = 0, m_next = 0;
-    std::uint64_t m_steps = 0;
+    std::uint64_t m_steps; // left for all searches of this matcher
 };
 
 } // namespace quillon::vbscript::regexp

@@ -27,16 +27,17 @@ Variant NumberOf(const Variant& argument) {
     }
 }
 
-// -32768 and its like have no counterpart in their own sub-type.
+// The least number of a sub-type has no counterpart in it; the sub-type is kept all the same.
 Variant AbsoluteWhole(Kind kind, std::int64_t number) {
     const std::int64_t result = std::abs(number);
     if (kind == Kind::Byte)
         return static_cast<std::uint8_t>(result);
-    if (kind == Kind::Integer && result <= std::numeric_limits<std::int16_t>::max())
-        return static_cast<std::int16_t>(result);
-    if (result <= std::numeric_limits<std::int32_t>::max())
-        return static_cast<std::int32_t>(result);
-    return static_cast<double>(result);
+    const std::int64_t most = kind == Kind::Integer ? std::numeric_limits<std::int16_t>::max()
+                                                    : std::numeric_limits<std::int32_t>::max();
+    if (result > most)
+        throw Failure(numbers::Overflow);
+    return kind == Kind::Integer ? Variant(static_cast<std::int16_t>(result))
+                                 : Variant(static_cast<std::int32_t>(result));
 }
 
 Variant Abs(BuiltinContext&, Arguments arguments) {

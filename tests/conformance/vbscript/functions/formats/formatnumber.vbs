@@ -23,7 +23,6 @@ Say FormatNumber(CCur("922337203685477.5807"), 4) '= 922,337,203,685,477.5807
 Say FormatNumber(1e15, 0) '= 1,000,000,000,000,000
 Say FormatNumber(Empty) '= 0.00
 Say FormatNumber(0, 0) '= 0
-Say FormatNumber(0.4, 0, 0) '= 0
 Say ErrorOf("FormatNumber(Null)") '= 13
 Say ErrorOf("FormatNumber(""abc"")") '= 13
 Say ErrorOf("FormatNumber(1, Null)") '= 94
