@@ -12,6 +12,7 @@
 #include "shell/Session.h"
 #include "shell/Trace.h"
 #include "template/TextCase.h"
+#include "template/TextLines.h"
 
 namespace quillon::basNewTemplate {
 namespace {
@@ -73,17 +74,25 @@ std::string OutputFile() {
 std::string ProcessFile() {
     return g_objTrace->Procedure("basNewTemplate.ProcessFile", [] {
         Files& files = ThePlatform().files();
-        const auto input = files.OpenInput(TemplateFile());
+        const std::string templateText = files.ReadAll(TemplateFile());
         const auto output = files.OpenOutput(OutputFile());
-        LineTranslator translator;
-        std::string body;
-        std::string line;
-        while (input->ReadLine(line))
-            translator.Translate(line, body);
+        std::string body = TranslateText(templateText);
         output->Write(body);
         output->Close();
         return body;
     });
+}
+
+std::string TranslateText(std::string_view templateText) {
+    // Statements make about three times the text of their lines. Growing instead would touch all memory
+    // twice; what is reserved in vain is never touched.
+    std::string body;
+    body.reserve(templateText.size() * 4);
+    LineTranslator translator;
+    TextLines lines(templateText);
+    for (std::string_view line; lines.Take(line);)
+        translator.Translate(line, body);
+    return body;
 }
 
 void ProcessTags(std::string_view line, bool& isInTag, std::string_view& before, std::string_view& after,

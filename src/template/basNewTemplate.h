@@ -44,6 +44,9 @@ class LineTranslator {
     bool m_isInTag = false;
 };
 
+// The body of a template's text, before the second pass.
+std::string TranslateText(std::string_view templateText);
+
 // Classifies a line. `isInTag` tells whether a tag is open, before and after. Code keeps its delimiters.
 // After a failure the three texts and the flag are as they were.
 void ProcessTags(std::string_view line, bool& isInTag, std::string_view& before, std::string_view& after,

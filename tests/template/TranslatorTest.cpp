@@ -34,6 +34,7 @@ TEST_F(Translator, LinesAndTags) {
         {"literal", "SELECT 1", Literal("SELECT 1") + Break},
         {"no line end at the end", "a\r\nb", Literal("a") + Break + Literal("b") + Break},
         {"any line end", "a\nb\rc\r\n", Literal("a") + Break + Literal("b") + Break + Literal("c") + Break},
+        {"line ends in a row", "\r\r\n\n\r", Break + Break + Break + Break},
         {"empty line", "\r\n", Break},
         {"blanks", "   \n", Break},
         {"tabs are text behind no tag", "\t\t\n", Literal("\t\t") + Break},
@@ -160,8 +161,8 @@ TEST_F(Translator, ScratchFilesStay) {
 }
 
 TEST_F(Translator, ScratchFileFaultsAreReportedOnce) {
-    for (const char* operation : {"Files.OpenInput", "Files.OpenOutput", "LineReader.ReadLine",
-                                  "FileWriter.Write", "FileWriter.Close"}) {
+    for (const char* operation :
+         {"Files.ReadAll", "Files.OpenOutput", "FileWriter.Write", "FileWriter.Close"}) {
         WriteTemplate("a\nb");
         plan.FailAt(operation, 1, Failure(numbers::PathFileAccess, operation));
         frontEnd.ExpectFailure(operation);
