@@ -143,10 +143,8 @@ Machine::Step Machine::DoCallBuiltin(Step at) {
     while (count != 0 && base[count - 1].IsMissing())
         --count;
     if (count < builtin.minArguments ||
-        (builtin.maxArguments != Builtin::AnyCount && at->c > builtin.maxArguments)) {
-        m_detail = builtin.name;
-        throw Failure(numbers::WrongArgumentCount);
-    }
+        (builtin.maxArguments != Builtin::AnyCount && at->c > builtin.maxArguments))
+        throw NamedFailure(numbers::WrongArgumentCount, std::string(builtin.name));
     FinishNative(base, at->c, builtin.function(*this, {base, count}));
     return at + 1;
 }

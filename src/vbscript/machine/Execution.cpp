@@ -107,14 +107,12 @@ Variant Machine::CallCode(const Code& code, const ObjectRef& me, std::span<Varia
 }
 
 void Machine::RunTerminate(const Code& code, const ObjectRef& me) noexcept {
-    const std::string detail = std::exchange(m_detail, {});
     try {
         (void)Execute(code, {}, me, false);
     } catch (...) {
         // An error in Terminate ends Terminate and nothing else. A request to stop is met again at the next
         // step of what was running.
     }
-    m_detail = detail;
 }
 
 void Machine::AddObject(std::string_view name, const ObjectRef& object, bool addMembers) {

@@ -18,8 +18,7 @@ std::string LineOf(const Unit* unit, std::int32_t line) {
 } // namespace
 
 void Machine::RaiseNamed(std::int32_t number, NameId name) {
-    m_detail = name == NoName ? std::string() : m_names.Utf8(name);
-    throw Failure(number);
+    throw NamedFailure(number, name == NoName ? std::string() : m_names.Utf8(name));
 }
 
 const StatementMark& Machine::MarkOf(const Code& code, Step at) noexcept {
@@ -38,13 +37,14 @@ ScriptFailure Machine::Placed(const Failure& failure, const Code& code, Step at)
     if (const auto* compile = dynamic_cast<const CompileFailure*>(&failure))
         return ScriptFailure(failure, {}, compile->place(), {});
     const Place place = MarkOf(code, at).place;
-    return ScriptFailure(failure, std::exchange(m_detail, {}), place, LineOf(code.unit, place.line));
+    const auto* named = dynamic_cast<const NamedFailure*>(&failure);
+    return ScriptFailure(failure, named == nullptr ? std::string() : named->name, place,
+                         LineOf(code.unit, place.line));
 }
 
 // Goes back through the frames to one that resumes at its next statement; what none handles leaves the loop.
 Machine::Step Machine::Recover(const Failure& failure) {
     const ScriptFailure placed = Placed(failure, *Top().code, m_at);
-    m_detail.clear();
     Step at = m_at;
     for (;;) {
         const Code& code = *Top().code;

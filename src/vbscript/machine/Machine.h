@@ -24,6 +24,15 @@ namespace quillon::vbscript {
 
 class Instance;
 
+// A failure about something that has a name.
+class NamedFailure : public Failure {
+  public:
+    NamedFailure(std::int32_t number, std::string named)
+        : Failure(number)
+        , name(std::move(named)) {}
+    std::string name;
+};
+
 // A failure on its way out of the machine, with the place of the statement that raised it first.
 class ScriptFailure : public Failure {
   public:
@@ -213,7 +222,6 @@ class Machine final : public BuiltinContext {
     std::vector<Frame> m_frames;
     Step m_at = nullptr;
     int m_nesting = 0;
-    std::string m_detail; // of the failure being raised
 
     std::atomic<bool> m_stop = false;
     std::uint32_t m_untilPoll = PollInterval;

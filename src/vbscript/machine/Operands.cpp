@@ -21,12 +21,13 @@ NameId Machine::NameOf(Operand operand) const {
 const Variant& Machine::Read(Operand operand) {
     static const Variant empty;
     const Variant* value = &At(operand);
-    if (value->kind() == Kind::Reference)
+    const bool isLent = value->kind() == Kind::Reference;
+    if (isLent)
         value = value->Target();
     switch (value->kind()) {
     case Kind::Constant: return *static_cast<const Variant*>(value->Pointer());
     case Kind::Unset:
-        if (Top().code->isExplicit)
+        if (!isLent && Top().code->isExplicit)
             RaiseNamed(numbers::VariableUndefined, NameOf(operand));
         return empty;
     case Kind::Procedure:
@@ -37,14 +38,15 @@ const Variant& Machine::Read(Operand operand) {
 
 Variant& Machine::Target(Operand operand) {
     Variant* variable = &At(operand);
-    if (variable->kind() == Kind::Reference)
+    const bool isLent = variable->kind() == Kind::Reference;
+    if (isLent)
         variable = variable->Target();
     switch (variable->kind()) {
     case Kind::Constant:
     case Kind::Procedure:
     case Kind::Class: RaiseNamed(numbers::IllegalAssignment, NameOf(operand));
     case Kind::Unset:
-        if (Top().code->isExplicit)
+        if (!isLent && Top().code->isExplicit)
             RaiseNamed(numbers::VariableUndefined, NameOf(operand));
         return *variable;
     default: return *variable;

@@ -13,7 +13,7 @@ namespace quillon::vbscript {
 
 class ParserBase {
   protected:
-    static constexpr int DeepestNesting = 200;
+    static constexpr int DeepestNesting = 400;
     static constexpr int DeepestExpression = 400;
 
     ParserBase(const TokenList& tokens, Program& program)
