@@ -89,11 +89,6 @@ const Script kFunctions[] = {
     {{"CREATE FUNCTION f (@n int) RETURNS int AS BEGIN IF @n <= 1 RETURN 1 RETURN @n * dbo.f(@n - 1) END",
       "SELECT dbo.f(5)"},
      "row 120\ndone 1\n"},
-    {{"CREATE FUNCTION f (@n int) RETURNS @t TABLE (a int) AS BEGIN DECLARE @i int = 0 WHILE @i < @n BEGIN "
-      "SET @i += 1 "
-      "INSERT @t VALUES (@i) END RETURN END",
-      "SELECT SUM(a) FROM dbo.f(4)"},
-     "row 10\ndone 1\n"},
     {{"CREATE FUNCTION f () RETURNS int AS BEGIN DECLARE @a int = 1 / 0 RETURN @a END",
       "SELECT dbo.f() PRINT 'goes on'"},
      "error 8134 1 (f) Divide by zero error encountered.\ninfo goes on\n"},

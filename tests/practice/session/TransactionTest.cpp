@@ -20,7 +20,7 @@ class Transactions : public testing::TestWithParam<Script> {};
 TEST_P(Transactions, AnswerAsDocumented) {
     TestServer server;
     const auto session = server.Open();
-    Answer(*session, "CREATE TABLE t (a int NOT NULL PRIMARY KEY)");
+    Answer(*session, "CREATE TABLE t (a int NOT NULL CONSTRAINT PK PRIMARY KEY)");
     EXPECT_EQ(Answer(*session, std::string("SET NOCOUNT ON\n") + GetParam().batch), GetParam().answer);
 }
 
