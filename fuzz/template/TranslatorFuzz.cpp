@@ -12,8 +12,11 @@
 #include "shell/Session.h"
 #include "shell/Trace.h"
 #include "template/ScriptStream.h"
+#include "template/TextCase.h"
+#include "template/TextLines.h"
 #include "template/basNewTemplate.h"
 #include "template/basProcTemplate.h"
+#include "vbscript/VbScriptHost.h"
 
 namespace {
 
@@ -24,30 +27,23 @@ void Require(bool holds) {
         std::abort();
 }
 
-class TextLines : public LineReader {
+class ReaderOfText : public LineReader {
   public:
-    explicit TextLines(std::string_view text)
-        : m_text(text) {}
+    explicit ReaderOfText(std::string_view text)
+        : m_lines(text) {}
     bool ReadLine(std::string& line) override {
-        if (m_text.empty())
-            return false;
-        const std::size_t end = std::min(m_text.find_first_of("\r\n"), m_text.size());
-        line = m_text.substr(0, end);
-        m_text.remove_prefix(end);
-        m_text.remove_prefix(m_text.starts_with("\r\n") ? 2 : m_text.empty() ? 0 : 1);
-        return true;
+        std::string_view view;
+        const bool found = m_lines.Take(view);
+        line = view;
+        return found;
     }
 
   private:
-    std::string_view m_text;
+    TextLines m_lines;
 };
 
 std::string TranslateWhole(std::string_view text) {
-    basNewTemplate::LineTranslator translator;
-    TextLines lines(text);
-    std::string script;
-    for (std::string line; lines.ReadLine(line);)
-        translator.Translate(line, script);
+    std::string script = basNewTemplate::TranslateText(text);
     Require(script.empty() || script.ends_with("\r\n"));
     basNewTemplate::ProcessScript(script);
     basProcTemplate::WrapCodeForExec(script);
@@ -55,10 +51,44 @@ std::string TranslateWhole(std::string_view text) {
 }
 
 std::string TranslateStreamed(std::string_view text) {
-    TextLines lines(text);
+    ReaderOfText lines(text);
     std::string script;
     StreamScript(lines, [&](std::string_view piece) { script += piece; });
     return script;
+}
+
+// What the text is when everything with a meaning in templates or in the script language's encoding is left
+// out.
+std::string LiteralOf(std::string_view text) {
+    std::string literal;
+    for (std::size_t offset = 0; offset < text.size();) {
+        const std::string_view character = text.substr(offset, CharacterSize(text, offset));
+        offset += character.size();
+        const auto lead = static_cast<unsigned char>(character[0]);
+        const bool isPlain = character.size() == 1 && lead < 0x80 && lead != 0 && lead != '"' && lead != '%';
+        const bool isWide = character.size() == 2 || (character.size() == 3 && lead != 0xE0 && lead != 0xED);
+        if (isPlain || isWide)
+            literal += character;
+    }
+    return FindFolded(literal, "objAudit.Print") == std::string::npos ? literal : std::string();
+}
+
+// What the script of such a text returns: its lines, but those of blanks alone without their blanks.
+std::string ExpectedOutput(std::string_view literal) {
+    TextLines lines(literal);
+    std::string output;
+    for (std::string_view line; lines.Take(line);)
+        output.append(line.find_first_not_of(' ') == std::string::npos ? "" : line).append("\r\n");
+    return output;
+}
+
+void CheckLiteral(const std::string& literal) {
+    static vbscript::VbScriptHost host;
+    host.SetLanguage("VBScript");
+    host.Reset();
+    host.AddCode(TranslateWhole(literal));
+    const Value output = host.Run("ReturnThis");
+    Require(literal.empty() ? output.IsEmpty() : output == Value(ExpectedOutput(literal)));
 }
 
 } // namespace
@@ -82,5 +112,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             whole.ends_with(basProcTemplate::BehindBody()));
     // A quote grows most: to sixteen characters, and a line of its own by statement and line break.
     Require(whole.size() <= text.size() * 64 + 128);
+    g_bolJScript = false;
+    if (failures == 0) // a line that is too long would be left out
+        CheckLiteral(LiteralOf(text));
     return 0;
 }
