@@ -12,6 +12,7 @@ Engine::Engine(StoreSession& storeSession, ExecutionContext& executionContext, c
     , context(executionContext)
     , systemViews(views)
     , functions(storeSession.Connection())
+    , laterals(storeSession.Connection(), functions)
     , rowSets(storeSession) {}
 
 Engine::~Engine() = default;

@@ -4,6 +4,7 @@
 
 #include "practice/statements/ExecutionContext.h"
 #include "practice/statements/FunctionNodes.h"
+#include "practice/statements/LateralTables.h"
 #include "practice/statements/SystemViews.h"
 #include "practice/statements/change/RowSets.h"
 #include "practice/storage/Sqlite.h"
@@ -23,7 +24,11 @@ class Engine {
     ExecutionContext& context;
     const SystemViews* systemViews;
     FunctionNodes functions;
+    LateralTables laterals;
     RowSets rowSets;
+
+    // Whether the statement that runs (or failed last) had come as far as touching rows.
+    bool begun = false;
 
     sqlite3* Connection() const { return store.Connection(); }
     // One step of a statement that may call our functions: what they throw comes out as itself.

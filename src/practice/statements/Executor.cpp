@@ -119,7 +119,16 @@ bool Executor::Handles(tsql::StatementKind kind) {
 }
 
 StatementOutcome Executor::Execute(const tsql::Statement& statement) {
-    return Reported([&] { return RunWithRetry(*m_engine, statement); });
+    // Statements of a trigger run inside of the one that fires it, which has begun by then and stays so.
+    const bool around = m_engine->begun;
+    m_engine->begun = false;
+    const StatementOutcome outcome = Reported([&] { return RunWithRetry(*m_engine, statement); });
+    m_engine->begun = around;
+    return outcome;
+}
+
+bool Executor::HasBegun() const {
+    return m_engine->begun;
 }
 
 Datum Executor::Evaluate(const tsql::Expression& expression) {

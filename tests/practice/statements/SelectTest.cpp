@@ -94,4 +94,36 @@ TEST_F(SelectTest, RefusesWhatDoesNotBind) {
         EXPECT_EQ(Run(answer.batch), answer.lines) << answer.batch;
 }
 
+TEST_F(SelectTest, AppliesWhatDependsOnTheLeftSide) {
+    Run("CREATE FUNCTION dbo.Next(@x int) RETURNS TABLE AS RETURN (SELECT @x AS x, @x + 1 AS y)");
+    Run("CREATE FUNCTION dbo.Below(@boss int, @word varchar(5) = 'dflt') RETURNS @r TABLE(Id int, Word "
+        "varchar(9)) AS"
+        " BEGIN INSERT @r SELECT Id, @word FROM dbo.Person WHERE Boss = @boss; RETURN END");
+    Run("CREATE FUNCTION dbo.Depth(@id int) RETURNS int AS BEGIN DECLARE @boss int = (SELECT Boss FROM "
+        "dbo.Person"
+        " WHERE Id = @id); IF @boss IS NULL RETURN 0; RETURN 1 + dbo.Depth(@boss) END");
+    const Answer answers[] = {
+        {"SELECT * FROM dbo.Next(4)", "4|5"},
+        {"SELECT p.Id, f.y FROM Person p CROSS APPLY dbo.Next(p.Id * 10) f WHERE p.Id < 3 ORDER BY p.Id",
+         "1|11\n2|21"},
+        {"SELECT p.Name, b.Name FROM Person p OUTER APPLY (SELECT TOP 1 Name FROM Person q WHERE q.Boss = "
+         "p.Id ORDER BY"
+         " q.Id) b ORDER BY p.Id",
+         "Ann|Bob\nBob|Dan\ncid|NULL\nDan|NULL"},
+        {"DECLARE @w varchar(5) = 'id'; SELECT u.k, u.v FROM Person p CROSS APPLY (VALUES (@w, CAST(p.Id AS"
+         " varchar(9))), ('name', p.Name)) u(k, v) WHERE p.Id = 2",
+         "id|2\nname|Bob"},
+        {"SELECT Id, Word FROM dbo.Below(1, 'w') ORDER BY Id", "2|w\n3|w"},
+        {"SELECT p.Id, b.Id, b.Word FROM Person p CROSS APPLY dbo.Below(p.Id, DEFAULT) b ORDER BY b.Id",
+         "1|2|dflt\n1|3|dflt\n2|4|dflt"},
+        {"SELECT Id, dbo.Depth(Id) FROM Person ORDER BY Id", "1|0\n2|1\n3|1\n4|2"},
+        {"SELECT (SELECT SUM(b.Id) FROM (SELECT p.Id AS i) k CROSS APPLY dbo.Below(k.i, '') b) FROM Person p "
+         "ORDER BY"
+         " p.Id",
+         "5\n4\nNULL\nNULL"},
+    };
+    for (const Answer& answer : answers)
+        EXPECT_EQ(Run(answer.batch), answer.lines) << answer.batch;
+}
+
 } // namespace quillon::practice::test

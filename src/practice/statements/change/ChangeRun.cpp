@@ -215,6 +215,11 @@ void Fire(Engine& engine, const std::vector<std::shared_ptr<const Trigger>>& tri
         const bool direct = engine.context.CurrentModule() == trigger->id;
         if (direct && !trigger->insteadOf && (home == nullptr || !home->Option("RECURSIVE_TRIGGERS")))
             continue;
+        // Whatever becomes of the trigger, the statement that fired it has begun.
+        struct Begun {
+            ~Begun() { flag = true; }
+            bool& flag;
+        } const begun{engine.begun};
         engine.context.RunTrigger(*trigger, frame);
         if (engine.store.TransactionNumber() != transaction)
             throw SqlError(3609);

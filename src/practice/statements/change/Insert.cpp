@@ -46,7 +46,9 @@ std::string ValuesSql(Translator& translator, const InsertColumns& target,
 
 std::string QuerySqlFor(Translator& translator, const InsertColumns& target,
                         const tsql::InsertStatement& statement) {
-    const QuerySql query = translator.Query(*statement.query, nullptr);
+    Translator::QueryOptions options;
+    options.top = true; // its order is that of the identity values
+    const QuerySql query = translator.Query(*statement.query, nullptr, options);
     if (query.columns.size() != target.columns.size())
         throw SqlError(!statement.hasColumns                          ? 213
                        : query.columns.size() < target.columns.size() ? 120
@@ -199,6 +201,7 @@ StatementOutcome RunInsert(Engine& engine, const tsql::InsertStatement& statemen
     StatementScope scope(engine, writes);
     PlanUse<InsertPlan> plan(engine, statement.attachment, [&] { return MakePlan(engine, statement); });
     plan->writes = writes;
+    engine.begun = true;
     const InsertColumns& target = plan->target;
     std::vector<StoredRow> called;
     if (collected)

@@ -202,6 +202,7 @@ StatementOutcome RunMerge(Engine& engine, const tsql::MergeStatement& statement)
     StatementScope scope(engine, writes);
     const std::unique_ptr<MergePlan> plan = MergeBinder(engine, statement).Bind();
     plan->Bind(engine);
+    engine.begun = true;
     std::vector<TriggerEvent> events;
     for (const auto& [action, event] : {std::pair{tsql::MergeAction::Delete, TriggerEvent::Delete},
                                         {tsql::MergeAction::Update, TriggerEvent::Update},

@@ -127,6 +127,7 @@ std::uint64_t RunChange(Engine& engine, const Statement& statement, TriggerEvent
     PlanUse<ChangePlan> plan(engine, statement.currentOf ? once : statement.attachment,
                              [&] { return MakePlan(engine, statement, event, clauses); });
     plan->writes = writes;
+    engine.begun = true;
     plan->Bind(engine);
     if (plan->instead) {
         const std::uint64_t count = ChangeInstead(engine, *plan, event);

@@ -106,10 +106,8 @@ Scalar Translator::ColumnScalar(const ColumnUse& use, const Scope& scope) {
         const auto parsed = m_engine.StoredExpression(column.definition->computed);
         value.sql = "(" + ConvertTo(Value(*parsed->expression, &row), column.type).sql + ")";
     }
-    if (scope.capture != nullptr) {
-        scope.capture->sql.push_back(value.sql);
-        value.sql = scope.capture->alias + ".k" + std::to_string(scope.capture->sql.size());
-    }
+    for (Capture* capture : scope.captures)
+        value.sql = capture->Take(value.sql);
     return value;
 }
 
@@ -221,7 +219,10 @@ Scalar Translator::Operate(BinaryOperator op, Scalar left, Scalar right) {
     else if (right.IsBareNull())
         right = ConvertTo(std::move(right), left.type);
     Harmonize(left, right);
-    SqlType result = ResultType(op, left.type, right.type);
+    const auto operandType = [](const Scalar& operand, const SqlType& other) {
+        return operand.constant ? ConstantOperandType(*operand.constant, other) : operand.type;
+    };
+    SqlType result = ResultType(op, operandType(left, right.type), operandType(right, left.type));
     if (result.IsCharacter()) {
         result.collation = left.type.IsCharacter() ? left.type.collation : right.type.collation;
         if (!m_engine.context.Options().concatNullYieldsNull) {

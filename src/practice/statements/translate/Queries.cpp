@@ -11,6 +11,10 @@ std::string OutputName(std::size_t index) {
     return "o" + std::to_string(index + 1);
 }
 
+bool HasTop(const tsql::QueryBody& body) {
+    return body.kind == tsql::QueryBodyKind::Select && tsql::As<tsql::SelectBody>(body).top.has_value();
+}
+
 constexpr int deepestNesting = 100;
 
 // Keeps endless nesting of queries from exhausting the stack.
@@ -35,6 +39,8 @@ class Depth {
 
 QuerySql Translator::Query(const tsql::Query& query, const Scope* outer, const QueryOptions& options) {
     const Depth depth(m_depth);
+    if (!options.top && !query.orderBy.empty() && !query.offset && !query.forXml && !HasTop(*query.body))
+        throw SqlError(1033);
     const std::size_t commonTables = m_commonTables.size();
     if (!query.with.empty())
         PushCommonTables(query.with);
@@ -458,7 +464,7 @@ QuerySql Translator::AssignmentQuery(const tsql::Query& query, const QueryOption
     const Order order = OrderBy(query.orderBy, {}, scope, false);
     Capture capture;
     capture.alias = NextAlias();
-    scope.capture = &capture;
+    scope.captures.push_back(&capture);
     const std::vector<Item> items = Items(body.items, scope);
     std::string list;
     for (std::size_t i = 0; i < items.size(); ++i)

@@ -4,6 +4,15 @@
 
 namespace quillon::practice {
 
+std::string Capture::Take(const std::string& column) {
+    auto found = std::find(sql.begin(), sql.end(), column);
+    if (found == sql.end())
+        found = sql.insert(sql.end(), column);
+    const auto index = static_cast<int>(found - sql.begin());
+    return firstParameter > 0 ? "?" + std::to_string(firstParameter + index)
+                              : alias + ".k" + std::to_string(index + 1);
+}
+
 bool Matches(const Source& source, const tsql::Name& qualifier, std::size_t parts) {
     const auto part = [&](std::size_t back) { return qualifier.parts[parts - 1 - back]; };
     if (parts == 0)

@@ -44,10 +44,15 @@ struct ColumnUse {
     const SourceColumn* column = nullptr;
 };
 
-// Columns taken in by an inner query so that an outer one can compute over its rows in their order.
+// Columns that are handed over rather than named: to an outer query that computes over an inner one's rows
+// (k1, k2 ... of `alias`), or as parameters to a lateral table (from ?<firstParameter> on).
 struct Capture {
     std::string alias;
-    std::vector<std::string> sql; // of the inner query's columns k1, k2 ...
+    int firstParameter = 0;
+    std::vector<std::string> sql; // what each of them is where it comes from
+
+    // Takes the column in; returns what to call it inside.
+    std::string Take(const std::string& column);
 };
 
 struct Scope {
@@ -60,7 +65,7 @@ struct Scope {
     mutable int insideAggregate = 0;
     mutable int aggregateError = 0;              // not 0 where aggregates may not stand: the error then
     mutable std::vector<ColumnUse> looseColumns; // used outside of aggregates and keys
-    Capture* capture = nullptr;
+    mutable std::vector<Capture*> captures;      // the outermost first
 };
 
 // The columns that a name may stand for in one scope; more than one is ambiguous.

@@ -2,20 +2,110 @@
 #include "practice/statements/translate/SurroundingsGuard.h"
 #include "practice/statements/translate/Translator.h"
 
+#include "practice/storage/TableStorage.h"
 #include "practice/values/SqlError.h"
+#include "practice/values/StorageForm.h"
 
 namespace quillon::practice {
 
 std::string Translator::FunctionSource(const tsql::FunctionTable& source, Scope& scope) {
     const auto function = std::dynamic_pointer_cast<const Module>(FindSourceObject(source.name));
-    if (!function || function->kind == ObjectKind::ScalarFunction)
+    if (!function || function->columns.empty())
         throw SqlError(208, {source.name.Text()});
-    if (function->kind != ObjectKind::InlineFunction)
-        throw SqlError::NotSupported("a table-valued function of several statements in FROM");
+    const std::string exposed = source.alias.empty() ? function->name : source.alias;
     std::string text;
-    AddDerived(InlineFunction(*function, source.arguments, scope.outer),
-               source.alias.empty() ? function->name : source.alias, source.columnAliases, scope, &text);
+    if (function->kind == ObjectKind::InlineFunction)
+        AddDerived(InlineFunction(*function, source.arguments, scope.outer), exposed, source.columnAliases,
+                   scope, &text);
+    else
+        AddDerived(TableFunction(function, source.arguments, scope.outer), exposed, source.columnAliases,
+                   scope, &text);
     return text;
+}
+
+namespace {
+
+// The tables that calls of one function fill: one for each call that is being read, used again afterwards.
+struct FunctionTables {
+    std::vector<std::shared_ptr<const Table>> free;
+    std::vector<std::shared_ptr<const Table>> busy;
+};
+
+std::shared_ptr<const Table> TableFor(Engine& engine, const Module& function, FunctionTables& tables) {
+    std::shared_ptr<const Table> table;
+    if (!tables.free.empty()) {
+        table = tables.free.back();
+        tables.free.pop_back();
+        engine.store.Run("DELETE FROM " + table->storage);
+    } else {
+        auto made = std::make_shared<Table>();
+        made->id = engine.store.Shared().NextObjectId();
+        made->name = function.name;
+        made->database = tempDatabase;
+        made->columns = function.columns;
+        made->lastColumnId = static_cast<int>(function.columns.size());
+        made->temporary = made->variable = true;
+        made->version = engine.store.Shared().NextVersion();
+        made->storage = "temp.t" + std::to_string(made->id);
+        CreateTableStorage(engine.Connection(), *made);
+        table = made;
+    }
+    tables.busy.push_back(table);
+    return table;
+}
+
+} // namespace
+
+// A function of several statements: run for each set of arguments, its table read.
+QuerySql Translator::TableFunction(const std::shared_ptr<const Module>& function,
+                                   const tsql::ExpressionList& arguments, const Scope* outer) {
+    if (arguments.size() != function->parameters.size())
+        throw SqlError(arguments.size() > function->parameters.size() ? 8144 : 313, {function->name});
+    needs.callsModules = true;
+    std::string list;
+    std::vector<bool> defaults;
+    std::string key = "function " + std::to_string(function->id) + "." + std::to_string(function->version);
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const bool isDefault = arguments[i]->kind == tsql::ExpressionKind::DefaultValue;
+        defaults.push_back(isDefault);
+        key += isDefault ? 'd' : 'v';
+        list +=
+            (i > 0 ? ", " : "") +
+            (isDefault ? "NULL" : ConvertTo(Value(*arguments[i], outer), function->parameters[i].type).sql);
+    }
+    Engine& engine = m_engine;
+    const std::string name = engine.laterals.Name(key, [&] {
+        const auto tables = std::make_shared<FunctionTables>();
+        LateralNode node;
+        node.columns = function->columns.size();
+        node.arguments = arguments.size();
+        node.release = [tables](const Prepared&) {
+            tables->free.push_back(tables->busy.back());
+            tables->busy.pop_back();
+        };
+        node.rows = [&engine, function, tables, defaults](std::span<sqlite3_value* const> values) {
+            std::vector<Datum> all;
+            for (std::size_t i = 0; i < values.size(); ++i) {
+                const SqlType& type = function->parameters[i].type;
+                const Datum value = LoadValue(values[i], type);
+                all.push_back(defaults[i] ? Datum() : value.IsNull() ? Datum::Null(type) : value);
+            }
+            const auto table = TableFor(engine, *function, *tables);
+            engine.context.RunTableFunction(*function, all, table);
+            return Prepared(engine.Connection(), "SELECT * FROM " + table->storage);
+        };
+        return node;
+    });
+    QuerySql query;
+    for (const Column& column : function->columns) {
+        OutputColumn output;
+        output.name = column.name;
+        output.type = WithCollation(column.type);
+        output.nullable = column.nullable;
+        query.columns.push_back(std::move(output));
+    }
+    query.sql = "SELECT * FROM " + name + "(" + list + ")";
+    return query;
 }
 
 QuerySql Translator::InlineFunction(const Module& function, const tsql::ExpressionList& arguments,
@@ -48,27 +138,106 @@ QuerySql Translator::InlineFunction(const Module& function, const tsql::Expressi
     return Query(*create.inlineQuery, nullptr);
 }
 
-// SQLite knows no lateral join: what stands on the right must be the same for every row on the left.
+// The right side of APPLY may use columns of the left: it becomes a lateral table that gets them as
+// arguments.
 std::string Translator::Apply(const tsql::Join& join, Scope& scope) {
+    const bool outer = join.type == tsql::JoinType::OuterApply;
     std::string text = FromOne(*join.left, scope);
-    const std::size_t first = scope.sources.size();
+    Capture capture;
+    constexpr int beyondVariables = 500;
+    capture.firstParameter = beyondVariables;
+    Scope right;
+    right.outer = &scope;
+    std::vector<const Scope*> watched;
+    for (const Scope* s = &scope; s != nullptr; s = s->outer) {
+        s->captures.push_back(&capture);
+        watched.push_back(s);
+    }
+    std::string from;
     try {
-        text += (join.type == tsql::JoinType::OuterApply ? " LEFT JOIN " : " JOIN ") +
-                FromOne(*join.right, scope);
-    } catch (const SqlError& error) {
-        constexpr int unbound = 4104;
-        constexpr int noColumn = 207;
-        if (error.number == unbound || error.number == noColumn)
-            throw SqlError::NotSupported("APPLY that refers to its left side");
+        from = FromOne(*join.right, right);
+    } catch (...) {
+        for (const Scope* s : watched)
+            s->captures.pop_back();
         throw;
     }
-    if (join.type == tsql::JoinType::OuterApply) {
-        text += " ON 1";
-        for (std::size_t i = first; i < scope.sources.size(); ++i)
-            for (SourceColumn& column : scope.sources[i]->columns)
-                column.nullable = true;
+    for (const Scope* s : watched)
+        s->captures.pop_back();
+    if (capture.sql.empty()) {
+        for (std::unique_ptr<Source>& source : right.sources)
+            AddApplied(std::move(source), outer, scope);
+        return text + (outer ? " LEFT JOIN " + from + " ON 1" : " JOIN " + from);
     }
-    return text;
+    if (right.sources.size() != 1)
+        throw SqlError::NotSupported("APPLY of a join");
+    if (needs.values.size() >= beyondVariables)
+        throw SqlError::NotSupported("APPLY beside so many variables");
+    std::unique_ptr<Source> source = std::move(right.sources.front());
+    const std::string lateral = Lateral(*source, from, capture);
+    const std::string alias = source->alias;
+    AddApplied(std::move(source), outer, scope);
+    return text + (outer ? " LEFT JOIN " : " JOIN ") + lateral + " AS " + alias + (outer ? " ON 1" : "");
+}
+
+void Translator::AddApplied(std::unique_ptr<Source> source, bool nullable, Scope& scope) {
+    if (nullable)
+        for (SourceColumn& column : source->columns)
+            column.nullable = true;
+    scope.sources.push_back(std::move(source));
+}
+
+// `v3(s1.c2, ?1)`: the query over `from` as a lateral table. The source's columns become its o1, o2 ...
+std::string Translator::Lateral(Source& source, const std::string& from, const Capture& capture) {
+    std::string list;
+    Scope reading;
+    int ordinal = 0;
+    for (SourceColumn& column : source.columns) {
+        const ColumnUse use{&source, &column};
+        const std::string sql = ColumnScalar(use, reading).sql;
+        list += (list.empty() ? "" : ", ") + sql;
+        ++ordinal;
+    }
+    ordinal = 0;
+    for (SourceColumn& column : source.columns)
+        column.sql = source.alias + ".o" + std::to_string(++ordinal);
+    source.table = nullptr;
+    source.hasRowId = false;
+    const std::string sql = "SELECT " + list + " FROM " + from;
+    std::vector<int> places;
+    std::string arguments;
+    for (std::size_t i = 0; i < capture.sql.size(); ++i) {
+        places.push_back(capture.firstParameter + static_cast<int>(i));
+        arguments += (arguments.empty() ? "" : ", ") + capture.sql[i];
+    }
+    for (std::size_t i = 1; i <= needs.values.size(); ++i) {
+        places.push_back(static_cast<int>(i));
+        arguments += ", ?" + std::to_string(i);
+    }
+    Engine& engine = m_engine;
+    std::string key = sql;
+    for (const int place : places)
+        key += "," + std::to_string(place);
+    const std::string name = engine.laterals.Name(key, [&] {
+        LateralNode node;
+        node.columns = source.columns.size();
+        node.arguments = places.size();
+        std::vector<Prepared>& spares = engine.laterals.NewSpares();
+        node.release = [&spares](Prepared rows) { spares.push_back(std::move(rows)); };
+        node.rows = [&engine, &spares, sql, places](std::span<sqlite3_value* const> values) {
+            Prepared rows;
+            if (spares.empty())
+                rows = Prepared(engine.Connection(), sql, true);
+            else {
+                rows = std::move(spares.back());
+                spares.pop_back();
+            }
+            for (std::size_t i = 0; i < values.size(); ++i)
+                rows.BindValue(places[i], values[i]);
+            return rows;
+        };
+        return node;
+    });
+    return name + "(" + arguments + ")";
 }
 
 } // namespace quillon::practice

@@ -165,6 +165,10 @@ class Translator {
     std::string VariableSource(const tsql::VariableTable& source, Scope& scope);
     std::string JoinSource(const tsql::Join& join, Scope& scope);
     std::string Apply(const tsql::Join& join, Scope& scope);
+    static void AddApplied(std::unique_ptr<Source> source, bool nullable, Scope& scope);
+    std::string Lateral(Source& source, const std::string& from, const Capture& capture);
+    QuerySql TableFunction(const std::shared_ptr<const Module>& function,
+                           const tsql::ExpressionList& arguments, const Scope* outer);
     std::string CommonSource(const tsql::CommonTable& table, const tsql::NamedTable& source, Scope& scope);
     QuerySql CommonQuery(const tsql::CommonTable& table);
     std::string RecursiveUse(const tsql::NamedTable& source, Scope& scope);
