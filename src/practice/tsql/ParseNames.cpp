@@ -15,6 +15,8 @@ std::string ParseIdentifierOrText(ParseState& state) {
 Name ParseName(ParseState& state, std::size_t most) {
     Name name;
     name.position = state.At();
+    while (state.Accept(Symbol::Point)) // a name may leave out its first parts and keep their points
+        continue;
     name.parts.push_back(ParseIdentifier(state));
     while (state.Is(Symbol::Point)) {
         if (state.Is(Symbol::Star, 1) || state.Is(TokenKind::PseudoColumn, 1))

@@ -146,7 +146,11 @@ TEST(Names, AreReadFromTexts) {
     const auto name = ParseObjectName("db..[a.]]b]");
     ASSERT_TRUE(name);
     EXPECT_EQ(name->parts, (std::vector<std::string>{"db", "", "a.]b"}));
+    const auto last = ParseObjectName("..only"); // as drivers name what they want from the current database
+    ASSERT_TRUE(last);
+    EXPECT_EQ(last->parts, std::vector<std::string>{"only"});
     EXPECT_FALSE(ParseObjectName("a b"));
+    EXPECT_FALSE(ParseObjectName(".."));
     EXPECT_FALSE(ParseObjectName(""));
     EXPECT_TRUE(NeedsBrackets("a b"));
     EXPECT_TRUE(NeedsBrackets("order"));
