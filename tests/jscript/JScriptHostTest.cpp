@@ -14,6 +14,7 @@ namespace {
 class JScriptHostTest : public testing::Test {
   protected:
     JScriptHostTest() { host.AddObject("library", library); }
+    ~JScriptHostTest() override { Lib().kept = {}; } // it may have been given itself to keep
 
     // The value as text; "#number description" for a failure.
     std::string Evaluate(std::string_view expression) {
@@ -127,6 +128,7 @@ TEST_F(JScriptHostTest, MembersOfObjects) {
         library = MakeObject<Library>();
         host.AddObject("library", library);
         EXPECT_EQ(Evaluate(expression), result) << expression;
+        Lib().kept = {};
     }
 }
 
