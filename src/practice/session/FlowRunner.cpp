@@ -60,6 +60,8 @@ void FlowRunner::Run(const FlowProgram& program) {
         } catch (const StoreFailure& failure) {
             at = HandleFailure(steps, step, StorageError(failure));
         }
+        if (m_session.frames.size() == 1) // a text that used another database has ended
+            m_session.TellDatabase();
     }
     m_session.Top().guarded = false;
     LeaveCatches(0);
@@ -140,6 +142,13 @@ void FlowRunner::Catch(const SqlError& error, ErrorOrigin origin, std::size_t de
     m_session.Top().caught.push_back(std::move(caught));
 }
 
+/// Whether the error stopped a change of rows on its way (3621), rather than kept it from starting. Waiting
+/// for the lock counts as being on the way.
+bool FlowRunner::IsTermination(const tsql::Statement& statement, const SqlError& error) const {
+    constexpr int lockTimeout = 1222;
+    return ChangesRows(statement.kind) && (error.number == lockTimeout || m_session.Statements().HasBegun());
+}
+
 void FlowRunner::TellAndEnd(const FlowStep* step, const SqlError& error, ErrorOrigin origin) {
     m_session.Tell(error);
     const ErrorEffect effect =
@@ -147,8 +156,9 @@ void FlowRunner::TellAndEnd(const FlowStep* step, const SqlError& error, ErrorOr
     if (error.severity >= 20)
         throw ConnectionEnded();
     const bool aborts = m_session.options.xactAbort && origin != ErrorOrigin::RaiseError;
-    const bool changed = step != nullptr && ChangesRows(step->statement->kind);
-    if (changed && !aborts && effect == ErrorEffect::Statement && origin == ErrorOrigin::Statement)
+    const bool terminated = step != nullptr && origin == ErrorOrigin::Statement && !aborts &&
+                            effect == ErrorEffect::Statement && IsTermination(*step->statement, error);
+    if (terminated)
         m_session.Inform(3621, MessageText(3621));
     m_session.Finish(StatementKind::Other, std::nullopt, true);
     if (origin == ErrorOrigin::Throw)

@@ -30,6 +30,7 @@ class FlowRunner {
     /// The error becomes that of a CATCH block with `depth` others around it.
     void Catch(const SqlError& error, ErrorOrigin origin, std::size_t depth);
     void TellAndEnd(const FlowStep* step, const SqlError& error, ErrorOrigin origin);
+    bool IsTermination(const tsql::Statement& statement, const SqlError& error) const;
     void LeaveCatches(std::size_t depth);
 
     SessionState& m_session;

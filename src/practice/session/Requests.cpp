@@ -12,6 +12,11 @@ namespace quillon::practice {
 
 namespace {
 
+/// Drivers may name the first procedure of a group: p;1.
+std::string_view WithoutGroupNumber(std::string_view name) {
+    return name.ends_with(";1") ? name.substr(0, name.size() - 2) : name;
+}
+
 std::vector<CallArgument> ArgumentsOf(const ProcedureCall& call) {
     std::vector<CallArgument> arguments;
     for (const CallParameter& parameter : call.parameters) {
@@ -163,7 +168,7 @@ void SessionOfRequests::Call(const ProcedureCall& call) {
     end.kind = StatementKind::Execute;
     end.failed = true;
     try {
-        const auto name = tsql::ParseObjectName(call.name);
+        const auto name = tsql::ParseObjectName(WithoutGroupNumber(call.name));
         if (!name)
             throw SqlError(2812, {call.name}, 62);
         std::vector<CallArgument> arguments = ArgumentsOf(call);

@@ -1,5 +1,6 @@
 #include "practice/session/Services.h"
 
+#include "practice/session/Dbcc.h"
 #include "practice/session/SessionFunctions.h"
 #include "practice/session/SessionState.h"
 #include "practice/values/SqlError.h"
@@ -36,24 +37,6 @@ void RunWaitFor(SessionState& session, const tsql::WaitForStatement& statement) 
     session.waitChanged.wait_until(lock, end, [&] { return session.store.IsInterrupted(); });
     lock.unlock();
     session.CheckInterrupt();
-}
-
-bool IsQuiet(const tsql::DbccStatement& statement) {
-    return std::find(statement.options.begin(), statement.options.end(), "NO_INFOMSGS") !=
-           statement.options.end();
-}
-
-/// Commands about caches and counters that this server does not have.
-bool ChangesNothing(const std::string& command) {
-    return command == "FREEPROCCACHE" || command == "DROPCLEANBUFFERS" || command == "UPDATEUSAGE" ||
-           command == "TRACEON" || command == "TRACEOFF";
-}
-
-void RunDbcc(SessionState& session, const tsql::DbccStatement& statement) {
-    if (!ChangesNothing(statement.command))
-        throw SqlError::NotSupported("DBCC " + statement.command);
-    if (!IsQuiet(statement))
-        session.Inform(2528, MessageText(2528));
 }
 
 } // namespace

@@ -41,6 +41,7 @@ void SessionSink::OutputParameter(std::size_t ordinal, const std::string& name, 
 }
 
 void SessionSink::Environment(const EnvironmentChange& change) {
+    m_wantsDone = true;
     m_target->Environment(change);
 }
 

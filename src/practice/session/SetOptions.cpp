@@ -2,6 +2,7 @@
 
 #include "practice/session/SessionState.h"
 #include "practice/tsql/Keywords.h"
+#include "practice/values/Literals.h"
 #include "practice/values/SqlError.h"
 
 namespace quillon::practice {
@@ -166,9 +167,11 @@ void RunSetOption(SessionState& session, const tsql::SetOptionStatement& stateme
         return;
     }
     if (first == "CONTEXT_INFO") {
-        const Datum value = statement.expression ? session.Statements().Evaluate(*statement.expression)
-                                                 : Convert(Datum::VarCharOf(statement.value), VarChar(8000));
-        return SetContextInfo(session, value);
+        if (!statement.expression && !statement.value.starts_with("0x"))
+            throw SqlError(102, {statement.value});
+        return SetContextInfo(session, statement.expression
+                                           ? session.Statements().Evaluate(*statement.expression)
+                                           : BinaryLiteral(statement.value));
     }
     if (statement.expression) {
         const Datum value = session.Statements().Evaluate(*statement.expression);

@@ -148,7 +148,7 @@ TEST(RemoteCalls, ReturnStatusAndOutputs) {
     const auto session = server.Open();
     Answer(*session, "CREATE PROC p @a int, @b int OUTPUT AS SET @b = @a + 1 SELECT @a RETURN 3");
     ProcedureCall call;
-    call.name = "dbo.p";
+    call.name = "dbo.p;1";
     CallParameter a;
     a.type = SimpleType(TypeId::Int);
     a.value = Datum::Int(4);

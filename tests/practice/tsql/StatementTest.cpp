@@ -32,6 +32,7 @@ TEST_P(Statements, AreTakenWhole) {
 
 const Accepted kQueries[] = {
     {StatementKind::Select, "SELECT 1"},
+    {StatementKind::Select, "SELECT c.precision, precision FROM sys.columns c"},
     {StatementKind::Select,
      "SELECT TOP 10 PERCENT WITH TIES a.*, b AS [x y], 'z' = c, d 'e' FROM t AS a ORDER BY 1 DESC"},
     {StatementKind::Select,
