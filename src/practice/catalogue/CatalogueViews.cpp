@@ -156,6 +156,10 @@ std::string Expand(const std::string& fragment) {
         return "coalesce(" + Option(argument) + " = 'ON', 0)";
     if (key == "sid")
         return "unhex_bytes(json_extract(value, '$.sid'))";
+    if (key == "principal_sid") // dbo is sa; others have the number of their login
+        return "CASE WHEN p.principal_id = 1 THEN x'01' WHEN p.sid <> x'' THEN p.sid ELSE (SELECT "
+               "unhex_bytes(json_extract(value, '$.sid')) FROM json_each(quillon_logins()) WHERE "
+               "json_extract(value, '$.name') = p.login COLLATE CI_AS) END";
     if (key == "login" || key == "session")
         return LoginPart(argument);
     return {};

@@ -95,7 +95,13 @@ SELECT constraint_type = CONVERT(nvarchar(146), CASE o.type WHEN 'PK' THEN 'PRIM
     status_enabled = CONVERT(varchar(8), CASE WHEN o.type IN ('F', 'C') THEN CASE WHEN
         OBJECTPROPERTY(o.object_id, 'CnstIsDisabled') = 1 THEN 'Disabled' ELSE 'Enabled' END ELSE '(n/a)' END),
     status_for_replication = CONVERT(varchar(19), CASE WHEN o.type IN ('F', 'C') THEN 'Is_For_Replication' ELSE '(n/a)' END),
-    constraint_keys = CONVERT(nvarchar(2126), OBJECT_DEFINITION(o.object_id))
+    constraint_keys = CONVERT(nvarchar(2126), CASE WHEN o.type IN ('PK', 'UQ') THEN (SELECT STRING_AGG(c.name, ', ')
+        FROM sys.indexes i JOIN sys.index_columns k ON k.object_id = i.object_id AND k.index_id = i.index_id
+        JOIN sys.columns c ON c.object_id = k.object_id AND c.column_id = k.column_id
+        WHERE i.object_id = @id AND i.name = o.name AND k.is_included_column = 0)
+    WHEN o.type = 'F' THEN (SELECT STRING_AGG(c.name, ', ') FROM sys.foreign_key_columns k
+        JOIN sys.columns c ON c.object_id = k.parent_object_id AND c.column_id = k.parent_column_id
+        WHERE k.constraint_object_id = o.object_id) ELSE OBJECT_DEFINITION(o.object_id) END)
 FROM sys.objects o LEFT JOIN sys.foreign_keys f ON f.object_id = o.object_id
 WHERE o.parent_object_id = @id AND o.type IN ('PK', 'UQ', 'F', 'C', 'D') ORDER BY 1, 2
 IF NOT EXISTS (SELECT * FROM sys.foreign_keys WHERE referenced_object_id = @id)

@@ -69,7 +69,7 @@ constexpr ViewDefinition rows[] = {
      "issqlrole int, isapprole int",
      "SELECT p.principal_id, CASE WHEN p.type <> 'R' AND p.principal_id NOT IN (2, 3, 4) THEN 2 ELSE 0 END, "
      "p.name, "
-     "nullif(p.sid, x''), NULL, p.create_date, p.modify_date, CASE WHEN p.type = 'R' THEN 1 ELSE 0 END, "
+     "{principal_sid}, NULL, p.create_date, p.modify_date, CASE WHEN p.type = 'R' THEN 1 ELSE 0 END, "
      "NULL, "
      "CASE WHEN p.type = 'R' THEN p.principal_id ELSE 0 END, NULL, p.type <> 'R' AND p.principal_id NOT IN "
      "(2, 3, 4), "

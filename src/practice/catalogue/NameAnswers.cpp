@@ -1,4 +1,8 @@
 #include "practice/catalogue/MetadataParts.h"
+#include "practice/values/StorageForm.h"
+
+#include <sqlite3.h>
+#include <stdexcept>
 
 namespace quillon::practice {
 
@@ -56,40 +60,56 @@ Datum UserNameOf(const Question& q) {
     return found == principals.end() ? Datum() : NameDatum(found->second.name);
 }
 
-// Of logins this room knows the session's own and sa, which is always there.
-Datum LoginIdOf(const Question& q) {
-    if (q.Count() > 0 && q.IsNull(0))
-        return {};
-    const std::string login = q.Count() == 0 ? q.here.login : q.Text(0);
-    return SameName(login, "sa") ? Datum::Int(1) : Datum();
+struct Login {
+    std::string name;
+    int id = 0;
+    std::string sid;
+};
+
+// The first login that `fits`; logins are not in the data file but told by an SQL function of the connection.
+template <typename Fits>
+std::optional<Login> FindLogin(const Question& q, Fits fits) {
+    sqlite3_stmt* statement = nullptr;
+    const char* sql = "SELECT json_extract(value, '$.name'), json_extract(value, '$.id'), "
+                      "unhex_bytes(json_extract(value, '$.sid')) FROM json_each(quillon_logins())";
+    if (sqlite3_prepare_v2(q.here.store.Connection(), sql, -1, &statement, nullptr) != SQLITE_OK)
+        throw std::logic_error(sqlite3_errmsg(q.here.store.Connection()));
+    std::optional<Login> found;
+    while (!found && sqlite3_step(statement) == SQLITE_ROW) {
+        const Login login{LoadColumn(statement, 0, SysName()).Text(), sqlite3_column_int(statement, 1),
+                          LoadColumn(statement, 2, BinaryType(TypeId::VarBinary, 85)).Bytes()};
+        if (fits(login))
+            found = login;
+    }
+    sqlite3_finalize(statement);
+    return found;
 }
 
+std::optional<Login> LoginByName(const Question& q) {
+    const std::string name = q.Count() == 0 ? q.here.login : q.Text(0);
+    return FindLogin(q, [&](const Login& login) { return SameName(login.name, name); });
+}
+
+Datum LoginIdOf(const Question& q) {
+    const auto login = q.Count() > 0 && q.IsNull(0) ? std::nullopt : LoginByName(q);
+    return login ? Datum::Int(login->id) : Datum();
+}
+
+Datum LoginSidOf(const Question& q) {
+    const auto login = q.Count() > 0 && q.IsNull(0) ? std::nullopt : LoginByName(q);
+    return login ? Datum::Bytes(BinaryType(TypeId::VarBinary, 85), login->sid) : Datum();
+}
+
+// SUSER_NAME takes the number of a login, SUSER_SNAME its bytes.
 Datum LoginNameOf(const Question& q) {
     if (q.Count() == 0)
         return NameDatum(q.here.login);
     if (q.IsNull(0))
         return {};
-    if (!q.Value(0).Type().IsBinary())
-        return q.Number(0) == 1 ? NameDatum("sa") : Datum();
-    if (q.Value(0).Bytes() == "\x01")
-        return NameDatum("sa");
-    for (const auto& [id, principal] : q.Current().principals)
-        if (!principal.sid.empty() && principal.sid == q.Value(0).Bytes())
-            return NameDatum(principal.login.empty() ? principal.name : principal.login);
-    return {};
-}
-
-Datum LoginSidOf(const Question& q) {
-    if (q.Count() > 0 && q.IsNull(0))
-        return {};
-    const std::string login = q.Count() == 0 ? q.here.login : q.Text(0);
-    const SqlType type = BinaryType(TypeId::VarBinary, 85);
-    if (SameName(login, "sa"))
-        return Datum::Bytes(type, "\x01");
-    for (const auto& [id, principal] : q.Current().principals)
-        if (!principal.sid.empty() && SameName(principal.login, login))
-            return Datum::Bytes(type, principal.sid);
-    return {};
+    const bool isSid = q.Value(0).Type().IsBinary();
+    const auto login = FindLogin(
+        q, [&](const Login& one) { return isSid ? one.sid == q.Value(0).Bytes() : one.id == q.Number(0); });
+    return login ? NameDatum(login->name) : Datum();
 }
 
 // A type by its name: built in, or of the user's own.

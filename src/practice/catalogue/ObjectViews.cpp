@@ -102,11 +102,13 @@ constexpr ViewDefinition rows[] = {
      "FROM q_parameter p JOIN q_object o ON o.object_id = p.object_id WHERE o.database_id = {db}"},
     // What sp_columns and its kin tell of a column, worked out once here.
     {"sys", "q_columns",
-     "!object_id int, name sysname, !system_type_id int, !is_nullable bit, !ordinal int, data_type int, "
+     "!object_id int, !column_id int, name sysname, !system_type_id int, !is_nullable bit, !ordinal int, "
+     "data_type int, "
      "type_name nvarchar(160), odbc_precision int, length int, odbc_scale int, radix int, column_def "
      "nvarchar(4000), "
      "octets int, ss_data_type int",
-     "SELECT c.object_id, c.name, c.system_type_id, c.is_nullable, c.ordinal, {odbc:c}, (SELECT d.definition "
+     "SELECT c.object_id, c.column_id, c.name, c.system_type_id, c.is_nullable, c.ordinal, {odbc:c}, (SELECT "
+     "d.definition "
      "FROM q_default d WHERE d.parent_object_id = c.object_id AND d.parent_column_id = c.column_id), "
      "CASE WHEN c.collation_name IS NOT NULL OR c.system_type_id IN (34, 165, 173, 189) THEN "
      "CASE WHEN c.system_type_id IN (34, 35, 99) OR c.max_length < 0 THEN 2147483647 ELSE c.max_length END "

@@ -16,7 +16,7 @@ constexpr ViewDefinition rows[] = {
      "SELECT p.name, p.principal_id, p.type, CASE p.type WHEN 'R' THEN 'DATABASE_ROLE' WHEN 'U' THEN "
      "'WINDOWS_USER' "
      "ELSE 'SQL_USER' END, nullif(p.default_schema_name, ''), p.create_date, p.modify_date, "
-     "CASE WHEN p.type = 'R' THEN 1 END, nullif(p.sid, x''), p.is_fixed_role, "
+     "CASE WHEN p.type = 'R' THEN 1 END, {principal_sid}, p.is_fixed_role, "
      "CASE WHEN p.type = 'R' OR p.login = '' THEN 0 ELSE 1 END, "
      "CASE WHEN p.type = 'R' OR p.login = '' THEN 'NONE' ELSE 'INSTANCE' END, NULL, NULL, 0 "
      "FROM q_principal p WHERE p.database_id = {db}"},

@@ -1,5 +1,7 @@
 #include "practice/statements/Plan.h"
 
+#include <algorithm>
+
 #include "practice/values/SqlError.h"
 #include "practice/values/StorageForm.h"
 
@@ -36,7 +38,10 @@ bool Plan::Fits(Engine& engine, const PlanStamp& now) const {
             variable->type.precision != needed.type.precision || variable->type.scale != needed.type.scale)
             return false;
     }
-    return true;
+    return std::ranges::all_of(needs.tableVariables, [&engine](const auto& used) {
+        const Variable* variable = engine.context.FindVariable(used.first);
+        return variable != nullptr && variable->table && variable->table->id == used.second;
+    });
 }
 
 void Plan::Bind(Engine& engine) {

@@ -6,12 +6,8 @@ namespace quillon::practice {
 
 Target FindTarget(Translator& translator, const tsql::DmlTarget& target) {
     Target found;
-    Engine& engine = translator.Shared();
     if (!target.variable.empty()) {
-        const Variable* variable = engine.context.FindVariable(target.variable);
-        if (variable == nullptr || !variable->table)
-            throw SqlError(1087, {target.variable});
-        found.table = variable->table;
+        found.table = translator.VariableTable(target.variable);
         found.name = target.variable;
         return found;
     }

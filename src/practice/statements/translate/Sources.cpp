@@ -246,10 +246,16 @@ std::string Translator::SystemSource(const SystemView& view, DatabaseId database
 }
 
 std::string Translator::VariableSource(const tsql::VariableTable& source, Scope& scope) {
-    const Variable* variable = m_engine.context.FindVariable(source.variable);
+    return AddTable(VariableTable(source.variable), source.alias.empty() ? source.variable : source.alias,
+                    scope);
+}
+
+std::shared_ptr<const Table> Translator::VariableTable(const std::string& name) {
+    const Variable* variable = m_engine.context.FindVariable(name);
     if (variable == nullptr || !variable->table)
-        throw SqlError(1087, {source.variable});
-    return AddTable(variable->table, source.alias.empty() ? source.variable : source.alias, scope);
+        throw SqlError(1087, {name});
+    needs.tableVariables.emplace_back(name, variable->table->id);
+    return variable->table;
 }
 
 QuerySql Translator::ViewQuery(const Module& view) {

@@ -28,6 +28,8 @@ struct Needs {
     std::set<ObjectId> reads;  // tables
     bool callsModules = false; // user functions: they may read anything
     bool systemViews = false;
+    // Table variables by name, with the table that each one was: another run may have other ones.
+    std::vector<std::pair<std::string, ObjectId>> tableVariables;
     std::vector<std::string> liveVariables; // assigned by the very SELECT that reads them
 };
 
@@ -90,6 +92,8 @@ class Translator {
 
     // What the name means here: a table, row set or view; nullptr when there is none. (Not common tables.)
     std::shared_ptr<const SchemaObject> FindSourceObject(const tsql::Name& name);
+    // The table that a table variable is now; 1087 when there is none of this name.
+    std::shared_ptr<const Table> VariableTable(const std::string& name);
     const tsql::CommonTable* FindCommonTable(const tsql::Name& name) const;
 
     const Surroundings& Here() const { return m_here; }

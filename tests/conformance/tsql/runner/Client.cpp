@@ -1,6 +1,7 @@
 #include "runner/Client.h"
 
 #include <array>
+#include <sstream>
 #include <stdexcept>
 
 namespace quillon::conformance {
@@ -14,8 +15,22 @@ SQLCHAR* Characters(const std::string& text) {
     return reinterpret_cast<SQLCHAR*>(const_cast<char*>(text.c_str()));
 }
 
+bool IsBinary(SQLHSTMT statement, SQLUSMALLINT column) {
+    SQLLEN type = 0;
+    SQLColAttribute(statement, column, SQL_DESC_CONCISE_TYPE, nullptr, 0, nullptr, &type);
+    return type == SQL_BINARY || type == SQL_VARBINARY || type == SQL_LONGVARBINARY;
+}
+
+// Bytes come as hex digits, which ODBC wants in upper case and not every driver writes so.
+std::string UpperCase(std::string text) {
+    for (char& c : text)
+        c = c >= 'a' && c <= 'f' ? static_cast<char>(c - 32) : c;
+    return text;
+}
+
 std::string ReadColumn(SQLHSTMT statement, SQLUSMALLINT column) {
     std::string text;
+    int parts = 0;
     std::array<char, 4096> buffer{};
     for (;;) {
         SQLLEN length = 0;
@@ -29,7 +44,9 @@ std::string ReadColumn(SQLHSTMT statement, SQLUSMALLINT column) {
             return "NULL";
         text += buffer.data();
         if (result == SQL_SUCCESS)
-            return text;
+            return IsBinary(statement, column) ? UpperCase(std::move(text)) : text;
+        if (buffer.front() == '\0' || ++parts > 100'000)
+            throw std::runtime_error("the driver gives a column in parts without an end");
     }
 }
 
@@ -39,6 +56,23 @@ std::string NameOfColumn(SQLHSTMT statement, SQLUSMALLINT column) {
     SQLDescribeCol(statement, column, name.data(), static_cast<SQLSMALLINT>(name.size()), &length, nullptr,
                    nullptr, nullptr, nullptr);
     return reinterpret_cast<const char*>(name.data());
+}
+
+// When the first answer to a batch is an error, the driver manager believes that nothing follows, and what
+// does is lost. So a row of our own goes before each batch, on its first line, so that lines keep their
+// numbers.
+constexpr const char* openingColumn = "opening of the batch";
+const std::string opening = std::string("SELECT 0 AS [") + openingColumn + "]; ";
+
+// Definitions of modules and schemas must be the first statement of their batch.
+bool MustStandAlone(const std::string& batch) {
+    std::istringstream words(batch);
+    std::string verb, kind;
+    words >> verb >> kind;
+    if (verb != "CREATE" && verb != "ALTER")
+        return false;
+    return kind == "VIEW" || kind == "PROCEDURE" || kind == "PROC" || kind == "FUNCTION" ||
+           kind == "TRIGGER" || kind == "SCHEMA" || kind == "DEFAULT" || kind == "RULE";
 }
 
 // Changes of database and language are told by every USE; drivers differ in whether they pass them on.
@@ -134,10 +168,15 @@ void Client::Collect(SQLHSTMT statement, SQLRETURN result, std::vector<Answer>& 
 
 std::vector<Answer> Client::Run(const std::string& batch) {
     std::vector<Answer> answers;
+    const bool isOpened = !MustStandAlone(batch);
+    const std::string text = isOpened ? opening + batch : batch;
     SQLHSTMT statement = nullptr;
     SQLAllocHandle(SQL_HANDLE_STMT, m_connection, &statement);
-    Collect(statement, SQLExecDirect(statement, Characters(batch), SQL_NTS), answers);
+    Collect(statement, SQLExecDirect(statement, Characters(text), SQL_NTS), answers);
     SQLFreeHandle(SQL_HANDLE_STMT, statement);
+    if (isOpened && answers.size() > 1 && answers[0].kind == Answer::Kind::Columns &&
+        answers[0].text == openingColumn)
+        answers.erase(answers.begin(), answers.begin() + 2);
     return answers;
 }
 

@@ -32,8 +32,8 @@ class Reader {
         } else if (line == "GO") {
             Finish();
         } else {
-            if (m_batch.text.empty() && IsBlank(line))
-                return;
+            if (m_batch.text.empty() && (IsBlank(line) || line.starts_with("--")))
+                return; // what stands before a batch does not count among its lines
             if (m_batch.text.empty())
                 m_batch.firstLine = m_line;
             m_batch.text += line + "\n";
