@@ -45,7 +45,7 @@ std::vector<ModuleParameter> ParametersOf(Engine& engine, const std::vector<tsql
         if (object && (object->kind == ObjectKind::TableType || object->kind == ObjectKind::AliasType))
             one.userType = object->id;
         if (!object || object->kind != ObjectKind::TableType)
-            one.type = translator.TypeOf(parameter.type, false);
+            one.type = translator.TypeOf(parameter.type, false, all.size() + 1);
         all.push_back(std::move(one));
     }
     return all;

@@ -114,7 +114,7 @@ Column TableBuilder::MakeColumn(const tsql::ColumnDefinition& definition, int id
             throw SqlError(173, {definition.name});
         column.type = SimpleType(TypeId::RowVersion);
     } else {
-        column.type = translator.TypeOf(*definition.type, false);
+        column.type = translator.TypeOf(*definition.type, false, static_cast<std::size_t>(id));
         column.sysName = SameName(definition.type->name.Last(), "sysname");
         const auto alias = std::dynamic_pointer_cast<const AliasType>(
             TypeFromName(definition.type->name.Last()) ? nullptr

@@ -109,7 +109,8 @@ class Translator {
         OutputColumn output;
     };
     std::vector<Item> Items(const std::vector<tsql::SelectItem>& items, const Scope& scope);
-    SqlType TypeOf(const tsql::DataType& type, bool inCast);
+    // `ordinal`: of the column, parameter or variable in its list, for the message about a type that is none.
+    SqlType TypeOf(const tsql::DataType& type, bool inCast, std::size_t ordinal = 1);
     // The number of rows of TOP and its kin, refused when it is none (1060, 127).
     std::string RowCountSql(const tsql::Expression& count, const Scope* outer, bool percent);
     Scalar ColumnScalar(const ColumnUse& use, const Scope& scope);

@@ -270,7 +270,7 @@ std::string Translator::TestForNull(const Scalar& value, bool negated) {
     return "(" + value.sql + (negated ? " IS NOT NULL)" : " IS NULL)");
 }
 
-SqlType Translator::TypeOf(const tsql::DataType& type, bool inCast) {
+SqlType Translator::TypeOf(const tsql::DataType& type, bool inCast, std::size_t ordinal) {
     const auto first = !type.hasLength ? std::nullopt : std::optional(type.isMax ? maxLength : type.length);
     const auto second = type.hasScale ? std::optional(type.scale) : std::nullopt;
     if (type.name.parts.size() == 1 || SameName(type.name.Schema(), "sys"))
@@ -283,7 +283,9 @@ SqlType Translator::TypeOf(const tsql::DataType& type, bool inCast) {
         view->FindObject(m_here.database, schema == nullptr ? m_here.schema : schema->id, type.name.Last());
     if (const auto alias = std::dynamic_pointer_cast<const AliasType>(object))
         return WithCollation(alias->base);
-    throw SqlError(inCast ? 243 : 2715, {type.name.Text(), type.name.Text()});
+    if (inCast)
+        throw SqlError(243, {type.name.Text()});
+    throw SqlError(2715, {std::to_string(ordinal), type.name.Text()});
 }
 
 } // namespace quillon::practice
