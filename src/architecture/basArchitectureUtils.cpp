@@ -21,12 +21,16 @@ clsQlnTemplate& TheProfile() {
 
 } // namespace
 
+bool LoadProfile(const std::string& path) {
+    return TheProfile().Load(path);
+}
+
 bool CheckForArch() {
     return g_objTrace->Procedure("basArchitectureUtils.CheckForArch", [] {
         if (TheProfile().IsLoaded())
             return true;
         if (!g_strArchFile.empty())
-            return TheProfile().Load(g_strArchFile);
+            return LoadProfile(g_strArchFile);
         ThePlatform().frontEnd().Message("You must select a valid audit architecture file first",
                                          "Invalid Operation", Icon::Warning);
         return OpenArchProfile();
@@ -39,7 +43,7 @@ bool OpenArchProfile() {
         if (!path)
             return false;
         TheScreen<frmMain>().txtTemplate.SetText(" " + basStringFunctions::JustFileName(*path));
-        return TheProfile().Load(*path);
+        return LoadProfile(*path);
     });
 }
 

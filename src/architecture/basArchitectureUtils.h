@@ -1,11 +1,17 @@
 // Whether the session has a usable profile, and choosing one.
 #pragma once
 
+#include <string>
+
 namespace quillon::basArchitectureUtils {
 
 // True when the session's profile can be used, loading it from g_strArchFile if need be; asks for a file when
 // none is selected.
 bool CheckForArch();
+
+// Loads a file into the session's profile, which is made if this is its first use. False when it failed; the
+// user has been told then.
+bool LoadProfile(const std::string& path);
 
 // Lets the user choose a profile file and loads it into g_objArch; true when one was chosen.
 bool OpenArchProfile();

@@ -3,11 +3,12 @@
 #include <CLI/CLI.hpp>
 
 #include "console/ConsoleFrontEnd.h"
-#include "console/ConsoleSession.h"
 #include "console/ServerOptions.h"
 #include "console/commands/Commands.h"
 #include "platform/Failure.h"
+#include "program/Program.h"
 #include "shell/Application.h"
+#include "shell/Trace.h"
 
 namespace quillon::console {
 namespace {
@@ -19,8 +20,8 @@ constexpr int NotUnderstood = 2;
 int RunCommand(const ChosenCommand& command) {
     ConsoleFrontEnd frontEnd(stderr);
     try {
-        ConsoleSession session(frontEnd);
-        session.Run(command.procedure, command.action);
+        const Program program(frontEnd);
+        g_objTrace->Procedure(command.procedure, command.action);
     } catch (const Failure& failure) {
         // Raised before there was a trace to report it.
         frontEnd.ReportFailure({.Description = failure.description(),

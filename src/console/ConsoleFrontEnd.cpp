@@ -15,6 +15,7 @@ Answer CautiousAnswer(Buttons buttons) {
     switch (buttons) {
     case Buttons::Ok: return Answer::Ok;
     case Buttons::YesNo: return Answer::No;
+    case Buttons::AbortRetryIgnore: return Answer::Abort;
     default: return Answer::Cancel;
     }
 }

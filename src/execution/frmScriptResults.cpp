@@ -1,16 +1,12 @@
 #include "execution/frmScriptResults.h"
 
-#include "platform/Failure.h"
-#include "platform/FailureNumbers.h"
+#include "execution/EditorSupport.h"
 #include "platform/FrontEnd.h"
 #include "platform/Platform.h"
-#include "shell/SessionRoads.h"
 #include "shell/Trace.h"
 
 namespace quillon {
 namespace {
-
-constexpr const char* OutputLanguage = "output";
 
 std::string Joined(const RunLog& log) {
     std::string text;
@@ -19,32 +15,20 @@ std::string Joined(const RunLog& log) {
     return text;
 }
 
-// Languages are registered at start; a run that comes before that registers them itself.
-void SetOutputLanguage(Editor& editor) {
-    try {
-        editor.SetLanguage(OutputLanguage);
-    } catch (const Failure& failure) {
-        if (failure.number() != numbers::Unspecified)
-            throw;
-        TheRoads().RegisterLanguages(false);
-        editor.SetLanguage(OutputLanguage);
-    }
-}
-
 } // namespace
 
 frmScriptResults::frmScriptResults()
     : Screen("frmScriptResults") {
     SetTitle("Script Execution Results");
     cdmResults.SetReadOnly(true);
-    cdmResults.OnSelectionChange = [this] { ShowPosition(); };
+    cdmResults.OnSelectionChange = [this] { ShowCaret(stbStatus, cdmResults); };
 }
 
 void frmScriptResults::ShowScriptResults(const RunLog& log) {
     g_objTrace->Procedure("frmScriptResults.ShowScriptResults", [&] {
         Load();
         cdmResults.SetText("");
-        SetOutputLanguage(cdmResults);
+        SetEditorLanguage(cdmResults, "output");
         cdmResults.SetColorSyntax(true);
         SetColours();
         cdmResults.SetText(Joined(log));
@@ -68,20 +52,12 @@ void frmScriptResults::SetColours() {
 }
 
 void frmScriptResults::Form_Activate() {
-    ShowPosition();
-}
-
-void frmScriptResults::ShowPosition() {
-    g_objTrace->Procedure("frmScriptResults.cdmResults_SelChange", [&] {
-        stbStatus.SetPanel(LinesPanel, "Lines: " + std::to_string(cdmResults.LineCount()) + "  ");
-        stbStatus.SetPanel(LinePanel, "Line: " + std::to_string(cdmResults.CaretLine() + 1) + " ");
-    });
+    ShowCaret(stbStatus, cdmResults);
 }
 
 void frmScriptResults::Form_Unload(bool& cancel) {
     g_objTrace->Procedure("frmScriptResults.Form_Unload", [&] {
-        const Screen* active = ThePlatform().frontEnd().ActiveScreen();
-        if (active != nullptr && active->Name() == "frmMain")
+        if (IsMainActive())
             return;
         cancel = true;
         Hide();

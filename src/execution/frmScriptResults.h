@@ -25,10 +25,6 @@ class frmScriptResults : public Screen {
     void Form_KeyDown(Key key, int shift) override;
 
   private:
-    // Panels of the status bar.
-    enum Panel : std::size_t { LinesPanel = 1, LinePanel = 2 };
-
-    void ShowPosition();
     void SetColours();
 };
 

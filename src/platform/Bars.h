@@ -39,10 +39,10 @@ class ProgressBar : public Control {
 class ToolBar : public Control {
   public:
     struct Item {
-        std::string Caption;
-        std::string Key;
-        std::string Icon;
-        std::string ToolTip;
+        std::string Caption{};
+        std::string Key{};
+        std::string Icon{};
+        std::string ToolTip{};
         bool Separator = false;
         bool Enabled = true;
         bool operator==(const Item&) const = default;

@@ -42,11 +42,11 @@ struct Field {
 };
 
 struct Parameter {
-    std::string Name;
+    std::string Name{};
     DataType Type = DataType::Integer;
     ParameterDirection Direction = ParameterDirection::Input;
-    std::int32_t Size = 0; // in characters for text, else 0 or 1
-    quillon::Value Value;  // Empty: no input value, sent as NULL; filled by Execute for the other directions
+    std::int32_t Size = 0;  // in characters for text, else 0 or 1
+    quillon::Value Value{}; // Empty: no input value, sent as NULL; filled by Execute for the other directions
 };
 
 class Recordset;

@@ -19,9 +19,10 @@ class Menu;
 class Screen;
 struct PrintedReport;
 
-enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, AbortRetryIgnore, RetryCancel };
 enum class Icon { None, Critical, Question, Warning, Information };
-enum class Answer { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
+// Numbered as scripts number them.
+enum class Answer { Ok = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7 };
 enum class Pointer { Default, Hourglass };
 enum class WindowStyle { Normal, MinimisedFocus };
 

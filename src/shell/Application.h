@@ -16,6 +16,9 @@ struct Application {
     }
 };
 
+// Where users find help beyond the guide.
+inline constexpr const char* SupportPage = "https://quillon.example/support";
+
 // One for the process; its version is the build's.
 const Application& TheApplication();
 

@@ -62,7 +62,8 @@ extern std::string g_strOutputFile;
 // The user asked the running long operation to stop. Owners: the stop commands set it at any time, also while
 // an operation works; cboDatabase_Click and the end of Process clear it.
 extern bool g_bolStop;
-// The script language is JScript. Owner: the language registration.
+// Templates are translated into JScript. Nothing in the session assigns it; `translate --jscript` at the
+// command line does.
 extern bool g_bolJScript;
 
 // g_objConnection, created if this is its first use.

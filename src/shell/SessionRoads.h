@@ -61,6 +61,8 @@ struct SessionRoads {
     // --- architecture/ ---
     // Loads the file into g_objArch, which is created if this is its first use.
     Road<void(const std::string& path)> LoadArchitecture{"clsQlnTemplate.Load"};
+    // Opens the screen that edits and installs profiles.
+    Road<void()> ShowArchitectureManager{"frmArchitectureManager"};
 
     // --- template/ ---
     Road<void(bool force)> RegisterLanguages{"basLanguages.RegisterLanguages"};
@@ -74,6 +76,10 @@ struct SessionRoads {
     // Makes the current row's table the active one and fills the other two grids.
     Road<void(frmMain&)> grxTables_Click{"frmMain.grxTables_Click"};
     Road<void()> ShowTip{"frmTip"};
+
+    // --- triggers/ ---
+    // Shows a file as the script of "owner.name", modally.
+    Road<void(const std::string& name, const std::string& path)> ShowDDL{"frmDDL.LoadScript"};
 };
 
 // One for the process.

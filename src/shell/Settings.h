@@ -33,6 +33,9 @@ inline constexpr Setting DefaultArch{
     "default architecture profile; a bare name means the application's folder"};
 inline constexpr Setting Editor{"Editor", Type::Integer, "0",
                                 "hand-off of generated scripts: 0 Query Analyzer, 1 own editor, 2 execute"};
+inline constexpr Setting QueryProgram{
+    "QueryProgram", Type::Text, "",
+    "program that opens generated scripts in place of the Query Analyzer; it gets the file as its argument"};
 inline constexpr Setting AuditTablePrefix{"AuditTablePrefix", Type::Text, "AUDIT",
                                           "tables so named are left out of the model"};
 inline constexpr Setting ExcludeSysTables{"ExcludeSysTables", Type::Boolean, "1",
@@ -51,9 +54,10 @@ inline constexpr Setting Normalize{"normalize", Type::Integer, "0", "editor norm
 inline constexpr Setting PropertyPage{"propertypage", Type::Integer, "1",
                                       "template editor shows its properties"};
 
-inline constexpr std::array All{DefaultArch,       Editor,      AuditTablePrefix, ExcludeSysTables, ShowTips,
-                                ScriptingLanguage, LoginType,   Server,           UserId,           Password,
-                                LeftMargin,        LineNumbers, Normalize,        PropertyPage};
+inline constexpr std::array All{DefaultArch,      Editor,    QueryProgram,      AuditTablePrefix,
+                                ExcludeSysTables, ShowTips,  ScriptingLanguage, LoginType,
+                                Server,           UserId,    Password,          LeftMargin,
+                                LineNumbers,      Normalize, PropertyPage};
 
 // --- the wrappers ---
 std::string Read(const std::string& key, const std::string& defaultValue);

@@ -20,9 +20,9 @@ using basStringFunctions::JustFilePath;
 frmMain::frmMain()
     : Screen("frmMain") {
     cboDatabase.OnClick = [this] { cboDatabase_Click(); };
-    mnuFileConnect.OnClick = [this] { mnuFileConnect_Click(); };
-    mnuExit.OnClick = [this] { Unload(); };
-    mnuStop.OnClick = [] { g_bolStop = true; };
+    SetSelectionCaptions();
+    BindSelection();
+    BindCommands();
 }
 
 // --- start ---
@@ -67,7 +67,8 @@ void frmMain::SetCaption(const std::string& strDatabase) {
 
 void frmMain::SetMenus() {
     g_objTrace->Procedure("frmMain.SetMenus", [&] {
-        for (Menu* entry : {&mnuFileConnect, &mnuFileOpenFile, &mnuExit, &mnuFileGenerateProcs, &mnuStop})
+        for (Menu* entry : {&Menus.mnuFileConnect, &Menus.mnuFileOpenFile, &Menus.mnuExit,
+                            &Menus.mnuFileGenerateProcs, &Menus.mnuStop})
             if (!entry->Caption().ends_with('\t'))
                 entry->SetCaption(entry->Caption() + "\t");
     });

@@ -12,11 +12,15 @@
 // picks again. What lies in other rooms is reached through SessionRoads.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/controls.h"
+#include "shell/frmMainMenus.h"
 
 namespace quillon {
+
+class mdTable;
 
 class frmMain : public Screen {
   public:
@@ -31,13 +35,24 @@ class frmMain : public Screen {
     StatusBar stbStatus{*this, "stbStatus"};
     ProgressBar ProgressBar1{*this, "ProgressBar1"};
 
-    Menu mnuFile{*this, "mnuFile", "&File"};
-    Menu mnuFileConnect{*this, "mnuFileConnect", "(Re) &Connect to Database ...", &mnuFile};
-    Menu mnuFileOpenFile{*this, "mnuFileOpenFile", "&Select Audit Architecture", &mnuFile};
-    Menu mnuExit{*this, "mnuExit", "&Exit", &mnuFile};
-    Menu mnuRun{*this, "mnuRun", "&Run"};
-    Menu mnuFileGenerateProcs{*this, "mnuFileGenerateProcs", "&Generate Triggers ...", &mnuRun};
-    Menu mnuStop{*this, "mnuStop", "&Stop", &mnuRun};
+    // --- what is to be audited ---
+    CheckBox chkInsert{*this, "chkInsert"};
+    CheckBox chkUpdate{*this, "chkUpdate"};
+    CheckBox chkDelete{*this, "chkDelete"};
+    // Sums the three boxes up: none, some (greyed), all.
+    CheckBox chkAll{*this, "chkAll"};
+    CheckBox chkSelectAll{*this, "chkSelectAll"};
+    CheckBox chkUnselectAll{*this, "chkUnselectAll"};
+    CheckBox chkAllTables{*this, "chkAllTables"};
+
+    Button cmdFindTemplate{*this, "cmdFindTemplate"};
+    Button cmdReport{*this, "cmdReport"};
+    // There only while a run is at work.
+    Button cmdBreak{*this, "cmdBreak"};
+
+    ToolBar btnModules{*this, "btnModules"};
+    ToolBar asxToolbar1{*this, "asxToolbar1"};
+    frmMainMenus Menus{*this};
 
     // Panels of the status bar.
     enum Panel : std::size_t { ServerPanel = 1, DatabasePanel = 2, LoginPanel = 3, ProgressPanel = 4 };
@@ -64,6 +79,33 @@ class frmMain : public Screen {
     // Tells the user to pick a database first, and opens the list.
     void DatabaseNotSelected();
 
+    // --- grids (frmMainGrids.cpp) ---
+    // The columns of the three grids, with their reading and editing.
+    void Load_GridExColumns();
+    // Makes the current row's table the active one and fills the other two grids.
+    void grxTables_Click();
+    void grxTables_DblClick();
+    void grxFields_Click();
+    // Enables or disables the trigger on the server, at once.
+    void grxTriggers_Click();
+    void grxTriggers_DblClick();
+    // With the flag, the selected rows stay selected and the first of them becomes the current one.
+    void RefetchGrid(Grid& grid, bool keepsSelection);
+    // Keys of the current rows in the model; empty parts where a grid has none.
+    std::string GetOwnObjectFromForm();
+    std::string GetOwnTriggerFromForm();
+
+    // --- ticks (frmMainSelection.cpp) ---
+    // The columns of the current table; SelectFields also moves the pair of select boxes.
+    void SelectAll(bool isChecked);
+    void SelectFields(bool isChecked);
+    void SelectAllFieldsAllTables(bool isChecked);
+
+    // --- the generation run (frmMainProcess.cpp) ---
+    // Generates the triggers of all selected tables and hands the script on.
+    void Process();
+    bool ProcessValidation();
+
   protected:
     void Form_Load() override;
     void Form_Activate() override;
@@ -80,6 +122,36 @@ class frmMain : public Screen {
     void ShowDatabase();
     void ShowModel();
     void CloseOtherScreens();
+
+    void BindTables();
+    void BindFields();
+    void BindTriggers();
+    void ShowScript(const std::string& script, const std::string& name);
+
+    void SetSelectionCaptions();
+    void BindSelection();
+    void SetOperation(const CheckBox& box, void (mdTable::*operation)(bool));
+    void CheckAuditCheckBoxStatus();
+    void chkAll_Click();
+    void chkSelect_Click(bool isChecked);
+    void ShowSelectBoxes(bool isChecked);
+
+    void GenerateTriggers();
+    bool GenerateTables();
+
+    // Entries and buttons, with their guards (frmMainCommands.cpp).
+    void BindCommands();
+    void BindMenus();
+    void ShowCommands();
+    bool HasDatabase();
+    bool HasArchitecture();
+    std::function<void()> WithDatabase(std::function<void()> command);
+    void PressModule(const std::string& key);
+    void PressTool(std::size_t position);
+
+    bool m_bolInCheckStatus = false; // chkAll is being written
+    bool m_bolInCheckAll = false;    // chkAll is writing the three boxes
+    bool m_bolInSelect = false;      // the select boxes are being written by code
 };
 
 } // namespace quillon

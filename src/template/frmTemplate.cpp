@@ -14,6 +14,7 @@
 #include "template/CodeBox.h"
 #include "template/ProcessInclude.h"
 #include "template/ScriptLanguage.h"
+#include "template/basLanguagesScripting.h"
 #include "template/basNewTemplate.h"
 #include "template/basProcTemplate.h"
 #include "template/basStringFunctions.h"
@@ -34,6 +35,8 @@ frmTemplate::~frmTemplate() = default;
 void frmTemplate::Form_Load() {
     g_objTrace->Procedure("frmTemplate.Form_Load", [this] {
         PrepareHost();
+        basLanguagesScripting::SetScriptingLanguage(*this);
+        basLanguagesScripting::SetResultsLanguage(*this);
         Tabstrip1_Click();
     });
 }

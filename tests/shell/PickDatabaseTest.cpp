@@ -209,7 +209,7 @@ TEST_F(PickDatabaseTest, WithoutACatalogueConnectionThePickFails) {
 
 // A second act of the user during an event-loop turn of the load is not refused.
 TEST_F(PickDatabaseTest, TheStopFlagReachesTheLoadThroughATurn) {
-    frontEnd.OnDoEvents = [&] { Main().mnuStop.Click(); };
+    frontEnd.OnDoEvents = [&] { Main().Menus.mnuStop.Click(); };
     TheRoads().CreateObjectHeirarchy = [&] {
         EXPECT_FALSE(g_bolStop);
         ThePlatform().frontEnd().DoEvents();
@@ -250,7 +250,7 @@ TEST_F(PickDatabaseTest, LeavingSavesClosesAndEnds) {
     for (OtherScreen* screen : {&broken, &first, &second})
         screen->Load();
     StartLog();
-    EXPECT_THROW(Main().mnuExit.Click(), ProcessEnded);
+    EXPECT_THROW(Main().Menus.mnuExit.Click(), ProcessEnded);
     EXPECT_EQ(plan.Log, (Names{"SaveProfile", "Connection.Close"}));
     EXPECT_FALSE(first.IsLoaded());
     EXPECT_FALSE(second.IsLoaded());

@@ -72,8 +72,9 @@ TEST_F(StartTest, ShowsServerLoginAndTitle) {
     EXPECT_EQ(Main().Title(), TheApplication().TitleAndVersion());
     EXPECT_EQ(Main().cboDatabase.Text(), "<Select A Database>");
     EXPECT_EQ(Main().cboDatabase.DropDowns(), 1);
-    for (const Menu* entry : {&Main().mnuFileConnect, &Main().mnuFileOpenFile, &Main().mnuExit,
-                              &Main().mnuFileGenerateProcs, &Main().mnuStop})
+    for (const Menu* entry :
+         {&Main().Menus.mnuFileConnect, &Main().Menus.mnuFileOpenFile, &Main().Menus.mnuExit,
+          &Main().Menus.mnuFileGenerateProcs, &Main().Menus.mnuStop})
         EXPECT_TRUE(entry->Caption().ends_with('\t')) << entry->Name();
 }
 
@@ -165,7 +166,7 @@ TEST_F(StartTest, ALaterLoginEmptiesTheScreenAndKeepsTheConnection) {
         g_strUser = "ann";
         return 0;
     };
-    Main().mnuFileConnect.Click();
+    Main().Menus.mnuFileConnect.Click();
     EXPECT_EQ(Main().stbStatus.Panel(1), "  OTHER");
     EXPECT_EQ(Main().stbStatus.Panel(2), "");
     EXPECT_EQ(Main().stbStatus.Panel(3), "  ann");
@@ -185,7 +186,7 @@ TEST_F(StartTest, ALaterLoginThatIsCancelledChangesNothing) {
     const auto model = g_objAudit = std::make_shared<AuditObj>();
     StartLog();
     login = [] { return 1; };
-    Main().mnuFileConnect.Click();
+    Main().Menus.mnuFileConnect.Click();
     EXPECT_EQ(plan.Log, Names{"LoadDB"});
     EXPECT_EQ(g_objAudit, model);
     EXPECT_FALSE(Main().m_bolNoDatabase);
@@ -196,7 +197,7 @@ TEST_F(StartTest, ALaterLoginThatIsCancelledChangesNothing) {
 TEST_F(StartTest, ACancelBeforeAnyDatabaseWasOpenedEndsTheProcess) {
     LogIn();
     login = [] { return 1; };
-    EXPECT_THROW(Main().mnuFileConnect.Click(), ProcessEnded);
+    EXPECT_THROW(Main().Menus.mnuFileConnect.Click(), ProcessEnded);
 }
 
 TEST_F(StartTest, WithoutADatabaseTheUserIsSentToTheList) {

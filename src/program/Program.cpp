@@ -1,0 +1,75 @@
+#include "program/Program.h"
+
+#include "adapters/files/UserFolders.h"
+#include "adapters/script/ScriptControl.h"
+#include "architecture/ArchitectureRoads.h"
+#include "architecture/clsQlnTemplate.h"
+#include "architecture/frmInstall.h"
+#include "execution/frmResults.h"
+#include "execution/frmScriptResults.h"
+#include "model/AuditObj.h"
+#include "model/ModelRoads.h"
+#include "model/frmODBCLogon.h"
+#include "platform/FrontEnd.h"
+#include "platform/ScriptHost.h"
+#include "program/ScriptBoxes.h"
+#include "shell/Application.h"
+#include "shell/ScreenInstances.h"
+#include "shell/Session.h"
+#include "shell/ShellRoads.h"
+#include "shell/Trace.h"
+#include "shell/frmAbout.h"
+#include "shell/frmMain.h"
+#include "shell/frmOptions.h"
+#include "shell/frmTip.h"
+#include "template/TemplateRoads.h"
+#include "template/frmIncludes.h"
+#include "template/frmTemplate.h"
+#include "triggers/TriggerRoads.h"
+#include "triggers/frmDDL.h"
+
+namespace quillon {
+namespace {
+
+void OpenRoads() {
+    OpenShellRoads();
+    OpenModelRoads();
+    OpenTemplateRoads();
+    OpenArchitectureRoads();
+    OpenTriggerRoads();
+}
+
+template <class... Screens>
+void ForgetScreens() {
+    (ForgetScreen<Screens>(), ...);
+}
+
+} // namespace
+
+Program::Program(FrontEnd& frontEnd)
+    : m_settings(adapters::UserConfigFolder())
+    , m_platform(
+          {.frontEnd = &frontEnd,
+           .files = &m_files,
+           .settings = &m_settings,
+           .clock = &m_clock,
+           .dataAccess = &m_dataAccess,
+           .catalogue = &m_catalogue,
+           .xml = &m_xml,
+           .newScriptHost = [] { return std::make_unique<adapters::ScriptControl>(&TheScriptBoxes()); }}) {
+    g_objTrace = std::make_unique<Trace>();
+    g_objTrace->SetApplication(TheApplication());
+    OpenRoads();
+}
+
+Program::~Program() {
+    ForgetScreens<frmTemplate, frmIncludes, frmInstall, frmResults, frmScriptResults, frmDDL, frmOptions,
+                  frmTip, frmAbout, frmODBCLogon, frmMain>();
+    g_objArch.reset();
+    g_objAudit.reset();
+    g_objConnection.reset();
+    g_objSQLServer.reset();
+    g_objTrace.reset();
+}
+
+} // namespace quillon
