@@ -15,7 +15,7 @@ using Profile = clsQlnTemplate;
 
 constexpr Part parts[] = {
     {"DDL", 0, "ddl", &Profile::SCRIPT_DDL},
-    {"Identity", 1, "identity", &Profile::SCRIPT_IDENTITY},
+    {"Identity", 1, "identity", &Profile::SCRIPT_IDENTITY, true},
     {"Views", 2, "views", &Profile::Script_Views},
     {"Reporting SP Aggregate", 4, "aggregate", &Profile::Script_ReportingSPAggregate},
     {"Reporting SP Standard", 3, "standard", &Profile::Script_ReportingSPStandard},

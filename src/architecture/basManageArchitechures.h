@@ -16,6 +16,7 @@ struct Part {
     std::size_t box;     // of frmInstall
     const char* keyword; // at the command line
     std::string (clsQlnTemplate::*script)() const;
+    bool isServerLevel = false; // its objects lie in master and tempdb
 };
 
 // In the order of installation, in which the aggregate report's script goes ahead of the standard one's.

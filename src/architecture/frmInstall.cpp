@@ -38,7 +38,10 @@ frmInstall::frmInstall()
     cmdHelp.OnClick = [] { ThePlatform().frontEnd().Help("Install.htm"); };
     // What most people come for: all of it, into this database alone.
     for (CheckBox& box : chkAdd)
-        box.SetValue(box.Index() == 1 ? CheckBox::Unticked : CheckBox::Ticked);
+        box.SetValue(CheckBox::Ticked);
+    for (const manage::Part& part : manage::Parts())
+        if (part.isServerLevel)
+            chkAdd[part.box].SetValue(CheckBox::Unticked);
     optRemoveDatabase[0].SetValue(true);
     optOption[Add].SetValue(true);
 }

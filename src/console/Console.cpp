@@ -3,6 +3,8 @@
 #include <CLI/CLI.hpp>
 
 #include "console/ConsoleFrontEnd.h"
+#include "console/Interruption.h"
+#include "console/Progress.h"
 #include "console/ServerOptions.h"
 #include "console/commands/Commands.h"
 #include "platform/Failure.h"
@@ -21,7 +23,9 @@ int RunCommand(const ChosenCommand& command) {
     ConsoleFrontEnd frontEnd(stderr);
     try {
         const Program program(frontEnd);
-        g_objTrace->Procedure(command.procedure, command.action);
+        const Interruption interruption(frontEnd);
+        const Progress progress(stderr);
+        g_objTrace->Procedure(command.procedure, [&] { command.action(frontEnd); });
     } catch (const Failure& failure) {
         // Raised before there was a trace to report it.
         frontEnd.ReportFailure({.Description = failure.description(),
@@ -32,7 +36,7 @@ int RunCommand(const ChosenCommand& command) {
     } catch (const ProcessEnded&) {
         return Failed;
     }
-    return frontEnd.Failures() == 0 ? Succeeded : Failed;
+    return frontEnd.Failures() == 0 && frontEnd.Warnings() == 0 ? Succeeded : Failed;
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "platform/Failure.h"
 #include "platform/FailureNumbers.h"
+#include "platform/Screen.h"
 #include "shell/FailureReport.h"
 
 namespace quillon::console {
@@ -39,7 +40,10 @@ void ConsoleFrontEnd::Print(const std::string& line) {
     std::fputs((TerminalLines(line) + "\n").c_str(), m_errors);
 }
 
-Answer ConsoleFrontEnd::Message(const std::string& text, const std::string& title, Icon, Buttons buttons) {
+Answer ConsoleFrontEnd::Message(const std::string& text, const std::string& title, Icon icon,
+                                Buttons buttons) {
+    if (icon == Icon::Warning || icon == Icon::Critical)
+        ++m_warnings;
     Print(title + ": " + text);
     return CautiousAnswer(buttons);
 }
@@ -52,11 +56,22 @@ void ConsoleFrontEnd::ReportFailure(const FailureReport& report) {
     Print("  in " + Chain(report.Procedures));
 }
 
-void ConsoleFrontEnd::ShowScreen(Screen&) {
-    Refuse("A screen");
+void ConsoleFrontEnd::InPlaceOf(const std::string& screen, std::function<void(Screen&)> act) {
+    m_inPlace[screen] = std::move(act);
 }
-void ConsoleFrontEnd::ShowModal(Screen&) {
-    Refuse("A screen");
+
+void ConsoleFrontEnd::ShowModal(Screen& screen) {
+    const auto act = m_inPlace.find(screen.Name());
+    if (act == m_inPlace.end())
+        Refuse("A screen");
+    screen.Activate();
+    act->second(screen);
+    screen.Unload();
+}
+
+void ConsoleFrontEnd::DoEvents() {
+    if (OnTurn)
+        OnTurn();
 }
 std::optional<std::string> ConsoleFrontEnd::ChooseFile(const FileDialog&) {
     Refuse("A file dialogue");

@@ -5,6 +5,8 @@
 #pragma once
 
 #include <cstdio>
+#include <functional>
+#include <map>
 #include <string>
 
 #include "platform/FrontEnd.h"
@@ -19,8 +21,16 @@ class ConsoleFrontEnd : public FrontEnd {
 
     // Failures reported so far; a command that has one did not succeed.
     int Failures() const noexcept { return m_failures; }
+    // Refusals shown so far.
+    int Warnings() const noexcept { return m_warnings; }
 
-    void ShowScreen(Screen& screen) override;
+    // What a command does in place of showing a screen modally.
+    void InPlaceOf(const std::string& screen, std::function<void(Screen&)> act);
+    // Runs at every event-loop turn.
+    std::function<void()> OnTurn;
+
+    // Screens that nobody waits for need nobody to look at them.
+    void ShowScreen(Screen&) override {}
     void ShowModal(Screen& screen) override;
     void HideScreen(Screen&) override {}
     void TitleChanged(Screen&) override {}
@@ -35,7 +45,7 @@ class ConsoleFrontEnd : public FrontEnd {
     void ReportFailure(const FailureReport& report) override;
     void PopUpMenu(Menu& menu) override;
 
-    void DoEvents() override {}
+    void DoEvents() override;
     void SetPointer(Pointer pointer) override { m_pointer = pointer; }
     Pointer CurrentPointer() const override { return m_pointer; }
     void Beep() override {}
@@ -52,7 +62,9 @@ class ConsoleFrontEnd : public FrontEnd {
 
     std::FILE* m_errors;
     Pointer m_pointer = Pointer::Default;
+    std::map<std::string, std::function<void(Screen&)>> m_inPlace;
     int m_failures = 0;
+    int m_warnings = 0;
 };
 
 } // namespace quillon::console

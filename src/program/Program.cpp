@@ -16,6 +16,7 @@
 #include "shell/Application.h"
 #include "shell/ScreenInstances.h"
 #include "shell/Session.h"
+#include "shell/Settings.h"
 #include "shell/ShellRoads.h"
 #include "shell/Trace.h"
 #include "shell/frmAbout.h"
@@ -65,6 +66,7 @@ Program::Program(FrontEnd& frontEnd)
 Program::~Program() {
     ForgetScreens<frmTemplate, frmIncludes, frmInstall, frmResults, frmScriptResults, frmDDL, frmOptions,
                   frmTip, frmAbout, frmODBCLogon, frmMain>();
+    settings::ForgetProcessValues();
     g_objArch.reset();
     g_objAudit.reset();
     g_objConnection.reset();

@@ -1,12 +1,41 @@
 #include "shell/Settings.h"
 
+#include <algorithm>
+#include <cctype>
+#include <map>
+
 #include "platform/Conversion.h"
 #include "platform/Platform.h"
 #include "platform/SettingsStore.h"
 
 namespace quillon::settings {
 
+namespace {
+
+// Keys are told apart without regard to case, as the store does.
+std::map<std::string, std::string>& ProcessValues() {
+    static std::map<std::string, std::string> values;
+    return values;
+}
+
+std::string Lowered(std::string key) {
+    std::ranges::transform(key, key.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return key;
+}
+
+} // namespace
+
+void SetForProcess(const Setting& setting, const std::string& value) {
+    ProcessValues()[Lowered(setting.Key)] = value;
+}
+
+void ForgetProcessValues() {
+    ProcessValues().clear();
+}
+
 std::string Read(const std::string& key, const std::string& defaultValue) {
+    if (const auto given = ProcessValues().find(Lowered(key)); given != ProcessValues().end())
+        return given->second;
     return ThePlatform().settings().Read(Application, Section, key).value_or(defaultValue);
 }
 

@@ -73,6 +73,11 @@ std::int32_t ReadLong(const Setting& setting);
 bool ReadBoolean(const std::string& key, const std::string& defaultValue);
 bool ReadBoolean(const Setting& setting);
 
+// --- values for this process alone ---
+// A value that was given on a command line: it outranks the stored one and is never stored.
+void SetForProcess(const Setting& setting, const std::string& value);
+void ForgetProcessValues();
+
 // --- the remembered servers, numbered from 1; empty for one that was never written ---
 std::string ReadServer(int number);
 void WriteServer(const std::string& name, int number);

@@ -3,8 +3,9 @@
 namespace quillon::console {
 
 std::span<const AddCommand> Commands() {
-    static constexpr AddCommand commands[] = {AddDatabases, AddTables,    AddExecute,
-                                              AddSnapshot,  AddTranslate, AddScript};
+    static constexpr AddCommand commands[] = {
+        AddDatabases, AddTables,   AddAnalyze,  AddInstall, AddSelect,    AddGenerate, AddTriggers,
+        AddExecute,   AddSnapshot, AddTemplate, AddProfile, AddTranslate, AddScript};
     return commands;
 }
 

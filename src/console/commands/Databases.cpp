@@ -22,7 +22,7 @@ void ListDatabases(const CLI::App& app) {
 void AddDatabases(CLI::App& app, ChosenCommand& chosen) {
     CLI::App* command = app.add_subcommand("databases", "List the databases of a server");
     command->callback([&app, &chosen] {
-        chosen = {"quillon-console.databases", [&app] { ListDatabases(app); }};
+        chosen = {"quillon-console.databases", [&app](ConsoleFrontEnd&) { ListDatabases(app); }};
     });
 }
 

@@ -43,7 +43,7 @@ void AddExecute(CLI::App& app, ChosenCommand& chosen) {
     command->add_option("FILE", options->file, "The script")->required();
     command->add_option("--name", options->name, "The name of the run in its log; else that of the file");
     command->callback([&app, &chosen, options] {
-        chosen = {"quillon-console.execute", [&app, options] { Execute(app, *options); }};
+        chosen = {"quillon-console.execute", [&app, options](ConsoleFrontEnd&) { Execute(app, *options); }};
     });
 }
 

@@ -125,7 +125,7 @@ void AddScript(CLI::App& app, ChosenCommand& chosen) {
     command->add_option("--timeout", options->timeout, "Seconds after which the script is stopped")
         ->check(CLI::PositiveNumber);
     command->callback([&chosen, options] {
-        chosen = {"quillon-console.script", [options] { RunScript(*options); }};
+        chosen = {"quillon-console.script", [options](ConsoleFrontEnd&) { RunScript(*options); }};
     });
 }
 

@@ -29,7 +29,7 @@ void AddSnapshot(CLI::App& app, ChosenCommand& chosen) {
     CLI::App* command = app.add_subcommand("snapshot", "Write the catalogue of a database to a JSON file");
     command->add_option("OUT", *file, "The file to write")->required();
     command->callback([&app, &chosen, file] {
-        chosen = {"quillon-console.snapshot", [&app, file] { TakeSnapshot(app, *file); }};
+        chosen = {"quillon-console.snapshot", [&app, file](ConsoleFrontEnd&) { TakeSnapshot(app, *file); }};
     });
 }
 

@@ -107,7 +107,7 @@ void AddTables(CLI::App& app, ChosenCommand& chosen) {
     CLI::App* command = app.add_subcommand("tables", "Print the tables, columns, keys and audit triggers");
     command->add_flag("--json", *asJson, "As JSON, with every property");
     command->callback([&app, &chosen, asJson] {
-        chosen = {"quillon-console.tables", [&app, asJson] { ListTables(app, *asJson); }};
+        chosen = {"quillon-console.tables", [&app, asJson](ConsoleFrontEnd&) { ListTables(app, *asJson); }};
     });
 }
 

@@ -56,7 +56,7 @@ void AddTranslate(CLI::App& app, ChosenCommand& chosen) {
     command->add_option("FILE", options->file, "The template")->required();
     command->add_flag("--jscript", options->jscript, "Write JScript instead of VBScript");
     command->callback([&chosen, options] {
-        chosen = {"quillon-console.translate", [options] { Translate(*options); }};
+        chosen = {"quillon-console.translate", [options](ConsoleFrontEnd&) { Translate(*options); }};
     });
 }
 
