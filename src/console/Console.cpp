@@ -36,7 +36,7 @@ int RunCommand(const ChosenCommand& command) {
     } catch (const ProcessEnded&) {
         return Failed;
     }
-    return frontEnd.Failures() == 0 && frontEnd.Warnings() == 0 ? Succeeded : Failed;
+    return frontEnd.Failures() == 0 ? Succeeded : Failed;
 }
 
 } // namespace

@@ -40,10 +40,8 @@ void ConsoleFrontEnd::Print(const std::string& line) {
     std::fputs((TerminalLines(line) + "\n").c_str(), m_errors);
 }
 
-Answer ConsoleFrontEnd::Message(const std::string& text, const std::string& title, Icon icon,
+Answer ConsoleFrontEnd::Message(const std::string& text, const std::string& title, Icon,
                                 Buttons buttons) {
-    if (icon == Icon::Warning || icon == Icon::Critical)
-        ++m_warnings;
     Print(title + ": " + text);
     return CautiousAnswer(buttons);
 }

@@ -21,8 +21,6 @@ class ConsoleFrontEnd : public FrontEnd {
 
     // Failures reported so far; a command that has one did not succeed.
     int Failures() const noexcept { return m_failures; }
-    // Refusals shown so far.
-    int Warnings() const noexcept { return m_warnings; }
 
     // What a command does in place of showing a screen modally.
     void InPlaceOf(const std::string& screen, std::function<void(Screen&)> act);
@@ -64,7 +62,6 @@ class ConsoleFrontEnd : public FrontEnd {
     Pointer m_pointer = Pointer::Default;
     std::map<std::string, std::function<void(Screen&)>> m_inPlace;
     int m_failures = 0;
-    int m_warnings = 0;
 };
 
 } // namespace quillon::console

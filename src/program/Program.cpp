@@ -1,5 +1,6 @@
 #include "program/Program.h"
 
+#include "adapters/files/NativePath.h"
 #include "adapters/files/UserFolders.h"
 #include "adapters/script/ScriptControl.h"
 #include "architecture/ArchitectureRoads.h"
@@ -40,6 +41,19 @@ void OpenRoads() {
     OpenTriggerRoads();
 }
 
+// A user without the default profile gets the one that came with the program; one that is there is the user's own.
+void ProvideDefaultProfile(Files& files) {
+    const std::string own = files.ApplicationFolder() + "\\" + settings::DefaultArch.Default;
+    if (files.Exists(own))
+        return;
+    const std::string folder = adapters::FromNative(adapters::ExecutableFolder());
+    for (const char* place : {"\\", "\\..\\share\\quillon\\"})
+        if (const std::string shipped = folder + place + settings::DefaultArch.Default; files.Exists(shipped)) {
+            files.Replace(own, files.ReadAll(shipped));
+            return;
+        }
+}
+
 template <class... Screens>
 void ForgetScreens() {
     (ForgetScreen<Screens>(), ...);
@@ -61,6 +75,7 @@ Program::Program(FrontEnd& frontEnd)
     g_objTrace = std::make_unique<Trace>();
     g_objTrace->SetApplication(TheApplication());
     OpenRoads();
+    ProvideDefaultProfile(m_files);
 }
 
 Program::~Program() {

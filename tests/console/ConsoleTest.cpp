@@ -14,7 +14,7 @@ class Console : public testing::Test {
     // Runs quillon-console with a home of its own; standard output is the result.
     std::string Run(const std::string& arguments) {
         const std::string command = "cd '" + folder.path().string() +
-                                    "' && HOME=. XDG_CONFIG_HOME= XDG_DATA_HOME= '" +
+                                    "' && HOME=. XDG_CONFIG_HOME= XDG_DATA_HOME= QUILLON_HOME=$PWD/app '" +
                                     QUILLON_BIN_DIR "/quillon-console' " + arguments + " 2>errors.txt";
         FILE* pipe = popen(command.c_str(), "r");
         std::string output;
@@ -96,7 +96,7 @@ TEST_F(Console, LeavesTheScratchFilesToTheSession) {
     Run("translate t.txt");
     for (const char* scratch : {"template.txt", "output.txt"}) {
         EXPECT_FALSE(std::filesystem::exists(folder.path() / scratch));
-        EXPECT_FALSE(std::filesystem::exists(std::filesystem::path(QUILLON_BIN_DIR) / scratch));
+        EXPECT_FALSE(std::filesystem::exists(folder.path() / "app" / scratch));
     }
 }
 

@@ -24,13 +24,26 @@ std::string ChooseApplicationFolder(const std::string& executableFolder, const s
     return dataFolder;
 }
 
+// A program that the system installed shares its folder with others, whoever may write there.
+bool IsSystemFolder(const std::string& folder) {
+    return folder.starts_with("/usr/");
+}
+
+std::string PreferredFolder() {
+    const std::string wanted = WantedApplicationFolder();
+    if (wanted.empty())
+        return IsSystemFolder(ExecutableFolder()) ? std::string() : ExecutableFolder();
+    MakePrivateFolder(wanted);
+    return wanted;
+}
+
 } // namespace
 
 DiskFiles::DiskFiles(const std::string& executableFolder, const std::string& dataFolder)
     : m_applicationFolder(FromNative(ChooseApplicationFolder(executableFolder, dataFolder))) {}
 
 DiskFiles::DiskFiles()
-    : DiskFiles(ExecutableFolder(), UserDataFolder()) {}
+    : DiskFiles(PreferredFolder(), UserDataFolder()) {}
 
 bool DiskFiles::Exists(const std::string& path) const {
     return !path.empty() && IsFile(ToNative(path));

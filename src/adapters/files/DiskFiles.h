@@ -9,11 +9,12 @@ namespace quillon::adapters {
 
 class DiskFiles : public Files {
   public:
-    // Native folders: that of the executable, which is the application folder when this user can write it,
+    // Native folders: the preferred one, which is the application folder when this user can write it,
     // and the one that takes its place otherwise, made when it is missing. Raises 70, 75, 76 when neither can
     // be had.
     DiskFiles(const std::string& executableFolder, const std::string& dataFolder);
-    // For the running program and user.
+    // For the running program and user: preferred is $QUILLON_HOME, else the executable's folder unless the system
+    // installed it there.
     DiskFiles();
 
     std::string ApplicationFolder() const override { return m_applicationFolder; }

@@ -40,6 +40,10 @@ std::string UserDataFolder() {
     return BaseFolder("XDG_DATA_HOME", "/.local/share") + ProgramFolder;
 }
 
+std::string WantedApplicationFolder() {
+    return FolderVariable("QUILLON_HOME");
+}
+
 std::string ExecutableFolder() {
     std::error_code error;
     return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();

@@ -82,6 +82,11 @@ void PrintList(const Profile& profile) {
     WriteStandardOutput(TextTable({"Field", "Content"}, rows));
 }
 
+void Save(Profile& profile, const std::string& path) {
+    if (!profile.Save(path))
+        throw Failure(numbers::InvalidCall, "The profile was not saved");
+}
+
 void Show(const Options& options) {
     Profile& profile = NewProfile();
     if (!profile.Load(PathGiven(options.profile)))
@@ -99,7 +104,7 @@ void Set(const Options& options) {
     if (!profile.Load(PathGiven(options.profile)))
         return;
     (profile.*FieldNamed(options.field).set)(text);
-    profile.Save("");
+    Save(profile, "");
 }
 
 void New(const Options& options) {
@@ -110,7 +115,7 @@ void New(const Options& options) {
     Profile& profile = NewProfile();
     profile.NewFile();
     profile.SetHeader_Name(options.name);
-    profile.Save(path);
+    Save(profile, path);
 }
 
 CLI::App* AddOne(CLI::App& command, ChosenCommand& chosen, const std::shared_ptr<Options>& options,
