@@ -50,7 +50,9 @@ void ProcedureCompiler::CompileSelect(const SelectStatement& select) {
     m_write.ReleaseTo(subject);
     (void)m_write.TakeRegister();
     m_write.Emit(m_write.IsTemporary(value) ? Op::LetTake : Op::Let, subject, value);
-    m_write.EndMark(head);
+    m_write.ForgetObjectIn(subject);
+    m_write.EmitClearBut(subject); // the cases are yet to be compared with it
+    m_write.SetResume(head);
     Label end;
     for (const SelectCase& test : select.cases) {
         const std::size_t mark = m_write.BeginMark(test.place);

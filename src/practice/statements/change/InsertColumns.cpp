@@ -137,10 +137,10 @@ void GiveIdentity(Engine& engine, const InsertColumns& target, TableWriter& writ
     if (!target.explicitIdentity)
         value = writer.GiveIdentity(row);
     else {
-        const StoredValue& given = row[static_cast<std::size_t>(writer.PlaceOf(identity->id))];
-        if (given.IsNull())
+        const auto given = writer.GivenIdentity(row);
+        if (!given)
             throw SqlError(339);
-        value = given.Integer();
+        value = *given;
         engine.store.Shared().Identities().Follow(target.table->id, *identity->identity, value);
         if (!target.table->temporary)
             engine.store.NoteIdentity(target.table->id);

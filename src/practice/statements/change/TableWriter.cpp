@@ -70,6 +70,17 @@ std::int64_t TableWriter::GiveIdentity(StoredRow& row) {
     return *next;
 }
 
+std::optional<std::int64_t> TableWriter::GivenIdentity(const StoredRow& row) const {
+    const StoredValue& given = row[static_cast<std::size_t>(m_identityPlace)];
+    if (given.IsNull())
+        return std::nullopt;
+    Prepared echo(m_engine.Connection(), "SELECT ?1");
+    given.Bind(echo, 1);
+    echo.Step();
+    const SqlType& type = m_columns[static_cast<std::size_t>(m_identityPlace)]->type;
+    return Convert(LoadValue(echo.Value(0), type), IntType(TypeId::BigInt)).Integer();
+}
+
 // Through SQLite itself, which knows the form best; for the rare types of identity columns alone.
 StoredValue TableWriter::StoredOf(const Datum& value, const SqlType& type) const {
     Prepared echo(m_engine.Connection(), "SELECT ?1");

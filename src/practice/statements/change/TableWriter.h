@@ -32,6 +32,9 @@ class TableWriter {
     // The next identity value in its place; 8115 when the type has no more. Returns it.
     std::int64_t GiveIdentity(StoredRow& row);
 
+    // The identity value that the row was given, NULL for none.
+    std::optional<std::int64_t> GivenIdentity(const StoredRow& row) const;
+
     // 2627 or 2601 for a duplicate key. Insert returns the row's id; nothing when the index passes over
     // duplicates (IGNORE_DUP_KEY).
     std::optional<std::int64_t> Insert(const StoredRow& row);

@@ -21,6 +21,19 @@ End Select
 Select Case "b"
   Case "a", "b" : Say "text" '= text
 End Select
+' A subject that is worked out lives until the last case.
+Select Case LCase("B")
+  Case "a" : Say "no"
+  Case "b" : Say "lowered" '= lowered
+  Case Else : Say "no"
+End Select
+For Each Name In Array("x ", "Y")
+  Select Case LCase(Trim(Name))
+    Case "a", "y" : Say "listed" '= listed
+    Case Left("xyz", 1) : Say "called" '= called
+    Case Else : Say "no"
+  End Select
+Next
 Select Case "b"
   Case 1 '! 13
 End Select
