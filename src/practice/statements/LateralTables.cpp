@@ -10,6 +10,45 @@ namespace quillon::practice {
 
 namespace {
 
+constexpr std::size_t PassedAtMost = 16;
+constexpr std::size_t BundleSize = 100; // a function of SQLite takes 127
+constexpr const char* BundleType = "arguments";
+
+// Arguments of a table that has too many of them, on their way through one.
+struct Bundle {
+    std::vector<sqlite3_value*> values;
+    Bundle() = default;
+    Bundle(const Bundle&) = delete;
+    Bundle& operator=(const Bundle&) = delete;
+    ~Bundle() {
+        for (sqlite3_value* value : values)
+            sqlite3_value_free(value);
+    }
+};
+
+void MakeBundle(sqlite3_context* context, int count, sqlite3_value** values) {
+    auto bundle = std::make_unique<Bundle>();
+    for (int i = 0; i < count; ++i)
+        bundle->values.push_back(sqlite3_value_dup(values[i]));
+    sqlite3_result_pointer(context, bundle.release(), BundleType,
+                           [](void* data) { delete static_cast<Bundle*>(data); });
+}
+
+std::size_t PassedArguments(std::size_t arguments) {
+    return arguments <= PassedAtMost ? arguments : (arguments + BundleSize - 1) / BundleSize;
+}
+
+// As many as the node has, out of their bundles.
+std::vector<sqlite3_value*> Unbundled(std::span<sqlite3_value* const> passed) {
+    std::vector<sqlite3_value*> values;
+    for (sqlite3_value* value : passed)
+        if (const auto* bundle = static_cast<Bundle*>(sqlite3_value_pointer(value, BundleType)))
+            values.insert(values.end(), bundle->values.begin(), bundle->values.end());
+        else
+            values.push_back(value);
+    return values;
+}
+
 struct Held {
     LateralNode node;
     FunctionNodes* failures;
@@ -62,7 +101,7 @@ int Connect(sqlite3* connection, void* data, int, const char* const*, sqlite3_vt
     std::string columns;
     for (std::size_t i = 1; i <= held->node.columns; ++i)
         columns += (i > 1 ? ", o" : "o") + std::to_string(i);
-    for (std::size_t i = 1; i <= held->node.arguments; ++i)
+    for (std::size_t i = 1; i <= PassedArguments(held->node.arguments); ++i)
         columns += ", a" + std::to_string(i) + " HIDDEN";
     const int code = sqlite3_declare_vtab(connection, ("CREATE TABLE x(" + columns + ")").c_str());
     if (code != SQLITE_OK)
@@ -81,11 +120,12 @@ int Disconnect(sqlite3_vtab* table) {
 // Every argument must be known before the scan begins.
 int BestIndex(sqlite3_vtab* table, sqlite3_index_info* info) {
     const LateralNode& node = static_cast<LateralTable*>(table)->held->node;
-    std::vector<bool> known(node.arguments, false);
+    const std::size_t arguments = PassedArguments(node.arguments);
+    std::vector<bool> known(arguments, false);
     for (int i = 0; i < info->nConstraint; ++i) {
         const auto& constraint = info->aConstraint[i];
         const auto argument = static_cast<std::size_t>(constraint.iColumn) - node.columns;
-        if (constraint.iColumn < static_cast<int>(node.columns) || argument >= node.arguments ||
+        if (constraint.iColumn < static_cast<int>(node.columns) || argument >= arguments ||
             constraint.op != SQLITE_INDEX_CONSTRAINT_EQ)
             continue;
         if (!constraint.usable)
@@ -129,7 +169,7 @@ int Filter(sqlite3_vtab_cursor* base, int, const char*, int count, sqlite3_value
     auto& cursor = *static_cast<LateralCursor*>(base);
     cursor.End();
     const int code = Guarded(*cursor.held, [&] {
-        cursor.rows = cursor.held->node.rows({values, static_cast<std::size_t>(count)});
+        cursor.rows = cursor.held->node.rows(Unbundled({values, static_cast<std::size_t>(count)}));
     });
     return code == SQLITE_OK ? Next(base) : code;
 }
@@ -166,6 +206,26 @@ sqlite3_module MakeModule() {
 }
 
 } // namespace
+
+LateralTables::LateralTables(sqlite3* connection, FunctionNodes& failures)
+    : m_connection(connection)
+    , m_failures(failures) {
+    if (sqlite3_create_function_v2(connection, "bundle", -1, SQLITE_UTF8, nullptr, MakeBundle, nullptr,
+                                   nullptr, nullptr) != SQLITE_OK)
+        ThrowStoreFailure(connection);
+}
+
+std::string LateralTables::CallOf(const std::string& name, const std::vector<std::string>& arguments) {
+    const bool isBundled = arguments.size() > PassedAtMost;
+    std::string list;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const bool begins = isBundled && i % BundleSize == 0;
+        const bool ends = isBundled && (i % BundleSize == BundleSize - 1 || i + 1 == arguments.size());
+        list +=
+            (i == 0 ? "" : ", ") + std::string(begins ? "bundle(" : "") + arguments[i] + (ends ? ")" : "");
+    }
+    return name + "(" + list + ")";
+}
 
 std::string LateralTables::Name(const std::string& key, const std::function<LateralNode()>& make) {
     if (const auto found = m_names.find(key); found != m_names.end())

@@ -32,9 +32,11 @@ struct LateralNode {
 class LateralTables {
   public:
     // Failures of `rows` are kept in `failures`.
-    LateralTables(sqlite3* connection, FunctionNodes& failures)
-        : m_connection(connection)
-        , m_failures(failures) {}
+    LateralTables(sqlite3* connection, FunctionNodes& failures);
+
+    // `v3(s1.c2, ?1)`: the table with its arguments. SQLite compares the arguments behind the sixteenth once
+    // more, and no NULL is equal to another; where there are more, they travel in bundles.
+    static std::string CallOf(const std::string& name, const std::vector<std::string>& arguments);
 
     // Statements that a node keeps between its scans. They must not be the node's own: SQLite lets go of
     // nodes only with the connection, which waits for its statements.

@@ -62,16 +62,15 @@ QuerySql Translator::TableFunction(const std::shared_ptr<const Module>& function
     if (arguments.size() != function->parameters.size())
         throw SqlError(arguments.size() > function->parameters.size() ? 8144 : 313, {function->name});
     needs.callsModules = true;
-    std::string list;
+    std::vector<std::string> values;
     std::vector<bool> defaults;
     std::string key = "function " + std::to_string(function->id) + "." + std::to_string(function->version);
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const bool isDefault = arguments[i]->kind == tsql::ExpressionKind::DefaultValue;
         defaults.push_back(isDefault);
         key += isDefault ? 'd' : 'v';
-        list +=
-            (i > 0 ? ", " : "") +
-            (isDefault ? "NULL" : ConvertTo(Value(*arguments[i], outer), function->parameters[i].type).sql);
+        values.push_back(
+            isDefault ? "NULL" : ConvertTo(Value(*arguments[i], outer), function->parameters[i].type).sql);
     }
     Engine& engine = m_engine;
     const std::string name = engine.laterals.Name(key, [&] {
@@ -83,11 +82,11 @@ QuerySql Translator::TableFunction(const std::shared_ptr<const Module>& function
             tables->free.push_back(tables->busy.back());
             tables->busy.pop_back();
         };
-        node.rows = [&engine, function, tables, defaults](std::span<sqlite3_value* const> values) {
+        node.rows = [&engine, function, tables, defaults](std::span<sqlite3_value* const> given) {
             std::vector<Datum> all;
-            for (std::size_t i = 0; i < values.size(); ++i) {
+            for (std::size_t i = 0; i < given.size(); ++i) {
                 const SqlType& type = function->parameters[i].type;
-                const Datum value = LoadValue(values[i], type);
+                const Datum value = LoadValue(given[i], type);
                 all.push_back(defaults[i] ? Datum() : value.IsNull() ? Datum::Null(type) : value);
             }
             const auto table = TableFor(engine, *function, *tables);
@@ -104,7 +103,7 @@ QuerySql Translator::TableFunction(const std::shared_ptr<const Module>& function
         output.nullable = column.nullable;
         query.columns.push_back(std::move(output));
     }
-    query.sql = "SELECT * FROM " + name + "(" + list + ")";
+    query.sql = "SELECT * FROM " + LateralTables::CallOf(name, values);
     return query;
 }
 
@@ -204,14 +203,14 @@ std::string Translator::Lateral(Source& source, const std::string& from, const C
     source.hasRowId = false;
     const std::string sql = "SELECT " + list + " FROM " + from;
     std::vector<int> places;
-    std::string arguments;
+    std::vector<std::string> arguments;
     for (std::size_t i = 0; i < capture.sql.size(); ++i) {
         places.push_back(capture.firstParameter + static_cast<int>(i));
-        arguments += (arguments.empty() ? "" : ", ") + capture.sql[i];
+        arguments.push_back(capture.sql[i]);
     }
     for (std::size_t i = 1; i <= needs.values.size(); ++i) {
         places.push_back(static_cast<int>(i));
-        arguments += ", ?" + std::to_string(i);
+        arguments.push_back("?" + std::to_string(i));
     }
     Engine& engine = m_engine;
     std::string key = sql;
@@ -237,7 +236,7 @@ std::string Translator::Lateral(Source& source, const std::string& from, const C
         };
         return node;
     });
-    return name + "(" + arguments + ")";
+    return LateralTables::CallOf(name, arguments);
 }
 
 } // namespace quillon::practice
