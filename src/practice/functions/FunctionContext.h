@@ -33,6 +33,8 @@ class FunctionContext {
     virtual std::string HostName() = 0;
     virtual std::string ApplicationName() = 0;
     virtual std::string LoginName() = 0;
+    // Who logged in, whoever is impersonated now.
+    virtual std::string OriginalLogin() = 0;
     virtual std::string UserName() = 0; // in the current database
     virtual std::string DatabaseName() = 0;
     virtual std::string ServerName() = 0;

@@ -89,7 +89,7 @@ constexpr ScalarFunction rows[] = {
     {"APP_NAME", 0, 0, Sys, NameOfSession<&FunctionContext::ApplicationName>, once},
     {"PROGRAM_NAME", 0, 0, Sys, NameOfSession<&FunctionContext::ApplicationName>, once},
     {"SYSTEM_USER", 0, 0, Sys, NameOfSession<&FunctionContext::LoginName>, once, false, true, true},
-    {"ORIGINAL_LOGIN", 0, 0, Sys, NameOfSession<&FunctionContext::LoginName>, once, false, false, true},
+    {"ORIGINAL_LOGIN", 0, 0, Sys, NameOfSession<&FunctionContext::OriginalLogin>, once, false, false, true},
     {"USER", 0, 0, Sys, NameOfSession<&FunctionContext::UserName>, once, false, true, true},
     {"CURRENT_USER", 0, 0, Sys, NameOfSession<&FunctionContext::UserName>, once, false, true, true},
     {"SESSION_USER", 0, 0, Sys, NameOfSession<&FunctionContext::UserName>, once, false, true, true},

@@ -48,6 +48,9 @@ std::string SessionFunctions::ApplicationName() {
 std::string SessionFunctions::LoginName() {
     return m_session.LoginName();
 }
+std::string SessionFunctions::OriginalLogin() {
+    return m_session.facts.login;
+}
 std::string SessionFunctions::UserName() {
     return m_session.UserName();
 }

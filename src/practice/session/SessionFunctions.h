@@ -20,6 +20,7 @@ class SessionFunctions : public FunctionContext {
     std::string HostName() override;
     std::string ApplicationName() override;
     std::string LoginName() override;
+    std::string OriginalLogin() override;
     std::string UserName() override;
     std::string DatabaseName() override;
     std::string ServerName() override;

@@ -19,6 +19,7 @@ class QuietContext : public FunctionContext {
     std::string HostName() override { return "host"; }
     std::string ApplicationName() override { return "app"; }
     std::string LoginName() override { return "ann"; }
+    std::string OriginalLogin() override { return "ann"; }
     std::string UserName() override { return "dbo"; }
     std::string DatabaseName() override { return "db"; }
     std::string ServerName() override { return "server"; }
