@@ -1,0 +1,74 @@
+#include "desktop/Memory.h"
+
+#include <QHeaderView>
+#include <QSplitter>
+#include <QWidget>
+
+namespace quillon::desktop {
+namespace {
+
+// A server's name as a key: its slashes would be read as groups.
+QString ServerKey(const QString& server) {
+    return "production/" + QString::fromLatin1(server.trimmed().toLower().toUtf8().toHex());
+}
+
+} // namespace
+
+Memory::Memory()
+    : m_settings(QSettings::IniFormat, QSettings::UserScope, "quillon", "desktop") {}
+
+Memory& Memory::Instance() {
+    static Memory memory;
+    return memory;
+}
+
+void Memory::Restore(QWidget& window) {
+    window.restoreGeometry(m_settings.value("window/" + window.objectName()).toByteArray());
+}
+
+void Memory::Keep(const QWidget& window) {
+    m_settings.setValue("window/" + window.objectName(), window.saveGeometry());
+}
+
+void Memory::Follow(QSplitter& splitter) {
+    const QString key = "splitter/" + splitter.objectName();
+    splitter.restoreState(m_settings.value(key).toByteArray());
+    QObject::connect(&splitter, &QSplitter::splitterMoved,
+                     [this, key, &splitter] { m_settings.setValue(key, splitter.saveState()); });
+}
+
+void Memory::Follow(QHeaderView& header, const QString& name) {
+    const QString key = "columns/" + name;
+    const QList<QVariant> widths = m_settings.value(key).toList();
+    for (int column = 0; column < header.count() && column < widths.size(); ++column)
+        header.resizeSection(column, widths[column].toInt());
+    QObject::connect(&header, &QHeaderView::sectionResized, [this, key, &header] {
+        QList<QVariant> kept;
+        for (int column = 0; column < header.count(); ++column)
+            kept << header.sectionSize(column);
+        m_settings.setValue(key, kept);
+    });
+}
+
+Theme::Choice Memory::Appearance() const {
+    const QString choice = m_settings.value("appearance").toString();
+    return choice == "dark"    ? Theme::Choice::Dark
+           : choice == "light" ? Theme::Choice::Light
+                               : Theme::Choice::Desktop;
+}
+
+void Memory::SetAppearance(Theme::Choice choice) {
+    m_settings.setValue("appearance", choice == Theme::Choice::Dark    ? "dark"
+                                      : choice == Theme::Choice::Light ? "light"
+                                                                       : "desktop");
+}
+
+bool Memory::IsProduction(const QString& server) const {
+    return m_settings.value(ServerKey(server)).toBool();
+}
+
+void Memory::SetProduction(const QString& server, bool isProduction) {
+    m_settings.setValue(ServerKey(server), isProduction);
+}
+
+} // namespace quillon::desktop

@@ -1,0 +1,69 @@
+#include "desktop/ScreenWindow.h"
+
+#include <QCloseEvent>
+#include <QPushButton>
+
+#include "desktop/Icons.h"
+#include "desktop/Memory.h"
+#include "desktop/Views.h"
+#include "desktop/bind/Act.h"
+#include "desktop/bind/Keys.h"
+#include "desktop/bind/Text.h"
+
+namespace quillon::desktop {
+
+ScreenWindow::ScreenWindow(Screen& screen, QWidget* parent)
+    : QMainWindow(parent, parent == nullptr ? Qt::Window : Qt::Dialog)
+    , m_screen(screen) {
+    setObjectName(Text(screen.Name()));
+    setWindowIcon(IconOf("quillon"));
+    ShowTitle();
+    BuildView(screen, *this);
+    Memory::Instance().Restore(*this);
+    screen.View = this;
+}
+
+ScreenWindow::~ScreenWindow() {
+    Memory::Instance().Keep(*this);
+    // The widgets end while the window is still whole: they may look for it.
+    delete takeCentralWidget();
+    m_screen.View = nullptr;
+}
+
+void ScreenWindow::ShowTitle() {
+    setWindowTitle(Text(m_screen.Title()));
+}
+
+ScreenWindow* ScreenWindow::Of(QObject* widget) {
+    for (QObject* at = widget; at != nullptr; at = at->parent())
+        if (auto* window = dynamic_cast<ScreenWindow*>(at))
+            return window;
+    return nullptr;
+}
+
+bool ScreenWindow::KeyPressed(QWidget& focus, const QKeyEvent& event) {
+    const auto key = KeyOf(event);
+    if (!key)
+        return false;
+    // A button that has the focus is pressed by Enter, whatever the screen's own Enter does.
+    if (auto* button = dynamic_cast<QPushButton*>(&focus); button != nullptr && key == Key::Enter) {
+        button->click();
+        return true;
+    }
+    Act([&] { m_screen.KeyDown(*key, ShiftOf(event)); });
+    return !m_screen.IsVisible();
+}
+
+void ScreenWindow::closeEvent(QCloseEvent* event) {
+    event->ignore(); // unloading hides the window, if the screen lets itself be unloaded
+    Act([this] { m_screen.Unload(); });
+}
+
+bool ScreenWindow::event(QEvent* event) {
+    const bool handled = QMainWindow::event(event);
+    if (event->type() == QEvent::WindowActivate && m_screen.IsVisible())
+        Act([this] { m_screen.Activate(); });
+    return handled;
+}
+
+} // namespace quillon::desktop

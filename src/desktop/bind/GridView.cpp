@@ -1,0 +1,164 @@
+#include "desktop/bind/GridView.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+
+#include "desktop/bind/Act.h"
+#include "desktop/bind/Binding.h"
+#include "desktop/bind/Keys.h"
+
+namespace quillon::desktop {
+
+GridView::GridView(Grid& grid, GridIcon iconOf)
+    : m_grid(grid)
+    , m_model(grid, std::move(iconOf))
+    , m_filter(m_model) {
+    setModel(&m_filter);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setSortingEnabled(true);
+    m_filter.sort(-1); // the session's order until a heading is clicked
+    horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    horizontalHeader()->setSortIndicatorClearable(true);
+    horizontalHeader()->setStretchLastSection(false);
+    horizontalHeader()->setHighlightSections(false);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    setShowGrid(false);
+    setAlternatingRowColors(true);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    m_binding = new Binding(*this, grid, [this](ControlChange change) { Follow(change); });
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { SelectionMoved(); });
+}
+
+void GridView::Follow(ControlChange change) {
+    if (change == ControlChange::Command)
+        viewport()->update();
+    if (change == ControlChange::Items) {
+        const auto columns = m_model.columnCount();
+        if (m_grid.Generation() != m_generation || columns != static_cast<int>(m_grid.Columns().size()))
+            m_model.Renew();
+        m_generation = m_grid.Generation();
+        if (m_model.columnCount() != columns)
+            ShowColumns();
+    }
+    if (change == ControlChange::Items || change == ControlChange::Selection)
+        ShowSelection();
+}
+
+void GridView::ShowColumns() {
+    for (int column = 0; column < m_model.columnCount(); ++column) {
+        const Grid::Column& shown = m_model.ColumnAt(column);
+        setColumnHidden(column, !shown.Visible);
+        const int caption =
+            fontMetrics().horizontalAdvance(m_model.headerData(column, Qt::Horizontal, 0).toString());
+        const int wish = shown.Kind == Grid::ColumnKind::Text ? fontMetrics().averageCharWidth() * 22 : 0;
+        setColumnWidth(column, std::max(caption + 34, wish));
+    }
+}
+
+void GridView::ShowSelection() {
+    if (selectionModel() == nullptr)
+        return;
+    const QModelIndex current = m_filter.mapFromSource(m_model.index(m_grid.Row() - 1, 0));
+    if (!current.isValid() || (m_grid.Row() == RowOf(currentIndex()) && selectionModel()->hasSelection()))
+        return;
+    const QModelIndex place = current.siblingAtColumn(std::max(0, currentIndex().column()));
+    selectionModel()->setCurrentIndex(place, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    scrollTo(place);
+}
+
+int GridView::RowOf(const QModelIndex& index) const {
+    return index.isValid() ? m_filter.mapToSource(index).row() + 1 : 0;
+}
+
+void GridView::SelectionMoved() {
+    if (m_binding == nullptr || m_binding->IsWriting())
+        return;
+    std::vector<int> rows;
+    for (const QModelIndex& index : selectionModel()->selectedRows())
+        rows.push_back(RowOf(index));
+    std::ranges::sort(rows);
+    Act([&] {
+        if (const int row = RowOf(currentIndex()); row > 0)
+            m_grid.SetRow(row);
+        m_grid.SetSelectedRows(rows);
+    });
+}
+
+void GridView::mouseReleaseEvent(QMouseEvent* event) {
+    const QModelIndex index = indexAt(event->pos());
+    QTableView::mouseReleaseEvent(event);
+    // A tick has told of its click already.
+    const bool isTick = index.isValid() && m_model.ColumnAt(index.column()).Kind == Grid::ColumnKind::Check;
+    if (event->button() == Qt::LeftButton && index.isValid() && !isTick)
+        Act([&] { m_grid.ClickCell(RowOf(index), index.column() + 1); });
+}
+
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+    const QModelIndex index = indexAt(event->pos());
+    const bool isTick = index.isValid() && m_model.ColumnAt(index.column()).Kind == Grid::ColumnKind::Check;
+    QTableView::mouseDoubleClickEvent(event);
+    if (index.isValid() && !isTick)
+        Act([&] { m_grid.DoubleClick(); });
+}
+
+void GridView::contextMenuEvent(QContextMenuEvent* event) {
+    const int row = event->reason() == QContextMenuEvent::Mouse ? RowOf(indexAt(event->pos())) : m_grid.Row();
+    Act([&] { m_grid.RightClick(row > 0 ? row : m_grid.Row()); });
+}
+
+int GridView::TickColumn() const {
+    const int current = currentIndex().column();
+    if (current >= 0 && m_model.ColumnAt(current).Kind == Grid::ColumnKind::Check)
+        return current;
+    for (int column = 0; column < m_model.columnCount(); ++column)
+        if (m_model.ColumnAt(column).Kind == Grid::ColumnKind::Check)
+            return column;
+    return -1;
+}
+
+void GridView::TickSelected() {
+    const int column = TickColumn();
+    const int current = RowOf(currentIndex());
+    if (column < 0 || current == 0)
+        return;
+    const bool tick = !m_model.IsTicked(current - 1, column);
+    std::vector<int> rows;
+    for (const QModelIndex& index : selectionModel()->selectedRows())
+        rows.push_back(RowOf(index));
+    if (rows.empty())
+        rows.push_back(current);
+    std::ranges::sort(rows);
+    const QItemSelection selection = selectionModel()->selection();
+    const QModelIndex place = currentIndex();
+    Act([&] {
+        for (const int row : rows)
+            m_grid.EditCell(row, column + 1, Value(tick));
+    });
+    // Editing a row makes it the current one; the person's rows are given back.
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    selectionModel()->setCurrentIndex(place, QItemSelectionModel::NoUpdate);
+    Act([&] { m_grid.SetRow(current); });
+    viewport()->update();
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Space) {
+        TickSelected();
+        return;
+    }
+    const auto key = KeyOf(*event);
+    if (key == Key::Enter) {
+        Act([&] { m_grid.PressKey(Key::Enter); });
+        return;
+    }
+    QTableView::keyPressEvent(event);
+    if (key)
+        Act([&] { m_grid.PressKey(*key); });
+}
+
+} // namespace quillon::desktop

@@ -1,0 +1,43 @@
+// The table that shows a grid: sortable, filtered on wish, ticked by mouse or space bar.
+#pragma once
+
+#include <QTableView>
+
+#include "desktop/bind/GridModel.h"
+
+namespace quillon::desktop {
+
+class Binding;
+
+class GridView : public QTableView {
+  public:
+    GridView(Grid& grid, GridIcon iconOf);
+
+    GridFilter& Filter() { return m_filter; }
+    GridModel& Model() { return m_model; }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+  private:
+    void Follow(ControlChange change);
+    void ShowColumns();
+    void ShowSelection();
+    void SelectionMoved();
+    // Gives all selected rows the opposite of the current row's tick.
+    void TickSelected();
+    int TickColumn() const;
+    // The grid's row under an index of the view, 0 for none.
+    int RowOf(const QModelIndex& index) const;
+
+    Grid& m_grid;
+    GridModel m_model;
+    GridFilter m_filter;
+    Binding* m_binding = nullptr;
+    int m_generation = -1;
+};
+
+} // namespace quillon::desktop

@@ -1,0 +1,5 @@
+#include "desktop/Desktop.h"
+
+int main(int argc, char** argv) {
+    return quillon::desktop::Main(argc, argv);
+}

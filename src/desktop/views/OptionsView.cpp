@@ -1,0 +1,84 @@
+// The options: one panel a tab. The appearance is the window's own and takes effect at once.
+#include "desktop/views/ScreenViews.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QTabBar>
+
+#include "desktop/Memory.h"
+#include "desktop/bind/Binding.h"
+#include "desktop/bind/ListWidgets.h"
+#include "desktop/bind/SimpleWidgets.h"
+#include "desktop/views/Layout.h"
+#include "shell/frmOptions.h"
+
+namespace quillon::desktop {
+namespace {
+
+QWidget* WidgetFor(Control& control) {
+    if (auto* label = dynamic_cast<Label*>(&control)) {
+        QLabel* widget = NewLabel(*label);
+        widget->setWordWrap(true);
+        return widget;
+    }
+    if (auto* box = dynamic_cast<TextBox*>(&control))
+        return NewTextBox(*box);
+    if (auto* box = dynamic_cast<CheckBox*>(&control))
+        return NewCheckBox(*box);
+    if (auto* option = dynamic_cast<OptionButton*>(&control))
+        return NewOption(*option);
+    return NewButton(dynamic_cast<Button&>(control));
+}
+
+QWidget* NewPanel(frmOptions& screen, std::size_t number) {
+    auto* panel = new QWidget;
+    auto* column = new QVBoxLayout(panel);
+    column->setContentsMargins(4, 8, 4, 8);
+    for (Control* control : screen.OnPanel(number)) {
+        QWidget* widget = WidgetFor(*control);
+        const bool isButton = dynamic_cast<Button*>(control) != nullptr;
+        column->addWidget(widget, 0, isButton ? Qt::AlignLeft : Qt::Alignment());
+    }
+    column->addStretch();
+    new Binding(*panel, screen.picOptions[number], [panel, &screen, number](ControlChange) {
+        panel->setVisible(screen.picOptions[number].Visible());
+    });
+    return panel;
+}
+
+QHBoxLayout* NewAppearance() {
+    auto* box = new QComboBox;
+    box->setObjectName("appearance");
+    box->addItems({"As the desktop", "Light", "Dark"});
+    box->setCurrentIndex(static_cast<int>(Memory::Instance().Appearance()));
+    QObject::connect(box, &QComboBox::activated, box, [](int index) {
+        const auto choice = static_cast<Theme::Choice>(index);
+        Memory::Instance().SetAppearance(choice);
+        Theme::Apply(*qApp, choice);
+    });
+    auto* label = new QLabel("&Appearance of the windows:");
+    label->setBuddy(box);
+    auto* row = new QHBoxLayout;
+    row->addWidget(label);
+    row->addWidget(box);
+    row->addStretch();
+    return row;
+}
+
+} // namespace
+
+void BuildOptionsView(frmOptions& screen, QMainWindow& window) {
+    window.resize(560, 380);
+    QVBoxLayout* column = Content(window);
+    column->addWidget(NewTabStrip(screen.tbsOptions));
+    for (std::size_t panel = 0; panel < frmOptions::Panels; ++panel)
+        column->addWidget(NewPanel(screen, panel), 1);
+    column->addLayout(NewAppearance());
+    column->addLayout(ButtonRow({NewButton(screen.cmdOK), NewButton(screen.cmdCancel)}));
+}
+
+} // namespace quillon::desktop

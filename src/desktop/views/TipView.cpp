@@ -1,0 +1,24 @@
+// The tip of the day.
+#include "desktop/views/ScreenViews.h"
+
+#include <QCheckBox>
+
+#include "desktop/bind/SimpleWidgets.h"
+#include "desktop/views/Layout.h"
+#include "shell/frmTip.h"
+
+namespace quillon::desktop {
+
+void BuildTipView(frmTip& screen, QMainWindow& window) {
+    window.resize(480, 240);
+    QVBoxLayout* column = Content(window, 20);
+    column->addWidget(Heading("Did you know ..."));
+    QLabel* tip = NewLabel(screen.lblTip);
+    tip->setWordWrap(true);
+    tip->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    column->addWidget(tip, 1);
+    column->addWidget(NewCheckBox(screen.chkLoadTipsAtStartup));
+    column->addLayout(ButtonRow({NewButton(screen.cmdOK), NewButton(screen.cmdNextTip)}));
+}
+
+} // namespace quillon::desktop
