@@ -1,6 +1,7 @@
 #include "desktop/Desktop.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QDir>
 #include <QFile>
 #include <QStandardPaths>
@@ -9,6 +10,7 @@
 
 #include "desktop/Icons.h"
 #include "desktop/Memory.h"
+#include "desktop/PracticeServer.h"
 #include "desktop/QtFrontEnd.h"
 #include "desktop/Theme.h"
 #include "desktop/bind/Act.h"
@@ -29,13 +31,25 @@ QString GuideFolder() {
     return "/usr/share/doc/quillon";
 }
 
+void ReadCommandLine(const QCoreApplication& application) {
+    QCommandLineParser line;
+    line.setApplicationDescription("Audit triggers for SQL Server databases.");
+    const QCommandLineOption practice("practice", "Log in to a practice server, which is started for it.");
+    line.addOption(practice);
+    line.addHelpOption();
+    line.addVersionOption();
+    line.process(application);
+    if (line.isSet(practice))
+        PractiseFirst();
+}
+
 } // namespace
 
 int Main(int& argc, char** argv) {
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName("quillon");
-    QGuiApplication::setApplicationDisplayName("Quillon");
     QGuiApplication::setDesktopFileName("quillon");
+    ReadCommandLine(application);
     Theme::Apply(application, Memory::Instance().Appearance());
     QGuiApplication::setWindowIcon(IconOf("quillon"));
     QtFrontEnd frontEnd;

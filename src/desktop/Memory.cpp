@@ -1,6 +1,5 @@
 #include "desktop/Memory.h"
 
-#include <QHeaderView>
 #include <QSplitter>
 #include <QWidget>
 
@@ -37,17 +36,18 @@ void Memory::Follow(QSplitter& splitter) {
                      [this, key, &splitter] { m_settings.setValue(key, splitter.saveState()); });
 }
 
-void Memory::Follow(QHeaderView& header, const QString& name) {
-    const QString key = "columns/" + name;
-    const QList<QVariant> widths = m_settings.value(key).toList();
-    for (int column = 0; column < header.count() && column < widths.size(); ++column)
-        header.resizeSection(column, widths[column].toInt());
-    QObject::connect(&header, &QHeaderView::sectionResized, [this, key, &header] {
-        QList<QVariant> kept;
-        for (int column = 0; column < header.count(); ++column)
-            kept << header.sectionSize(column);
-        m_settings.setValue(key, kept);
-    });
+QList<int> Memory::Widths(const QString& table) const {
+    QList<int> widths;
+    for (const QVariant& width : m_settings.value("columns/" + table).toList())
+        widths << width.toInt();
+    return widths;
+}
+
+void Memory::SetWidths(const QString& table, const QList<int>& widths) {
+    QList<QVariant> kept;
+    for (const int width : widths)
+        kept << width;
+    m_settings.setValue("columns/" + table, kept);
 }
 
 Theme::Choice Memory::Appearance() const {

@@ -7,7 +7,6 @@
 
 #include "desktop/Theme.h"
 
-class QHeaderView;
 class QSplitter;
 
 namespace quillon::desktop {
@@ -20,7 +19,9 @@ class Memory {
     void Keep(const QWidget& window);
     // By object name; kept whenever a person changes them.
     void Follow(QSplitter& splitter);
-    void Follow(QHeaderView& header, const QString& name);
+    // The widths of a table's columns, empty before a person has changed one.
+    QList<int> Widths(const QString& table) const;
+    void SetWidths(const QString& table, const QList<int>& widths);
 
     Theme::Choice Appearance() const;
     void SetAppearance(Theme::Choice choice);

@@ -14,6 +14,8 @@ namespace {
 
 constexpr int Patience = 20000; // milliseconds until it must listen
 
+bool g_practiseFirst = false;
+
 QString DataFolder() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/quillon/practice";
 }
@@ -46,6 +48,14 @@ QString AwaitPort(QProcess& server) {
 
 } // namespace
 
+void PractiseFirst() {
+    g_practiseFirst = true;
+}
+
+bool TakePractiseFirst() {
+    return std::exchange(g_practiseFirst, false);
+}
+
 std::optional<PracticeLogin> StartPracticeServer(QString& reason) {
     static auto* server = new QProcess(QCoreApplication::instance());
     static QString port;
@@ -60,7 +70,8 @@ std::optional<PracticeLogin> StartPracticeServer(QString& reason) {
             server->terminate();
             server->waitForFinished(5000);
         });
-        server->start(ProgramPath(), {"--port", "0", "--data", folder + "/data", "--sample", "--password-file", passwordFile});
+        server->start(ProgramPath(), {"--port", "0", "--data", folder + "/data", "--sample",
+                                      "--password-file", passwordFile});
         server->waitForStarted();
         port = AwaitPort(*server);
     }

@@ -22,6 +22,7 @@ const Theme light{false,
                   QColor("#2f5bd0"),
                   QColor("#ffffff"),
                   QColor("#f0f4ff"),
+                  QColor("#d7e3ff"),
                   QColor("#ffd9d6"),
                   QColor("#b3261e"),
                   QColor("#5d7a4f"),
@@ -40,6 +41,7 @@ const Theme dark{true,
                  QColor("#6d97ff"),
                  QColor("#0e1320"),
                  QColor("#222836"),
+                 QColor("#2b3d66"),
                  QColor("#5a2a2a"),
                  QColor("#ff8a80"),
                  QColor("#8fb07f"),
@@ -99,7 +101,8 @@ QToolBar QToolButton:hover { background: %5; }
 QToolBar QToolButton:focus { border: 1px solid %6; }
 QMenuBar { background: %4; border-bottom: 1px solid %3; }
 QHeaderView::section { background: %4; color: %7; border: 0; border-bottom: 1px solid %3; padding: 4px 6px; }
-QTableView, QTreeView { border: 1px solid %3; border-radius: 4px; }
+QTableView, QTreeView { border: 1px solid %3; border-radius: 4px; selection-background-color: %9;
+    selection-color: %1; outline: 0; }
 QStatusBar { border-top: 1px solid %3; }
 QStatusBar::item { border: 0; }
 QSplitter::handle { background: transparent; }
@@ -111,7 +114,8 @@ QProgressBar { border: 1px solid %3; border-radius: 4px; background: %2; max-hei
 QProgressBar::chunk { background: %6; border-radius: 3px; }
 )")
         .arg(theme.text.name(), theme.base.name(), theme.border.name(), theme.window.name(),
-             theme.line.name(), theme.accent.name(), theme.faint.name(), theme.warning.name());
+             theme.line.name(), theme.accent.name(), theme.faint.name(), theme.warning.name(),
+             theme.selected.name());
 }
 
 } // namespace

@@ -12,7 +12,7 @@ namespace quillon::desktop {
 
 struct Theme {
     bool isDark;
-    QColor window, base, alternate, text, faint, border, accent, onAccent, line, mark, warning;
+    QColor window, base, alternate, text, faint, border, accent, onAccent, line, selected, mark, warning;
     QColor comment, string, number, keyword, member, tag; // of the editors
 
     enum class Choice { Desktop, Light, Dark };

@@ -19,6 +19,7 @@ using basStringFunctions::JustFilePath;
 
 frmMain::frmMain()
     : Screen("frmMain") {
+    cboDatabase.SetDropDownList(true);
     cboDatabase.OnClick = [this] { cboDatabase_Click(); };
     SetSelectionCaptions();
     BindSelection();

@@ -1,5 +1,6 @@
 #include "desktop/bind/BarWidgets.h"
 
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QStatusBar>
@@ -15,14 +16,21 @@ namespace quillon::desktop {
 
 void ShowPanels(QStatusBar& widget, StatusBar& bar, const std::vector<int>& widths) {
     std::vector<ElidedLabel*> panels;
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(8, 0, 0, 0);
+    layout->setSpacing(12);
     for (const int width : widths) {
         auto* panel = new ElidedLabel;
         panel->setObjectName(QString("panel%1").arg(panels.size() + 1));
-        if (width > 0)
+        if (width > 0) {
+            panel->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
             panel->setFixedWidth(panel->fontMetrics().averageCharWidth() * width);
-        widget.addWidget(panel, width > 0 ? 0 : 1);
+        }
+        layout->addWidget(panel, width > 0 ? 0 : 1);
         panels.push_back(panel);
     }
+    widget.addWidget(row, 1);
     new Binding(widget, bar, [panels, &bar](ControlChange) {
         for (std::size_t i = 0; i < panels.size(); ++i)
             panels[i]->SetFullText(Text(bar.Panel(i + 1)).trimmed());
@@ -43,6 +51,30 @@ QProgressBar* NewProgressBar(ProgressBar& bar) {
     return widget;
 }
 
+namespace {
+
+void AddButton(QToolBar& widget, ToolBar& bar, std::size_t place, const QIcon& icon) {
+    const auto& item = bar.Items()[place];
+    auto* button = new QToolButton;
+    button->setObjectName(QString("%1.%2").arg(Text(bar.Name()), Text(item.Key)));
+    button->setIcon(icon);
+    button->setIconSize(widget.iconSize());
+    button->setText(Text(item.Caption));
+    button->setToolButtonStyle(widget.toolButtonStyle());
+    button->setToolTip(Text(item.ToolTip.empty() ? item.Caption : item.ToolTip));
+    button->setAccessibleName(Text(item.Caption.empty() ? item.ToolTip : item.Caption));
+    button->setEnabled(item.Enabled);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    if (widget.orientation() == Qt::Vertical)
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    QObject::connect(button, &QToolButton::clicked,
+                     [&bar, position = place + 1] { Act([&] { bar.Press(position); }); });
+    widget.addWidget(button);
+}
+
+} // namespace
+
 QToolBar* NewToolBar(ToolBar& bar, const std::function<QIcon(const std::string&)>& iconOf, bool vertical) {
     auto* widget = new QToolBar;
     widget->setMovable(false);
@@ -59,14 +91,7 @@ QToolBar* NewToolBar(ToolBar& bar, const std::function<QIcon(const std::string&)
                 widget->addSeparator();
                 continue;
             }
-            QAction* action = widget->addAction(iconOf(item.Icon), Text(item.Caption));
-            action->setToolTip(Text(item.ToolTip.empty() ? item.Caption : item.ToolTip));
-            action->setEnabled(item.Enabled);
-            QObject::connect(action, &QAction::triggered,
-                             [&bar, position = i + 1] { Act([&] { bar.Press(position); }); });
-            QWidget* button = widget->widgetForAction(action);
-            button->setObjectName(QString("%1.%2").arg(Text(bar.Name()), Text(item.Key)));
-            button->setFocusPolicy(Qt::TabFocus);
+            AddButton(*widget, bar, i, iconOf(item.Icon));
         }
     });
     return widget;

@@ -1,7 +1,10 @@
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include "desktop/bind/Act.h"
 #include "desktop/bind/Binding.h"
@@ -26,22 +29,65 @@ void ShowText(QComboBox& widget, const ComboBox& box) {
         widget.setPlaceholderText(Text(box.Text()));
 }
 
-void OpenList(QComboBox& widget) {
-    // Once the window stands: the list may be asked to open while the screen is still loading.
-    QTimer::singleShot(0, &widget, [&widget] {
-        if (widget.isVisible() && widget.isActiveWindow())
-            widget.showPopup();
-    });
-}
+// A list may be asked to open while its screen is still loading, or stands behind another one: it opens once
+// its window is the one that a person works in.
+class ListOpener : public QObject {
+  public:
+    explicit ListOpener(QComboBox& box)
+        : QObject(&box)
+        , m_box(box) {}
+
+    void Open() {
+        m_isWished = true;
+        m_box.window()->installEventFilter(this);
+        QTimer::singleShot(0, this, [this] { OpenNow(); });
+    }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::WindowActivate)
+            QTimer::singleShot(0, this, [this] { OpenNow(); });
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    void OpenNow() {
+        if (!m_isWished || !m_box.isVisible() || !m_box.isActiveWindow())
+            return;
+        m_isWished = false;
+        m_box.setFocus();
+        m_box.showPopup();
+    }
+
+    QComboBox& m_box;
+    bool m_isWished = false;
+};
+
+// Picking an entry may be dear: with the keyboard one looks through the open list and picks by Enter.
+class PickingComboBox : public QComboBox {
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        const bool isMove = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+        const bool isName = !isEditable() && !event->text().isEmpty() && event->text().at(0).isPrint() &&
+                            event->modifiers().testFlag(Qt::NoModifier);
+        if (!isMove && !isName)
+            return QComboBox::keyPressEvent(event);
+        showPopup();
+        if (isName)
+            QCoreApplication::sendEvent(view(), event);
+    }
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+};
 
 } // namespace
 
 QComboBox* NewComboBox(ComboBox& box) {
-    auto* widget = new QComboBox;
+    auto* widget = new PickingComboBox;
+    auto* opener = new ListOpener(*widget);
     widget->setInsertPolicy(QComboBox::NoInsert);
     widget->setEditable(!box.IsDropDownList());
     auto* binding =
-        new Binding(*widget, box, [widget, &box, opened = box.DropDowns()](ControlChange change) mutable {
+        new Binding(*widget, box, [widget, opener, &box, opened = 0](ControlChange change) mutable {
             if (change == ControlChange::State && widget->isEditable() == box.IsDropDownList())
                 widget->setEditable(!box.IsDropDownList());
             if (change == ControlChange::Items)
@@ -51,7 +97,7 @@ QComboBox* NewComboBox(ComboBox& box) {
                 widget->lineEdit()->selectAll();
             if (box.DropDowns() != opened) {
                 opened = box.DropDowns();
-                OpenList(*widget);
+                opener->Open();
             }
         });
     QObject::connect(widget, &QComboBox::activated,

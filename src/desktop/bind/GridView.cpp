@@ -1,12 +1,15 @@
 #include "desktop/bind/GridView.h"
 
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 
 #include "desktop/bind/Act.h"
 #include "desktop/bind/Binding.h"
 #include "desktop/bind/Keys.h"
+#include "desktop/bind/TickDelegate.h"
 
 namespace quillon::desktop {
 
@@ -15,6 +18,7 @@ GridView::GridView(Grid& grid, GridIcon iconOf)
     , m_model(grid, std::move(iconOf))
     , m_filter(m_model) {
     setModel(&m_filter);
+    setItemDelegate(new TickDelegate(this));
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setSortingEnabled(true);
@@ -23,6 +27,8 @@ GridView::GridView(Grid& grid, GridIcon iconOf)
     horizontalHeader()->setSortIndicatorClearable(true);
     horizontalHeader()->setStretchLastSection(false);
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    horizontalHeader()->setResizeContentsPrecision(200); // rows looked at for the width that fits
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
@@ -31,6 +37,7 @@ GridView::GridView(Grid& grid, GridIcon iconOf)
     setWordWrap(false);
     setTabKeyNavigation(false);
     m_binding = new Binding(*this, grid, [this](ControlChange change) { Follow(change); });
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] { SectionResized(); });
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { SelectionMoved(); });
 }
 
@@ -38,26 +45,70 @@ void GridView::Follow(ControlChange change) {
     if (change == ControlChange::Command)
         viewport()->update();
     if (change == ControlChange::Items) {
-        const auto columns = m_model.columnCount();
-        if (m_grid.Generation() != m_generation || columns != static_cast<int>(m_grid.Columns().size()))
+        if (m_grid.Generation() != m_generation || m_model.columnCount() != std::ssize(m_grid.Columns()))
             m_model.Renew();
         m_generation = m_grid.Generation();
-        if (m_model.columnCount() != columns)
-            ShowColumns();
+        FitColumns();
     }
     if (change == ControlChange::Items || change == ControlChange::Selection)
         ShowSelection();
 }
 
-void GridView::ShowColumns() {
+int GridView::FittingWidth(int column) const {
+    const int letter = fontMetrics().averageCharWidth();
+    const QString caption = m_model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+    const int heading = fontMetrics().horizontalAdvance(caption) + 5 * letter;
+    if (m_model.ColumnAt(column).Kind != Grid::ColumnKind::Text)
+        return heading;
+    return std::clamp(sizeHintForColumn(column) + 2 * letter, std::max(heading, 12 * letter), 36 * letter);
+}
+
+void GridView::FitColumns() {
     for (int column = 0; column < m_model.columnCount(); ++column) {
-        const Grid::Column& shown = m_model.ColumnAt(column);
-        setColumnHidden(column, !shown.Visible);
-        const int caption =
-            fontMetrics().horizontalAdvance(m_model.headerData(column, Qt::Horizontal, 0).toString());
-        const int wish = shown.Kind == Grid::ColumnKind::Text ? fontMetrics().averageCharWidth() * 22 : 0;
-        setColumnWidth(column, std::max(caption + 34, wish));
+        setColumnHidden(column, !m_model.ColumnAt(column).Visible);
+        if (isColumnHidden(column))
+            continue;
+        const bool isChosen = column < m_widths.size() && m_widths[column] > 0;
+        setColumnWidth(column, isChosen ? m_widths[column] : FittingWidth(column));
     }
+    FillWidth();
+}
+
+// Room that is left goes to the first column of text, the name that rows are known by.
+void GridView::FillWidth() {
+    if (!m_widths.isEmpty())
+        return;
+    int taken = 0, name = -1;
+    for (int column = 0; column < m_model.columnCount(); ++column) {
+        if (isColumnHidden(column))
+            continue;
+        const bool isName = name < 0 && m_model.ColumnAt(column).Kind == Grid::ColumnKind::Text;
+        if (isName)
+            name = column;
+        taken += isName ? FittingWidth(column) : columnWidth(column);
+    }
+    if (name >= 0)
+        setColumnWidth(name, FittingWidth(name) + std::max(0, viewport()->width() - taken));
+}
+
+void GridView::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    FillWidth();
+}
+
+void GridView::SetWidths(const QList<int>& widths) {
+    m_widths = widths;
+    FitColumns();
+}
+
+void GridView::SectionResized() {
+    if (QGuiApplication::mouseButtons() == Qt::NoButton)
+        return;
+    m_widths.clear();
+    for (int column = 0; column < m_model.columnCount(); ++column)
+        m_widths << columnWidth(column);
+    if (OnWidthsChosen)
+        OnWidthsChosen(m_widths);
 }
 
 void GridView::ShowSelection() {
@@ -104,6 +155,16 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
     QTableView::mouseDoubleClickEvent(event);
     if (index.isValid() && !isTick)
         Act([&] { m_grid.DoubleClick(); });
+}
+
+bool GridView::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        // Only what is cut off needs telling.
+        const QModelIndex index = indexAt(static_cast<QHelpEvent*>(event)->pos());
+        if (index.isValid() && sizeHintForIndex(index).width() <= visualRect(index).width())
+            return true;
+    }
+    return QTableView::viewportEvent(event);
 }
 
 void GridView::contextMenuEvent(QContextMenuEvent* event) {

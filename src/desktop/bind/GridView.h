@@ -14,17 +14,26 @@ class GridView : public QTableView {
     GridView(Grid& grid, GridIcon iconOf);
 
     GridFilter& Filter() { return m_filter; }
+
+    // Widths that a person has chosen; without them columns fit what they hold.
+    void SetWidths(const QList<int>& widths);
+    std::function<void(const QList<int>&)> OnWidthsChosen;
     GridModel& Model() { return m_model; }
 
   protected:
+    void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
     void Follow(ControlChange change);
-    void ShowColumns();
+    void FitColumns();
+    void FillWidth();
+    int FittingWidth(int column) const;
+    void SectionResized();
     void ShowSelection();
     void SelectionMoved();
     // Gives all selected rows the opposite of the current row's tick.
@@ -38,6 +47,7 @@ class GridView : public QTableView {
     GridFilter m_filter;
     Binding* m_binding = nullptr;
     int m_generation = -1;
+    QList<int> m_widths; // chosen by a person; empty without
 };
 
 } // namespace quillon::desktop

@@ -24,7 +24,8 @@ void BuildIncludesView(frmIncludes& screen, QMainWindow& window) {
     column->addLayout(row, 1);
     for (OptionButton& option : screen.optFileOptions)
         column->addWidget(NewOption(option));
-    column->addLayout(ButtonRow({NewButton(screen.cmdSave), NewButton(screen.cmdCancel), NewButton(screen.cmdHelp)}));
+    column->addLayout(
+        ButtonRow({NewButton(screen.cmdSave), NewButton(screen.cmdCancel), NewButton(screen.cmdHelp)}));
 }
 
 } // namespace quillon::desktop

@@ -46,7 +46,8 @@ void BuildInstallView(frmInstall& screen, QMainWindow& window) {
     column->addWidget(removal);
     column->addWidget(NewOption(screen.optOption[frmInstall::Analyze]));
     column->addStretch();
-    column->addLayout(ButtonRow({NewButton(screen.cmdRun), NewButton(screen.cmdClose), NewButton(screen.cmdHelp)}));
+    column->addLayout(
+        ButtonRow({NewButton(screen.cmdRun), NewButton(screen.cmdClose), NewButton(screen.cmdHelp)}));
 }
 
 } // namespace quillon::desktop

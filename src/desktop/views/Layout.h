@@ -20,6 +20,7 @@ inline QLabel* Heading(const char* text) {
 // To the right, the first one marked as what Enter does.
 inline QHBoxLayout* ButtonRow(std::initializer_list<QPushButton*> buttons) {
     auto* row = new QHBoxLayout;
+    row->setContentsMargins(0, 8, 0, 0);
     row->addStretch();
     bool isFirst = true;
     for (QPushButton* button : buttons) {

@@ -6,6 +6,7 @@
 #include <QFormLayout>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QTimer>
 
 #include "desktop/Boxes.h"
 #include "desktop/Memory.h"
@@ -24,8 +25,8 @@ void UsePracticeServer(frmODBCLogon& screen, QWidget* parent) {
     QString reason;
     const auto login = StartPracticeServer(reason);
     if (!login) {
-        ShowMessage(parent, "The practice server does not start.\n\n" + reason, "Practice server", Icon::Warning,
-                    Buttons::Ok);
+        ShowMessage(parent, "The practice server does not start.\n\n" + reason, "Practice server",
+                    Icon::Warning, Buttons::Ok);
         return;
     }
     Act([&] {
@@ -40,22 +41,28 @@ void UsePracticeServer(frmODBCLogon& screen, QWidget* parent) {
 QPushButton* NewPracticeButton(frmODBCLogon& screen, QMainWindow& window) {
     auto* button = new QPushButton("&Practice server");
     button->setObjectName("practiceServer");
-    button->setToolTip("Starts a small server of Quillon's own on this machine, with a sample database to try things on.");
+    button->setToolTip(
+        "Starts a small server of Quillon's own on this machine, with a sample database to try things on.");
     QObject::connect(button, &QPushButton::clicked, &window, [&screen, button, &window] {
         button->setEnabled(false);
         UsePracticeServer(screen, &window);
         button->setEnabled(true);
     });
+    if (TakePractiseFirst())
+        QTimer::singleShot(0, button, &QPushButton::click);
     return button;
 }
 
 QCheckBox* NewProductionMark(frmODBCLogon& screen, QComboBox* server) {
     auto* mark = new QCheckBox("&Mark as a production server");
     mark->setObjectName("productionMark");
-    const auto show = [mark](const QString& name) { mark->setChecked(Memory::Instance().IsProduction(name)); };
+    const auto show = [mark](const QString& name) {
+        mark->setChecked(Memory::Instance().IsProduction(name));
+    };
     QObject::connect(server, &QComboBox::currentTextChanged, mark, show);
-    QObject::connect(mark, &QCheckBox::clicked, mark,
-                     [server](bool isTicked) { Memory::Instance().SetProduction(server->currentText(), isTicked); });
+    QObject::connect(mark, &QCheckBox::clicked, mark, [server](bool isTicked) {
+        Memory::Instance().SetProduction(server->currentText(), isTicked);
+    });
     show(Text(screen.cboServer.Text()));
     return mark;
 }
@@ -90,7 +97,8 @@ void BuildLoginView(frmODBCLogon& screen, QMainWindow& window) {
     form->addRow(NewLabel(screen.lblPWD, password), password);
     column->addLayout(form);
     column->addStretch();
-    column->addLayout(ButtonRow({NewButton(screen.cmdOK), NewButton(screen.cmdCancel), NewButton(screen.cmdHelp)}));
+    column->addLayout(
+        ButtonRow({NewButton(screen.cmdOK), NewButton(screen.cmdCancel), NewButton(screen.cmdHelp)}));
 }
 
 } // namespace quillon::desktop

@@ -1,10 +1,10 @@
-// The main screen: what is audited on the left, its columns and triggers on the right, what can be done around them.
+// The main screen: what is audited on the left, its columns and triggers on the right, what can be done
+// around them.
 #include "desktop/views/ScreenViews.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
-#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QProgressBar>
@@ -57,7 +57,8 @@ QFrame* NewProductionRibbon(frmMain& screen) {
         ribbon->setVisible(Memory::Instance().IsProduction(server));
     };
     const std::size_t number = screen.stbStatus.Observe([refresh](ControlChange) { refresh(); });
-    QObject::connect(watcher, &QObject::destroyed, [&screen, number] { screen.stbStatus.EndObservation(number); });
+    QObject::connect(watcher, &QObject::destroyed,
+                     [&screen, number] { screen.stbStatus.EndObservation(number); });
     refresh();
     return ribbon;
 }
@@ -96,7 +97,9 @@ QHBoxLayout* NewTicks(frmMain& screen) {
 
 GridView* NewGrid(Grid& grid, QIcon (*iconOf)(int)) {
     auto* view = new GridView(grid, iconOf);
-    Memory::Instance().Follow(*view->horizontalHeader(), Text(grid.Name()));
+    const QString name = Text(grid.Name());
+    view->SetWidths(Memory::Instance().Widths(name));
+    view->OnWidthsChosen = [name](const QList<int>& widths) { Memory::Instance().SetWidths(name, widths); };
     return view;
 }
 
@@ -109,7 +112,8 @@ QWidget* NewTables(frmMain& screen) {
     filter->setObjectName("tableFilter");
     filter->setPlaceholderText("Show tables whose name or owner contains ...");
     filter->setClearButtonEnabled(true);
-    QObject::connect(filter, &QLineEdit::textChanged, view, [view](const QString& text) { view->Filter().SetText(text); });
+    QObject::connect(filter, &QLineEdit::textChanged, view,
+                     [view](const QString& text) { view->Filter().SetText(text); });
     auto* head = new QHBoxLayout;
     head->addWidget(Heading("Tables"));
     head->addWidget(filter, 1);
@@ -154,6 +158,7 @@ QSplitter* NewGrids(frmMain& screen) {
     grids->addWidget(right);
     grids->setStretchFactor(0, 1);
     grids->setStretchFactor(1, 1);
+    grids->setSizes({620, 500});
     grids->setChildrenCollapsible(false);
     right->setChildrenCollapsible(false);
     Memory::Instance().Follow(*right);
@@ -178,7 +183,7 @@ void BuildBars(frmMain& screen, QMainWindow& window) {
 } // namespace
 
 void BuildMainView(frmMain& screen, QMainWindow& window) {
-    window.resize(1180, 760);
+    window.resize(1280, 800);
     BuildBars(screen, window);
     auto* content = new QWidget;
     auto* all = new QVBoxLayout(content);

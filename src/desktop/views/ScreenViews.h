@@ -1,5 +1,5 @@
-// The views of the screens, one file each in this folder. A view lays widgets out and leaves the rest to their
-// bindings.
+// The views of the screens, one file each in this folder. A view lays widgets out and leaves the rest to
+// their bindings.
 #pragma once
 
 class QMainWindow;
