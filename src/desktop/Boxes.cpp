@@ -9,6 +9,7 @@
 #include <QUrl>
 
 #include "adapters/files/NativePath.h"
+#include "desktop/Icons.h"
 #include "desktop/bind/Text.h"
 #include "platform/Failure.h"
 #include "platform/FailureNumbers.h"
@@ -17,14 +18,21 @@
 namespace quillon::desktop {
 namespace {
 
-QMessageBox::Icon IconFor(Icon icon) {
+const char* PictureFor(Icon icon) {
     switch (icon) {
-    case Icon::Critical: return QMessageBox::Critical;
-    case Icon::Question: return QMessageBox::Question;
-    case Icon::Warning: return QMessageBox::Warning;
-    case Icon::Information: return QMessageBox::Information;
-    default: return QMessageBox::NoIcon;
+    case Icon::Critical: return "box-critical";
+    case Icon::Question: return "box-question";
+    case Icon::Warning: return "box-warning";
+    case Icon::Information: return "box-information";
+    default: return "";
     }
+}
+
+void Dress(QMessageBox& box, const char* name, Icon icon) {
+    box.setObjectName(name);
+    box.setTextFormat(Qt::PlainText);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box.setIconPixmap(IconOf(PictureFor(icon)).pixmap(QSize(36, 36), box.devicePixelRatio()));
 }
 
 QMessageBox::StandardButtons ButtonsFor(Buttons buttons) {
@@ -61,10 +69,8 @@ QStringList Filters(const std::string& filter) {
 } // namespace
 
 Answer ShowMessage(QWidget* parent, const QString& text, const QString& title, Icon icon, Buttons buttons) {
-    QMessageBox box(IconFor(icon), title, QString(text).remove('\r'), ButtonsFor(buttons), parent);
-    box.setObjectName("message");
-    box.setTextFormat(Qt::PlainText);
-    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    QMessageBox box(QMessageBox::NoIcon, title, QString(text).remove('\r'), ButtonsFor(buttons), parent);
+    Dress(box, "message", icon);
     return AnswerFor(box.exec(), buttons);
 }
 
@@ -92,11 +98,9 @@ std::string ShowTextQuestion(QWidget* parent, const std::string& prompt, const s
 }
 
 void ShowFailure(QWidget* parent, const FailureReport& report) {
-    QMessageBox box(QMessageBox::Critical, "Quillon could not go on with this",
+    QMessageBox box(QMessageBox::NoIcon, "Quillon could not go on with this",
                     Text(report.Description).remove('\r'), QMessageBox::Ok, parent);
-    box.setObjectName("failureReport");
-    box.setTextFormat(Qt::PlainText);
-    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    Dress(box, "failureReport", Icon::Critical);
     QString what = "Number " + Text(FailureNumberText(report.Number));
     if (!report.Note.empty())
         what += "\n" + Text(report.Note).remove('\r');

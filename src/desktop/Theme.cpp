@@ -106,6 +106,8 @@ QTableView, QTreeView { border: 1px solid %3; border-radius: 4px; selection-back
 QStatusBar { border-top: 1px solid %3; }
 QStatusBar::item { border: 0; }
 QSplitter::handle { background: transparent; }
+QComboBox { combobox-popup: 0; }
+QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QLabel#heading { font-weight: 600; }
 QLabel#notice { color: %7; }
 QFrame#production { background: %8; }

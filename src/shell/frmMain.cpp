@@ -19,7 +19,6 @@ using basStringFunctions::JustFilePath;
 
 frmMain::frmMain()
     : Screen("frmMain") {
-    cboDatabase.SetDropDownList(true);
     cboDatabase.OnClick = [this] { cboDatabase_Click(); };
     SetSelectionCaptions();
     BindSelection();

@@ -79,17 +79,15 @@ class PickingComboBox : public QComboBox {
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 };
 
-} // namespace
-
-QComboBox* NewComboBox(ComboBox& box) {
+QComboBox* NewBox(ComboBox& box, bool takesTyping) {
     auto* widget = new PickingComboBox;
     auto* opener = new ListOpener(*widget);
     widget->setInsertPolicy(QComboBox::NoInsert);
-    widget->setEditable(!box.IsDropDownList());
     auto* binding =
-        new Binding(*widget, box, [widget, opener, &box, opened = 0](ControlChange change) mutable {
-            if (change == ControlChange::State && widget->isEditable() == box.IsDropDownList())
-                widget->setEditable(!box.IsDropDownList());
+        new Binding(*widget, box, [widget, opener, &box, takesTyping, opened = 0](ControlChange change) mutable {
+            const bool isEditable = takesTyping && !box.IsDropDownList();
+            if (change == ControlChange::State && widget->isEditable() != isEditable)
+                widget->setEditable(isEditable);
             if (change == ControlChange::Items)
                 ShowItems(*widget, box);
             ShowText(*widget, box);
@@ -114,6 +112,16 @@ QComboBox* NewComboBox(ComboBox& box) {
         return key == Key::Enter || key == Key::Escape;
     };
     return widget;
+}
+
+} // namespace
+
+QComboBox* NewComboBox(ComboBox& box) {
+    return NewBox(box, true);
+}
+
+QComboBox* NewPickBox(ComboBox& box) {
+    return NewBox(box, false);
 }
 
 } // namespace quillon::desktop

@@ -17,6 +17,8 @@ namespace quillon::desktop {
 using IconLookup = std::function<QIcon(const std::string& key)>;
 
 QComboBox* NewComboBox(ComboBox& box);
+// For a box whose text a person picks and never types, whatever the screen itself writes into it.
+QComboBox* NewPickBox(ComboBox& box);
 QTreeWidget* NewListView(ListView& list, IconLookup iconOf = {});
 QTreeWidget* NewTreeView(TreeView& tree, IconLookup iconOf = {});
 QTabBar* NewTabStrip(TabStrip& strip);

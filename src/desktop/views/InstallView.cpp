@@ -48,6 +48,7 @@ void BuildInstallView(frmInstall& screen, QMainWindow& window) {
     column->addStretch();
     column->addLayout(
         ButtonRow({NewButton(screen.cmdRun), NewButton(screen.cmdClose), NewButton(screen.cmdHelp)}));
+    FitHeight(window, *column, 460);
 }
 
 } // namespace quillon::desktop

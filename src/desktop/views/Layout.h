@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <initializer_list>
 
 namespace quillon::desktop {
@@ -40,6 +41,14 @@ inline QVBoxLayout* Content(QMainWindow& window, int margin = 16) {
     column->setSpacing(10);
     window.setCentralWidget(content);
     return column;
+}
+
+// Makes the window as high as its content needs at this width; wrapped texts do not tell by themselves.
+inline void FitHeight(QMainWindow& window, const QVBoxLayout& column, int width) {
+    width = std::max(width, column.totalMinimumSize().width());
+    const int height = column.totalHeightForWidth(width);
+    window.setMinimumSize(width, height);
+    window.resize(width, height);
 }
 
 } // namespace quillon::desktop

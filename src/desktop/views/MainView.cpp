@@ -68,7 +68,7 @@ QWidget* NewChoices(frmMain& screen) {
     auto* grid = new QGridLayout(choices);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(10);
-    QComboBox* database = NewComboBox(screen.cboDatabase);
+    QComboBox* database = NewPickBox(screen.cboDatabase);
     QLineEdit* profile = NewTextBox(screen.txtTemplate);
     profile->setMinimumWidth(profile->fontMetrics().averageCharWidth() * 24);
     auto* databaseLabel = new QLabel("&Database:");
