@@ -43,8 +43,12 @@ void Binding::Write(ControlChange change) {
     ++m_writing;
     if (change == ControlChange::State) {
         m_widget.setEnabled(m_control.Enabled());
-        if (m_widget.isHidden() == m_control.Visible())
-            m_widget.setVisible(m_control.Visible());
+        // A new widget is shown with its window; until then showing it would make it a window of its own.
+        const bool wasHidden = m_widget.isHidden() && m_widget.testAttribute(Qt::WA_WState_ExplicitShowHide);
+        if (!m_control.Visible())
+            m_widget.hide();
+        else if (wasHidden)
+            m_widget.show();
         if (!m_control.ToolTip().empty())
             m_widget.setToolTip(Text(m_control.ToolTip()));
     }
