@@ -34,16 +34,25 @@ QWidget* WidgetFor(Control& control) {
     return NewButton(dynamic_cast<Button&>(control));
 }
 
+// A panel's frame comes first and holds the rest; a button stands beside the text box that it fills.
 QWidget* NewPanel(frmOptions& screen, std::size_t number) {
+    const std::vector<Control*> controls = screen.OnPanel(number);
     auto* panel = new QWidget;
-    auto* column = new QVBoxLayout(panel);
-    column->setContentsMargins(4, 8, 4, 8);
-    for (Control* control : screen.OnPanel(number)) {
-        QWidget* widget = WidgetFor(*control);
-        const bool isButton = dynamic_cast<Button*>(control) != nullptr;
-        column->addWidget(widget, 0, isButton ? Qt::AlignLeft : Qt::Alignment());
+    auto* around = new QVBoxLayout(panel);
+    around->setContentsMargins(0, 8, 0, 8);
+    QGroupBox* group = NewGroup(dynamic_cast<Frame&>(*controls.front()));
+    around->addWidget(group);
+    around->addStretch();
+    auto* column = new QVBoxLayout(group);
+    column->setContentsMargins(14, 14, 14, 14);
+    QHBoxLayout* row = nullptr;
+    for (auto control = controls.begin() + 1; control != controls.end(); ++control) {
+        if (dynamic_cast<Button*>(*control) == nullptr) {
+            row = new QHBoxLayout;
+            column->addLayout(row);
+        }
+        row->addWidget(WidgetFor(**control));
     }
-    column->addStretch();
     new Binding(*panel, screen.picOptions[number], [panel, &screen, number](ControlChange) {
         panel->setVisible(screen.picOptions[number].Visible());
     });
