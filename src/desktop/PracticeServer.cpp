@@ -1,5 +1,9 @@
 #include "desktop/PracticeServer.h"
 
+#include <sys/prctl.h>
+
+#include <csignal>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QEventLoop>
@@ -70,6 +74,8 @@ std::optional<PracticeLogin> StartPracticeServer(QString& reason) {
             server->terminate();
             server->waitForFinished(5000);
         });
+        // However this program ends, the server goes with it and lets its data folder go.
+        server->setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
         server->start(ProgramPath(), {"--port", "0", "--data", folder + "/data", "--sample",
                                       "--password-file", passwordFile});
         server->waitForStarted();

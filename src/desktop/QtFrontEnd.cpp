@@ -104,7 +104,9 @@ bool QtFrontEnd::eventFilter(QObject* watched, QEvent* event) {
     const auto& key = static_cast<const QKeyEvent&>(*event);
     auto& widget = static_cast<QWidget&>(*watched);
     // A key that its widget leaves alone goes on to the parents as the same event.
-    if (m_seenKey == &key || !widget.hasFocus())
+    // Without a focus it goes to the window.
+    const bool isFirst = widget.hasFocus() || (widget.isWindow() && QApplication::focusWidget() == nullptr);
+    if (m_seenKey == &key || !isFirst)
         return false;
     ScreenWindow* window = ScreenWindow::Of(&widget);
     if (window == nullptr)

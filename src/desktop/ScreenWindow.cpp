@@ -20,7 +20,21 @@ ScreenWindow::ScreenWindow(Screen& screen, QWidget* parent)
     ShowTitle();
     BuildView(screen, *this);
     Memory::Instance().Restore(*this);
+    FocusContent();
     screen.View = this;
+}
+
+// Not the tool bar, which comes first, unless the screen has chosen for itself.
+void ScreenWindow::FocusContent() {
+    QWidget* first = centralWidget();
+    if (focusWidget() != nullptr || first == nullptr)
+        return;
+    const auto takesFocus = [](const QWidget& widget) {
+        return widget.isEnabledTo(nullptr) && (widget.focusPolicy() & Qt::TabFocus) != 0;
+    };
+    for (QWidget* widget = first; widget != this; widget = widget->nextInFocusChain())
+        if (takesFocus(*widget) && (widget == first || first->isAncestorOf(widget)))
+            return widget->setFocus();
 }
 
 ScreenWindow::~ScreenWindow() {

@@ -26,6 +26,8 @@ class ScreenWindow : public QMainWindow {
     bool event(QEvent* event) override;
 
   private:
+    void FocusContent();
+
     Screen& m_screen;
 };
 

@@ -61,7 +61,9 @@ void AddButton(QToolBar& widget, ToolBar& bar, std::size_t place, const QIcon& i
     button->setIconSize(widget.iconSize());
     button->setText(Text(item.Caption));
     button->setToolButtonStyle(widget.toolButtonStyle());
-    button->setToolTip(Text(item.ToolTip.empty() ? item.Caption : item.ToolTip));
+    QString tip = Text(item.ToolTip.empty() ? item.Caption : item.ToolTip);
+    tip.replace(0, 1, tip.left(1).toUpper());
+    button->setToolTip(tip);
     button->setAccessibleName(Text(item.Caption.empty() ? item.ToolTip : item.Caption));
     button->setEnabled(item.Enabled);
     button->setAutoRaise(true);

@@ -83,8 +83,8 @@ QComboBox* NewBox(ComboBox& box, bool takesTyping) {
     auto* widget = new PickingComboBox;
     auto* opener = new ListOpener(*widget);
     widget->setInsertPolicy(QComboBox::NoInsert);
-    auto* binding =
-        new Binding(*widget, box, [widget, opener, &box, takesTyping, opened = 0](ControlChange change) mutable {
+    auto* binding = new Binding(
+        *widget, box, [widget, opener, &box, takesTyping, opened = 0](ControlChange change) mutable {
             const bool isEditable = takesTyping && !box.IsDropDownList();
             if (change == ControlChange::State && widget->isEditable() != isEditable)
                 widget->setEditable(isEditable);

@@ -64,6 +64,13 @@ int GridView::FittingWidth(int column) const {
 }
 
 void GridView::FitColumns() {
+    m_isFitting = true;
+    SetFittingWidths();
+    FillWidth();
+    m_isFitting = false;
+}
+
+void GridView::SetFittingWidths() {
     for (int column = 0; column < m_model.columnCount(); ++column) {
         setColumnHidden(column, !m_model.ColumnAt(column).Visible);
         if (isColumnHidden(column))
@@ -71,7 +78,6 @@ void GridView::FitColumns() {
         const bool isChosen = column < m_widths.size() && m_widths[column] > 0;
         setColumnWidth(column, isChosen ? m_widths[column] : FittingWidth(column));
     }
-    FillWidth();
 }
 
 // Room that is left goes to the first column of text, the name that rows are known by.
@@ -93,7 +99,7 @@ void GridView::FillWidth() {
 
 void GridView::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
-    FillWidth();
+    FitColumns();
 }
 
 void GridView::SetWidths(const QList<int>& widths) {
@@ -102,7 +108,7 @@ void GridView::SetWidths(const QList<int>& widths) {
 }
 
 void GridView::SectionResized() {
-    if (QGuiApplication::mouseButtons() == Qt::NoButton)
+    if (m_isFitting || QGuiApplication::mouseButtons() == Qt::NoButton)
         return;
     m_widths.clear();
     for (int column = 0; column < m_model.columnCount(); ++column)

@@ -31,6 +31,7 @@ class GridView : public QTableView {
   private:
     void Follow(ControlChange change);
     void FitColumns();
+    void SetFittingWidths();
     void FillWidth();
     int FittingWidth(int column) const;
     void SectionResized();
@@ -47,6 +48,7 @@ class GridView : public QTableView {
     GridFilter m_filter;
     Binding* m_binding = nullptr;
     int m_generation = -1;
+    bool m_isFitting = false;
     QList<int> m_widths; // chosen by a person; empty without
 };
 
