@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QPushButton>
+#include <QScreen>
 
 #include "desktop/Icons.h"
 #include "desktop/Memory.h"
@@ -19,6 +20,7 @@ ScreenWindow::ScreenWindow(Screen& screen, QWidget* parent)
     setWindowIcon(IconOf("quillon"));
     ShowTitle();
     BuildView(screen, *this);
+    resize(size().boundedTo(QWidget::screen()->availableGeometry().size() * 0.96));
     Memory::Instance().Restore(*this);
     FocusContent();
     screen.View = this;

@@ -105,6 +105,20 @@ QTableView, QTreeView { border: 1px solid %3; border-radius: 4px; selection-back
     selection-color: %1; outline: 0; }
 QStatusBar { border-top: 1px solid %3; }
 QStatusBar::item { border: 0; }
+QCheckBox::indicator, QTableView::indicator, QTreeView::indicator { width: 14px; height: 14px;
+    border: 1px solid %7; border-radius: 3px; background: %2; }
+QCheckBox::indicator:checked, QTableView::indicator:checked, QTreeView::indicator:checked {
+    border-color: %6; background: %6; image: url(:/icons/tick-white.svg); }
+QRadioButton::indicator { width: 14px; height: 14px; border: 1px solid %7; border-radius: 8px; background: %2; }
+QRadioButton::indicator:checked { width: 6px; height: 6px; border: 5px solid %6; background: %2; }
+QCheckBox::indicator:disabled, QRadioButton::indicator:disabled { border-color: %3; background: %4; }
+QCheckBox::indicator:checked:disabled { background: %3; }
+QRadioButton::indicator:checked:disabled { border-color: %3; }
+QCheckBox::indicator:hover, QRadioButton::indicator:hover, QTableView::indicator:hover { border-color: %6; }
+QLineEdit, QSpinBox { border: 1px solid %3; border-radius: 4px; padding: 3px 5px; background: %2; }
+QLineEdit:focus, QSpinBox:focus { border-color: %6; }
+QLineEdit:disabled, QSpinBox:disabled { background: %4; }
+QComboBox QLineEdit, QSpinBox QLineEdit { border: 0; padding: 0; }
 QSplitter::handle { background: transparent; }
 QComboBox { combobox-popup: 0; }
 QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
