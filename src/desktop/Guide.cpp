@@ -1,4 +1,5 @@
 // The guide in a window of its own: the same pages that stand in docs/.
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QMainWindow>
@@ -38,8 +39,12 @@ void ShowGuide(QWidget* parent, const QString& folder, const QString& topic) {
         return;
     }
     static QPointer<QMainWindow> window;
+    // A modal screen must not lock the help away that it asked for: the guide is its child then.
+    QWidget* modal = QApplication::activeModalWidget();
+    if (window != nullptr && modal != nullptr && window->parentWidget() != modal)
+        delete window;
     if (window == nullptr) {
-        window = new QMainWindow(nullptr);
+        window = new QMainWindow(modal);
         window->setAttribute(Qt::WA_DeleteOnClose);
         window->setWindowTitle("Quillon guide");
         window->setWindowIcon(IconOf("quillon"));
@@ -53,8 +58,6 @@ void ShowGuide(QWidget* parent, const QString& folder, const QString& topic) {
     auto* browser = static_cast<QTextBrowser*>(window->centralWidget());
     browser->setSearchPaths({folder});
     browser->setMarkdown(QString::fromUtf8(page.readAll()));
-    // A modal screen must not lock the help away that it asked for.
-    window->setWindowModality(Qt::NonModal);
     window->show();
     window->raise();
     if (const QString heading = HeadingOf(topic); !heading.isEmpty()) {

@@ -1,7 +1,9 @@
 #include "desktop/bind/SimpleWidgets.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -50,10 +52,27 @@ QCheckBox* NewCheckBox(CheckBox& box) {
     return widget;
 }
 
+namespace {
+
+// An option of the control's group: two groups of one screen may share a parent widget, so the widget's own
+// grouping is off, and with it the arrow keys' choosing, which is done here.
+class OptionWidget : public QRadioButton {
+  public:
+    OptionWidget() { setAutoExclusive(false); }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        QRadioButton::keyPressEvent(event);
+        auto* next = dynamic_cast<QRadioButton*>(QApplication::focusWidget());
+        if (event->key() != Qt::Key_Space && next != nullptr && next != this)
+            next->click();
+    }
+};
+
+} // namespace
+
 QRadioButton* NewOption(OptionButton& option) {
-    auto* widget = new QRadioButton;
-    // The group is the control's: two groups of one screen may share a parent widget.
-    widget->setAutoExclusive(false);
+    auto* widget = new OptionWidget;
     auto* binding = new Binding(*widget, option, [widget, &option](ControlChange) {
         widget->setText(Text(option.Caption()));
         widget->setChecked(option.Value());

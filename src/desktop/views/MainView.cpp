@@ -103,6 +103,13 @@ GridView* NewGrid(Grid& grid, QIcon (*iconOf)(int)) {
     return view;
 }
 
+// The line above a grid, of one height whatever stands in it, so that neighbours line up.
+QHBoxLayout* NewHead() {
+    auto* head = new QHBoxLayout;
+    head->addStrut(QLineEdit().sizeHint().height());
+    return head;
+}
+
 QWidget* NewTables(frmMain& screen) {
     auto* panel = new QWidget;
     auto* column = new QVBoxLayout(panel);
@@ -114,7 +121,7 @@ QWidget* NewTables(frmMain& screen) {
     filter->setClearButtonEnabled(true);
     QObject::connect(filter, &QLineEdit::textChanged, view,
                      [view](const QString& text) { view->Filter().SetText(text); });
-    auto* head = new QHBoxLayout;
+    QHBoxLayout* head = NewHead();
     head->addWidget(Heading("Tables"));
     head->addWidget(filter, 1);
     column->addLayout(head);
@@ -126,7 +133,7 @@ QWidget* NewFields(frmMain& screen) {
     auto* panel = new QWidget;
     auto* column = new QVBoxLayout(panel);
     column->setContentsMargins(4, 0, 0, 4);
-    auto* head = new QHBoxLayout;
+    QHBoxLayout* head = NewHead();
     head->addWidget(Heading("Columns"));
     head->addStretch();
     for (CheckBox* box : {&screen.chkSelectAll, &screen.chkUnselectAll, &screen.chkAllTables})
