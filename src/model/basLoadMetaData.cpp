@@ -176,6 +176,9 @@ void ReloadTriggers() {
         frontEnd.SetPointer(Pointer::Default);
         screen.ProgressBar1.SetValue(0);
         screen.stbStatus.SetPanel(frmMain::ProgressPanel, "");
+        // The table in view may have more or fewer of them now.
+        if (const auto table = g_objAudit->Database()->ActiveTable())
+            screen.grxTriggers.SetItemCount(table->Triggers()->Count());
         screen.grxTriggers.Refetch();
     });
 }
