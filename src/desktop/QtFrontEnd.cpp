@@ -99,6 +99,11 @@ Screen* QtFrontEnd::ActiveScreen() {
 }
 
 bool QtFrontEnd::eventFilter(QObject* watched, QEvent* event) {
+    // A window must not go while it waits for a server: its screen would take the connection away.
+    if (m_isWaiting && event->type() == QEvent::Close) {
+        event->ignore();
+        return true;
+    }
     if (event->type() != QEvent::KeyPress || !watched->isWidgetType())
         return false;
     const auto& key = static_cast<const QKeyEvent&>(*event);
@@ -151,6 +156,19 @@ void QtFrontEnd::PopUpMenu(Menu& menu) {
 void QtFrontEnd::DoEvents() {
     QCoreApplication::processEvents();
     ThrowIfEnded();
+}
+
+void QtFrontEnd::WaitFor(const std::function<void()>& work) {
+    if (m_isWaiting)
+        return work();
+    constexpr std::chrono::milliseconds unnoticed(80), paint(20);
+    m_isWaiting = true;
+    m_worker.Start(work);
+    if (!m_worker.AwaitEnd(unnoticed))
+        while (!m_worker.AwaitEnd(paint))
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    m_isWaiting = false;
+    m_worker.Rethrow();
 }
 
 void QtFrontEnd::SetPointer(Pointer pointer) {

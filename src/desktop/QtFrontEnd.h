@@ -9,6 +9,7 @@
 #include <map>
 #include <memory>
 
+#include "desktop/Worker.h"
 #include "platform/FrontEnd.h"
 
 class QKeyEvent;
@@ -46,6 +47,7 @@ class QtFrontEnd : public QObject, public FrontEnd {
     void PopUpMenu(Menu& menu) override;
 
     void DoEvents() override;
+    void WaitFor(const std::function<void()>& work) override;
     void SetPointer(Pointer pointer) override;
     Pointer CurrentPointer() const override { return m_pointer; }
     void Beep() override;
@@ -64,6 +66,8 @@ class QtFrontEnd : public QObject, public FrontEnd {
     ScreenWindow* WindowOf(const Screen& screen) const;
     QWidget* Parent() const;
 
+    Worker m_worker;
+    bool m_isWaiting = false;
     std::map<const Screen*, std::unique_ptr<ScreenWindow>> m_windows;
     Pointer m_pointer = Pointer::Default;
     QString m_guide;

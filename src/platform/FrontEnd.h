@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -76,6 +77,9 @@ class FrontEnd {
 
     // --- the person and the machine ---
     virtual void DoEvents() = 0;
+    // Does work that blocks and touches no control: a server's answer. A front end with windows may do it on
+    // another thread and paint meanwhile, but takes no act of a person. What the work throws comes back.
+    virtual void WaitFor(const std::function<void()>& work) { work(); }
     virtual void SetPointer(Pointer pointer) = 0;
     virtual Pointer CurrentPointer() const = 0;
     virtual void Beep() = 0;

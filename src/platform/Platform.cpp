@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "platform/FrontEnd.h"
 #include "platform/ScriptHost.h"
 
 namespace quillon {
@@ -66,6 +67,13 @@ Platform& ThePlatform() {
     if (Current() == nullptr)
         throw std::logic_error("no platform is set");
     return *Current();
+}
+
+void WaitFor(const std::function<void()>& work) {
+    if (Current() != nullptr && Current()->HasFrontEnd())
+        Current()->frontEnd().WaitFor(work);
+    else
+        work();
 }
 
 } // namespace quillon

@@ -53,6 +53,7 @@ class Platform {
     XmlLibrary& xml() const;
     SpreadsheetLibrary& spreadsheets() const;
     std::unique_ptr<ScriptHost> NewScriptHost() const;
+    bool HasFrontEnd() const { return m_services.frontEnd != nullptr; }
 
   private:
     PlatformServices m_services;
@@ -61,5 +62,8 @@ class Platform {
 
 // std::logic_error when none is set.
 Platform& ThePlatform();
+
+// FrontEnd::WaitFor of the platform; where there is no front end the work is just done.
+void WaitFor(const std::function<void()>& work);
 
 } // namespace quillon

@@ -4,6 +4,7 @@
 
 #include "adapters/odbc/ResultStream.h"
 #include "platform/FailureNumbers.h"
+#include "platform/Platform.h"
 
 namespace quillon::adapters {
 
@@ -13,9 +14,12 @@ Link::Link(const std::string& driverText, int loginTimeout, std::shared_ptr<std:
     SQLSetConnectAttr(m_handle.get(), SQL_ATTR_LOGIN_TIMEOUT,
                       reinterpret_cast<SQLPOINTER>(static_cast<std::intptr_t>(loginTimeout)), 0);
     std::string text = driverText;
-    const auto result =
-        SQLDriverConnect(m_handle.get(), nullptr, reinterpret_cast<SQLCHAR*>(text.data()),
-                         static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+    SQLRETURN result = SQL_ERROR;
+    WaitFor([&] {
+        result =
+            SQLDriverConnect(m_handle.get(), nullptr, reinterpret_cast<SQLCHAR*>(text.data()),
+                             static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+    });
     m_errors->clear();
     Collect(m_handle);
     if (!SQL_SUCCEEDED(result))

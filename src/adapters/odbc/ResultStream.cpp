@@ -2,6 +2,7 @@
 
 #include "adapters/odbc/OldStatements.h"
 #include "platform/FailureNumbers.h"
+#include "platform/Platform.h"
 
 namespace quillon::adapters {
 
@@ -18,8 +19,11 @@ void ResultStream::Execute(const std::string& text, int timeoutSeconds) {
     SQLSetStmtAttr(m_statement.get(), SQL_ATTR_QUERY_TIMEOUT,
                    reinterpret_cast<SQLPOINTER>(static_cast<std::intptr_t>(timeoutSeconds)), 0);
     std::string statement = ForServer(text, m_link->ServerVersion());
-    const auto result = SQLExecDirect(m_statement.get(), reinterpret_cast<SQLCHAR*>(statement.data()),
-                                      static_cast<SQLINTEGER>(statement.size()));
+    SQLRETURN result = SQL_ERROR;
+    WaitFor([&] {
+        result = SQLExecDirect(m_statement.get(), reinterpret_cast<SQLCHAR*>(statement.data()),
+                               static_cast<SQLINTEGER>(statement.size()));
+    });
     const bool hasMessages = m_link->Collect(m_statement);
     if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA) {
         PassOverRest();
@@ -28,12 +32,18 @@ void ResultStream::Execute(const std::string& text, int timeoutSeconds) {
     Enter(hasMessages);
 }
 
+SQLRETURN ResultStream::NextResult() {
+    SQLRETURN result = SQL_ERROR;
+    WaitFor([&] { result = SQLMoreResults(m_statement.get()); });
+    return result;
+}
+
 // A failed batch may have run on: what its later statements say belongs to the same failure.
 void ResultStream::PassOverRest() {
     auto& errors = m_link->errors();
     constexpr int mostResults = 100000; // a server that never ends is left alone
     for (int left = mostResults; left > 0; --left) {
-        const auto result = SQLMoreResults(m_statement.get());
+        const auto result = NextResult();
         if (result == SQL_NO_DATA)
             break;
         const auto more = Diagnostics(m_statement);
@@ -99,7 +109,7 @@ bool ResultStream::MoreResults() {
         throw Failure(*std::exchange(m_rowFailure, std::nullopt));
     }
     m_columns.reset();
-    const auto result = SQLMoreResults(m_statement.get());
+    const auto result = NextResult();
     const bool hasMessages = m_link->Collect(m_statement);
     if (result == SQL_NO_DATA) {
         m_ended = true;

@@ -59,6 +59,7 @@ class ResultStream {
     // Takes up the result on which the driver stands. Messages that the driver gives together with rows come
     // before them, as a result of their own.
     void Enter(bool hasMessages);
+    SQLRETURN NextResult();
     void PassOverRest();
     [[noreturn]] void RaiseRowFailure();
     Result ReadResult();
