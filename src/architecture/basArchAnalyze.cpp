@@ -58,9 +58,12 @@ std::int32_t Exec_AUDIT_prc_Analyze(Structures& found) {
                                       .Direction = data::ParameterDirection::InputOutput,
                                       .Size = 1});
         command->Execute();
+        Structures read;
         for (const Flag& flag : flags)
-            found.*flag.value = BooleanOf(*command, flag.parameter);
-        return conversion::ToLong(command->ParameterNamed("RETURN_VALUE").Value);
+            read.*flag.value = BooleanOf(*command, flag.parameter);
+        const std::int32_t result = conversion::ToLong(command->ParameterNamed("RETURN_VALUE").Value);
+        found = read;
+        return result;
     });
 }
 

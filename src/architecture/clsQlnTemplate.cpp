@@ -7,7 +7,6 @@
 #include "platform/FailureNumbers.h"
 #include "platform/FrontEnd.h"
 #include "platform/Platform.h"
-#include "shell/Session.h"
 #include "shell/Settings.h"
 #include "template/ScriptLanguage.h"
 
@@ -37,12 +36,6 @@ bool IsBlank(const std::string& text) {
     return text.find_first_not_of(' ') == std::string::npos;
 }
 
-AuditObj& Model() {
-    if (!g_objAudit)
-        throw Failure(numbers::ObjectNotSet);
-    return *g_objAudit;
-}
-
 } // namespace
 
 clsQlnTemplate::clsQlnTemplate() = default;
@@ -60,17 +53,17 @@ void clsQlnTemplate::SetTextOf(Field field, const std::string& text) {
 
 void clsQlnTemplate::SetHeader_Author(const std::string& text) {
     SetTextOf(Author, text);
-    Model().SetAuthor(text);
+    TheModel().SetAuthor(text);
 }
 
 void clsQlnTemplate::SetHeader_Legal(const std::string& text) {
     SetTextOf(Legal, text);
-    Model().SetLegal(text);
+    TheModel().SetLegal(text);
 }
 
 void clsQlnTemplate::SetScriptLanguage(const std::string& text) {
     SetTextOf(Language, text);
-    Model().Languages()->SetScriptLanguage(text);
+    TheModel().Languages()->SetScriptLanguage(text);
 }
 
 std::string clsQlnTemplate::Includes(std::int16_t index) const {
@@ -93,7 +86,7 @@ void clsQlnTemplate::AddInclude(const std::string& path) {
     if (m_includes == nullptr)
         throw Failure(numbers::ObjectNotSet);
     NewElement(*m_includes, "filename").SetText(path);
-    Model().Includes()->Add(path);
+    TheModel().Includes()->Add(path);
 }
 
 void clsQlnTemplate::RemoveInclude(std::int16_t index) {
@@ -103,13 +96,13 @@ void clsQlnTemplate::RemoveInclude(std::int16_t index) {
     if (index < 0 || static_cast<std::size_t>(index) >= children.size())
         throw Failure(numbers::SubscriptOutOfRange);
     m_includes->RemoveChild(*children[static_cast<std::size_t>(index)]);
-    Model().Includes()->Remove(index);
+    TheModel().Includes()->Remove(index);
 }
 
 void clsQlnTemplate::ClearIncludes() {
     for (auto left = IncludeCount(); left > 0; --left)
         RemoveInclude(0);
-    auto& list = *Model().Includes();
+    auto& list = *TheModel().Includes();
     for (auto left = list.Count(); left > 0; --left)
         list.Remove(1);
 }
@@ -215,7 +208,7 @@ bool clsQlnTemplate::Save(const std::string& path) {
 }
 
 void clsQlnTemplate::Publish() {
-    AuditObj& model = Model();
+    AuditObj& model = TheModel();
     model.SetAuthor(Header_Author());
     model.SetLegal(Header_Legal());
     model.Languages()->SetScriptLanguage(ScriptLanguage());

@@ -36,14 +36,6 @@ frmInstall::frmInstall()
     cmdRun.OnClick = [this] { cmdRun_Click(); };
     cmdClose.OnClick = [this] { Unload(); };
     cmdHelp.OnClick = [] { ThePlatform().frontEnd().Help("Install.htm"); };
-    // What most people come for: all of it, into this database alone.
-    for (CheckBox& box : chkAdd)
-        box.SetValue(CheckBox::Ticked);
-    for (const manage::Part& part : manage::Parts())
-        if (part.isServerLevel)
-            chkAdd[part.box].SetValue(CheckBox::Unticked);
-    optRemoveDatabase[0].SetValue(true);
-    optOption[Add].SetValue(true);
 }
 
 void frmInstall::SetCaptions() {
@@ -71,9 +63,18 @@ void frmInstall::Form_Load() {
             Unload();
             return;
         }
+        SetChoices();
         Check2SeeIfObjectsExist();
         EnableControls();
     });
+}
+
+// What most people come for: all of it, into this database alone.
+void frmInstall::SetChoices() {
+    for (const manage::Part& part : manage::Parts())
+        chkAdd[part.box].SetValue(part.isServerLevel ? CheckBox::Unticked : CheckBox::Ticked);
+    optRemoveDatabase[0].SetValue(true);
+    optOption[Add].SetValue(true);
 }
 
 void frmInstall::Check2SeeIfObjectsExist() {

@@ -33,6 +33,8 @@ class frmInstall : public Screen {
 
   private:
     void SetCaptions();
+    // Nothing of a former visit is left: a screen's marks go with it.
+    void SetChoices();
     void AddScripts();
     // Removal and analysis need procedures of the database; without them their options are disabled.
     void Check2SeeIfObjectsExist();

@@ -16,6 +16,8 @@ namespace {
 
 using basStringFunctions::JustFileName;
 
+// Behind the panels that follow the text and the caret.
+constexpr std::size_t PathPanel = 3;
 constexpr const char* ReadOnlyMark = "(Read Only)";
 // Written by the system itself whenever it shows the text of an object; nobody's file to save over.
 constexpr const char* ScratchFile = "sqlscript.sql";
@@ -33,6 +35,7 @@ frmResults::frmResults()
     mnucut.SetShortcut("Ctrl+X");
     mnuCopy.SetShortcut("Ctrl+C");
     mnuPaste.SetShortcut("Ctrl+V");
+    mnuDelete.SetShortcut("Del");
     mnuFind.SetShortcut("Ctrl+F");
     mnuFindNext.SetShortcut("F3");
     mnuFindPrev.SetShortcut("Shift+F3");
@@ -49,7 +52,7 @@ void frmResults::BindCommands() {
     mnuOpen.OnClick = [this] { Open(); };
     mnuSave.OnClick = [this] { Save(); };
     mnuSaveAs.OnClick = [this] { SaveAs(); };
-    mnuPrint.OnClick = [this] { ThePlatform().frontEnd().Print(cdmCodeMax, "Print"); };
+    mnuPrint.OnClick = [this] { Print(); };
     cmdOK.OnClick = [this] { Close(Result::Ok); };
     cmdCancel.OnClick = [this] { Close(Result::Cancel); };
     asxToolbar1.OnClick = [this](std::size_t position, const std::string&) { PressTool(position); };
@@ -97,13 +100,15 @@ void frmResults::BindOption(CheckBox& box, void (Editor::*option)(bool), const c
     };
 }
 
+// A button does its entry's work also while the entry is greyed: it is where a file that is read only is
+// refused in words.
 void frmResults::PressTool(std::size_t position) {
     Menu* const menus[] = {&mnuOpen,  &mnuSave, &mnuPrint, nullptr,     &mnucut, &mnuCopy,
                            &mnuPaste, nullptr,  &mnuFind,  &mnuReplace, &mnuUndo};
     if (position == 13)
         ThePlatform().frontEnd().Help("SQL_Scripts.htm");
     else if (position >= 1 && position <= std::size(menus) && menus[position - 1] != nullptr)
-        menus[position - 1]->Click();
+        menus[position - 1]->OnClick();
 }
 
 void frmResults::Form_Load() {
@@ -143,10 +148,11 @@ void frmResults::Form_Activate() {
 
 void frmResults::ShowFile() {
     cdmCodeMax.SetReadOnly(true);
+    cdmCodeMax.SetText(""); // of a file that was shown before
     m_path = g_strOutputFile;
     try {
         SetCaption(ThePlatform().files().Exists(m_path) && ThePlatform().files().IsReadOnly(m_path));
-        stbStatus.SetPanel(LinePanel, "Path: " + m_path + " ");
+        stbStatus.SetPanel(PathPanel, "Path: " + m_path + " ");
         cdmCodeMax.OpenFile(m_path);
     } catch (const Failure&) {
         ThePlatform().frontEnd().Message("This file:\r\n\r\n" + m_path +
@@ -211,6 +217,11 @@ void frmResults::SaveAs() {
         m_path = *path;
         SetCaption(false);
     });
+}
+
+void frmResults::Print() {
+    g_objTrace->Procedure("frmResults.mnuPrint_Click",
+                          [&] { ThePlatform().frontEnd().Print(cdmCodeMax, "Print"); });
 }
 
 std::string frmResults::EditElement(const std::string& text) {

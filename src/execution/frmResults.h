@@ -74,6 +74,7 @@ class frmResults : public Screen {
     void Open();
     void Save();
     void SaveAs();
+    void Print();
     void SetCaption(bool isReadOnly);
     void Close(Result result);
 

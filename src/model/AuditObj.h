@@ -54,4 +54,7 @@ class AuditObj : public ModelObject {
     bool m_cancelled = false;
 };
 
+// g_objAudit; raises 91 while there is none, as between a login and the next pick of a database.
+AuditObj& TheModel();
+
 } // namespace quillon

@@ -6,11 +6,14 @@
 
 #include <cstdint>
 #include <memory>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "model/KeyIndex.h"
 #include "model/ModelObject.h"
+#include "platform/Failure.h"
+#include "platform/FailureNumbers.h"
 
 namespace quillon {
 
@@ -23,6 +26,20 @@ class ModelCollection : public ModelObject {
     Element Item(const Value& indexKey) const {
         const auto position = m_keys.LocateOrNone(indexKey);
         return position ? m_elements[*position] : nullptr;
+    }
+
+    // For code of the system. At raises 91 where Item gives nothing. Named takes any text as a key, also one
+    // of digits alone, which a column may well be called; it raises 5 for an unknown one.
+    const Element& At(std::int32_t position) const {
+        if (position > Count())
+            throw Failure(numbers::ObjectNotSet);
+        return m_elements[m_keys.Locate(position)];
+    }
+    const Element& Named(std::string_view key) const {
+        const auto position = m_keys.Find(key);
+        if (!position)
+            throw Failure(numbers::InvalidCall);
+        return m_elements[*position];
     }
 
     std::int32_t Count() const noexcept { return static_cast<std::int32_t>(m_elements.size()); }

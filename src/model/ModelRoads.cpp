@@ -4,10 +4,7 @@
 #include "model/basDbaseFunctions.h"
 #include "model/basLoadMetaData.h"
 #include "model/frmODBCLogon.h"
-#include "platform/Failure.h"
-#include "platform/FailureNumbers.h"
 #include "shell/ScreenInstances.h"
-#include "shell/Session.h"
 #include "shell/SessionRoads.h"
 
 namespace quillon {
@@ -17,11 +14,7 @@ void OpenModelRoads() {
     TheRoads().LoadDB = [] { return TheScreen<frmODBCLogon>().LoadDB(); };
     TheRoads().AvailableDatabases = [](ComboBox&) { basDbaseFunctions::AvailableDatabases(); };
     TheRoads().CreateObjectHeirarchy = [] { return basLoadMetaData::CreateObjectHeirarchy(); };
-    TheRoads().TableCount = [] {
-        if (!g_objAudit)
-            throw Failure(numbers::ObjectNotSet);
-        return g_objAudit->Database()->Tables()->Count();
-    };
+    TheRoads().TableCount = [] { return TheModel().Database()->Tables()->Count(); };
 }
 
 } // namespace quillon

@@ -5,7 +5,6 @@
 #include "platform/Files.h"
 #include "platform/FrontEnd.h"
 #include "platform/Platform.h"
-#include "shell/Session.h"
 #include "shell/Trace.h"
 #include "template/basStringFunctions.h"
 
@@ -51,7 +50,7 @@ void Wait(std::int32_t seconds) {
 
 void SetFirstLast(std::int16_t counter, mdTable& table) {
     g_objTrace->Procedure("basDbaseFunctions.SetFirstLast", [&] {
-        for (const auto& each : *g_objAudit->Database()->Tables())
+        for (const auto& each : *TheModel().Database()->Tables())
             each->SetIsFirstAuditedTable(false);
         table.SetIsFirstAuditedTable(counter == 1);
     });

@@ -67,8 +67,14 @@ void FillDatabase(const catalogue::Database& database) {
     model.SetUser(g_strUser);
 }
 
-void LoadTable(catalogue::Table& table, frmMain& screen) {
+// Gives the user a turn. False when that turn left another model to the session, by a new login or a new pick
+// of a database: whoever was at work on `model` leaves then, for the catalogue's objects have gone with it.
+bool TurnKeeps(const std::shared_ptr<AuditObj>& model) {
     ThePlatform().frontEnd().DoEvents();
+    return g_objAudit == model;
+}
+
+void LoadTable(catalogue::Table& table, frmMain& screen) {
     screen.stbStatus.SetPanel(frmMain::ProgressPanel,
                               "Loading MetaData for: " + table.Owner() + "." + table.Name());
     mdTable& model =
@@ -78,8 +84,13 @@ void LoadTable(catalogue::Table& table, frmMain& screen) {
     LoadTriggers(model);
 }
 
+bool IsLoaded(const catalogue::Table& table, const std::string& excluded) {
+    return !table.SystemObject() && !Like(table.Name(), excluded);
+}
+
 // False when the user stopped it.
 bool LoadTables(catalogue::Database& database, frmMain& screen) {
+    const auto model = g_objAudit;
     const std::string excluded = settings::Read(settings::AuditTablePrefix) + "*";
     ProgressBar& progress = screen.ProgressBar1;
     const auto count = database.TableCount();
@@ -87,9 +98,12 @@ bool LoadTables(catalogue::Database& database, frmMain& screen) {
     for (std::size_t index = 0; index < count; ++index) {
         if (g_bolStop)
             return false;
-        catalogue::Table& table = database.TableAt(index);
-        if (!table.SystemObject() && !Like(table.Name(), excluded))
-            LoadTable(table, screen);
+        if (IsLoaded(database.TableAt(index), excluded)) {
+            if (!TurnKeeps(model))
+                return false;
+            // Found anew: a refresh in that turn replaces the catalogue's tables.
+            LoadTable(database.TableAt(index), screen);
+        }
         progress.SetValue(progress.Value() + 1);
     }
     return true;
@@ -160,14 +174,14 @@ void ReloadTriggers() {
         FrontEnd& frontEnd = ThePlatform().frontEnd();
         auto& screen = TheScreen<frmMain>();
         frontEnd.SetPointer(Pointer::Hourglass);
-        const auto& tables = *g_objAudit->Database()->Tables();
-        screen.ProgressBar1.SetMaximum(tables.Count() == 0 ? 1 : tables.Count());
+        const auto tables = TheModel().Database()->Tables();
+        const auto model = g_objAudit;
+        screen.ProgressBar1.SetMaximum(tables->Count() == 0 ? 1 : tables->Count());
         screen.stbStatus.SetPanel(frmMain::ProgressPanel, "Reloading Triggers ...");
         CatalogueDatabase().Refresh();
-        for (const auto& table : tables) {
-            if (g_bolStop)
+        for (const auto& table : *tables) {
+            if (g_bolStop || !TurnKeeps(model))
                 break;
-            frontEnd.DoEvents();
             for (auto left = table->Triggers()->Count(); left > 0; --left)
                 table->Triggers()->Remove(Value(std::int32_t(1)), true);
             LoadTriggers(*table);
@@ -176,10 +190,8 @@ void ReloadTriggers() {
         frontEnd.SetPointer(Pointer::Default);
         screen.ProgressBar1.SetValue(0);
         screen.stbStatus.SetPanel(frmMain::ProgressPanel, "");
-        // The table in view may have more or fewer of them now.
-        if (const auto table = g_objAudit->Database()->ActiveTable())
-            screen.grxTriggers.SetItemCount(table->Triggers()->Count());
-        screen.grxTriggers.Refetch();
+        screen.ShowTriggers();
+        screen.grxTables.Redraw(); // its mark of audited tables
     });
 }
 

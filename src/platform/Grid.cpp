@@ -6,8 +6,7 @@ namespace quillon {
 
 void Grid::SetItemCount(int count) {
     m_itemCount = std::max(count, 0);
-    m_cachedRow = 0;
-    ++m_generation;
+    ForgetRows();
     std::erase_if(m_selected, [this](int row) { return row > m_itemCount; });
     if (m_row > m_itemCount)
         m_row = m_itemCount;
@@ -17,9 +16,14 @@ void Grid::SetItemCount(int count) {
 }
 
 void Grid::Refetch() {
-    m_cachedRow = 0;
-    ++m_generation;
+    ForgetRows();
     Changed(ControlChange::Items);
+}
+
+void Grid::ForgetRows() {
+    m_cachedRow = 0;
+    m_edited.clear();
+    ++m_generation;
 }
 
 void Grid::SetRow(int row) {
@@ -33,6 +37,8 @@ void Grid::SetRow(int row) {
 }
 
 const std::vector<Value>& Grid::Cached(int row) {
+    if (const auto edited = m_edited.find(row); edited != m_edited.end())
+        return edited->second;
     if (m_cachedRow != row) {
         m_cached = ReadRow ? ReadRow(row) : std::vector<Value>{};
         m_cachedRow = row;
@@ -61,15 +67,16 @@ void Grid::EditCell(int row, int column, Value value) {
     if (!Enabled() || row < 1 || row > m_itemCount || column < 1)
         return;
     SetRow(row);
-    Cached(row);
+    std::vector<Value> values = Cached(row);
     const auto index = static_cast<std::size_t>(column - 1);
-    if (index >= m_cached.size())
-        m_cached.resize(index + 1);
-    m_cached[index] = std::move(value);
+    if (index >= values.size())
+        values.resize(index + 1);
+    values[index] = std::move(value);
+    m_edited[row] = values;
     if (OnAfterColUpdate)
         OnAfterColUpdate(column);
     if (UnboundUpdate)
-        UnboundUpdate(row, m_cached);
+        UnboundUpdate(row, values);
     Fire(OnClick);
 }
 

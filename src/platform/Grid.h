@@ -5,6 +5,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -78,6 +79,7 @@ class Grid : public Control {
 
   private:
     const std::vector<Value>& Cached(int row);
+    void ForgetRows();
 
     std::vector<Column> m_columns;
     int m_itemCount = 0;
@@ -85,10 +87,11 @@ class Grid : public Control {
     int m_generation = 0;
     bool m_multiSelect = false;
     std::vector<int> m_selected;
-    // The one row read last: what code reads of the current row, and where an edit lives until the next
-    // refetch.
+    // The one row read last, and the rows that a person has edited: what was typed or ticked shows until the
+    // next refetch, whatever the session made of it.
     int m_cachedRow = 0;
     std::vector<Value> m_cached;
+    std::map<int, std::vector<Value>> m_edited;
 };
 
 } // namespace quillon

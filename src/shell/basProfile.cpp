@@ -1,5 +1,6 @@
 #include "shell/basProfile.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "model/AuditObj.h"
@@ -17,66 +18,89 @@
 namespace quillon::basProfile {
 namespace {
 
+bool CanNameAFile(const std::string& name) {
+    return name.find_first_of("\\/:*?\"<>|") == std::string::npos;
+}
+
 std::string PathOf(const char* ending) {
-    if (g_strDatabase.find_first_of("\\/:*?\"<>|") != std::string::npos)
+    if (!CanNameAFile(g_strDatabase))
         throw Failure(numbers::BadFileNameOrNumber,
                       "The selection cannot be kept: no file can bear the name of database " + g_strDatabase);
     return ThePlatform().files().ApplicationFolder() + "\\" + g_strDatabase + ending;
 }
 
-std::string FieldFile() {
-    return PathOf("_FieldSel.apr");
-}
-std::string AuditFile() {
-    return PathOf("_AuditSel.apr");
-}
+constexpr const char* FieldFile = "_FieldSel.apr";
+constexpr const char* AuditFile = "_AuditSel.apr";
 
 std::string Quoted(const std::string& text) {
     return '"' + text + '"';
 }
 
-// The fields of a line: a text up to its closing quote, a number up to the comma.
-std::vector<std::string> FieldsOf(const std::string& line) {
-    std::vector<std::string> fields;
-    std::size_t at = 0;
-    while (at < line.size()) {
-        const bool isQuoted = line[at] == '"';
-        const std::size_t start = at + (isQuoted ? 1 : 0);
-        std::size_t end = line.find(isQuoted ? '"' : ',', start);
-        if (end == std::string::npos)
-            end = line.size();
-        fields.push_back(line.substr(start, end - start));
-        const std::size_t comma = line.find(',', end);
-        at = comma == std::string::npos ? line.size() : comma + 1;
-    }
-    return fields;
+using Record = std::vector<std::string>;
+
+// The field at `at`: a text up to its closing quote, line ends and commas in it being part of it, or a number
+// up to the comma. `at` then stands on the comma or the line end behind it.
+std::string TakeField(const std::string& text, std::size_t& at) {
+    const bool isQuoted = at < text.size() && text[at] == '"';
+    const std::size_t start = at + (isQuoted ? 1 : 0);
+    const std::size_t end = std::min(text.find_first_of(isQuoted ? "\"" : ",\r\n", start), text.size());
+    at = std::min(text.find_first_of(",\r\n", end), text.size());
+    return text.substr(start, end - start);
+}
+
+Record TakeRecord(const std::string& text, std::size_t& at) {
+    Record record{TakeField(text, at)};
+    while (at < text.size() && text[at] == ',')
+        record.push_back(TakeField(text, ++at));
+    at = std::min(text.find_first_not_of("\r\n", at), text.size());
+    return record;
 }
 
 // Reads the records of a file, if there is one; those with fewer fields than `width` are passed over.
 template <class Take>
-void ReadRecords(const std::string& path, std::size_t width, Take take) {
+void ReadRecords(const char* ending, std::size_t width, Take take) {
     Files& files = ThePlatform().files();
-    if (!files.Exists(path))
+    if (!CanNameAFile(g_strDatabase) || !files.Exists(PathOf(ending)))
         return;
-    const auto input = files.OpenInput(path);
-    for (std::string line; input->ReadLine(line);)
-        if (const auto fields = FieldsOf(line); fields.size() >= width)
-            IgnoringFailures([&] { take(fields); });
+    const std::string text = files.ReadAll(PathOf(ending));
+    for (std::size_t at = 0; at < text.size();)
+        if (const Record record = TakeRecord(text, at); record.size() >= width)
+            IgnoringFailures([&] { take(record); });
 }
 
 bool IsOne(const std::string& field) {
     return basStringFunctions::Trim(field) == "1";
 }
 
-void WriteTable(mdTable& table, FileWriter& fields, FileWriter& operations) {
-    const std::string key = Quoted(QualifiedName(table.Owner(), table.Name()));
+bool HasQuote(const std::string& name) {
+    return name.find('"') != std::string::npos;
+}
+
+// What the two files are to hold.
+struct Selection {
+    std::string fields;
+    std::string operations;
+    std::string unfit; // names that the files' form has no place for
+
+    void Add(mdTable& table);
+};
+
+void Selection::Add(mdTable& table) {
+    const std::string name = QualifiedName(table.Owner(), table.Name());
+    if (HasQuote(name)) {
+        if (table.IsOneAuditOperationSelected() || table.IsOneFieldSelectedForAudit())
+            unfit += "\r\n" + name;
+        return;
+    }
     const auto digit = [](bool isTicked) { return isTicked ? ",1" : ",0"; };
     if (table.IsOneAuditOperationSelected())
-        operations.WriteLine(key + digit(table.Audit4Insert()) + digit(table.Audit4Update()) +
-                             digit(table.Audit4Delete()));
+        operations += Quoted(name) + digit(table.Audit4Insert()) + digit(table.Audit4Update()) +
+                      digit(table.Audit4Delete()) + "\r\n";
     for (const auto& field : *table.Fields())
-        if (field->IsChecked())
-            fields.WriteLine(key + "," + Quoted(field->Name()));
+        if (field->IsChecked() && HasQuote(field->Name()))
+            unfit += "\r\n" + name + ", " + field->Name();
+        else if (field->IsChecked())
+            fields += Quoted(name) + "," + Quoted(field->Name()) + "\r\n";
 }
 
 } // namespace
@@ -85,27 +109,32 @@ void SaveProfile() {
     g_objTrace->Procedure("basProfile.SaveProfile", [] {
         if (!g_bolConnected || !g_objAudit)
             return;
-        Files& files = ThePlatform().files();
-        const auto fields = files.OpenOutput(FieldFile());
-        const auto operations = files.OpenOutput(AuditFile());
+        Selection selection;
         for (const auto& table : *g_objAudit->Database()->Tables())
-            WriteTable(*table, *fields, *operations);
-        operations->Close();
-        fields->Close();
+            selection.Add(*table);
+        // Each file whole or not at all: a full disk must not cost the user the selection of last time.
+        Files& files = ThePlatform().files();
+        files.Replace(PathOf(FieldFile), selection.fields);
+        files.Replace(PathOf(AuditFile), selection.operations);
+        g_objTrace->SetNote("");
+        if (!selection.unfit.empty())
+            throw Failure(numbers::InvalidCall, "A name with a double quote cannot be kept in the selection "
+                                                "files.  All ticks are saved but those of:" +
+                                                    selection.unfit);
     });
 }
 
 bool RetrieveProfile() {
     return g_objTrace->Procedure("basProfile.RetrieveProfile", [] {
-        const auto& tables = g_objAudit->Database()->Tables();
-        ReadRecords(FieldFile(), 2, [&](const std::vector<std::string>& record) {
-            tables->Item(record[0])->Fields()->Item(record[1])->SetIsChecked(true);
+        const mdTables& tables = *TheModel().Database()->Tables();
+        ReadRecords(FieldFile, 2, [&](const Record& record) {
+            tables.Named(record[0])->Fields()->Named(record[1])->SetIsChecked(true);
         });
-        ReadRecords(AuditFile(), 4, [&](const std::vector<std::string>& record) {
-            const auto table = tables->Item(record[0]);
-            table->SetAudit4Insert(IsOne(record[1]));
-            table->SetAudit4Update(IsOne(record[2]));
-            table->SetAudit4Delete(IsOne(record[3]));
+        ReadRecords(AuditFile, 4, [&](const Record& record) {
+            mdTable& table = *tables.Named(record[0]);
+            table.SetAudit4Insert(IsOne(record[1]));
+            table.SetAudit4Update(IsOne(record[2]));
+            table.SetAudit4Delete(IsOne(record[3]));
         });
         TheScreen<frmMain>().grxFields.Refetch();
         TheScreen<frmMain>().grxTables.Refetch();

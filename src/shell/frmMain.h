@@ -91,6 +91,8 @@ class frmMain : public Screen {
     void grxTriggers_DblClick();
     // With the flag, the selected rows stay selected and the first of them becomes the current one.
     void RefetchGrid(Grid& grid, bool keepsSelection);
+    // The triggers that the model has for the current table now.
+    void ShowTriggers();
     // Keys of the current rows in the model; empty parts where a grid has none.
     std::string GetOwnObjectFromForm();
     std::string GetOwnTriggerFromForm();
@@ -126,6 +128,9 @@ class frmMain : public Screen {
     void BindTables();
     void BindFields();
     void BindTriggers();
+    // Raises 5 when the model has no table of the current row's key.
+    mdTable& CurrentTable();
+    void ShowCurrentTable();
     void ShowScript(const std::string& script, const std::string& name);
 
     void SetSelectionCaptions();
@@ -133,7 +138,7 @@ class frmMain : public Screen {
     void SetOperation(const CheckBox& box, void (mdTable::*operation)(bool));
     void CheckAuditCheckBoxStatus();
     void chkAll_Click();
-    void chkSelect_Click(bool isChecked);
+    void chkSelect_Click(const CheckBox& box, bool isChecked);
     void ShowSelectBoxes(bool isChecked);
 
     void GenerateTriggers();
@@ -145,7 +150,10 @@ class frmMain : public Screen {
     void ShowCommands();
     bool HasDatabase();
     bool HasArchitecture();
-    std::function<void()> WithDatabase(std::function<void()> command);
+    // What an entry does, as a procedure of the entry's name; guarded, only with a database selected.
+    void Bind(Menu& entry, std::function<void()> command);
+    void BindGuarded(Menu& entry, std::function<void()> command);
+    void ProcessSelection();
     void PressModule(const std::string& key);
     void PressTool(std::size_t position);
 

@@ -106,13 +106,17 @@ bool frmMain::HasArchitecture() {
     return basArchitectureUtils::OpenArchProfile();
 }
 
-std::function<void()> frmMain::WithDatabase(std::function<void()> command) {
-    return [this, command = std::move(command)] {
-        g_objTrace->Procedure("frmMain.Menu", [&] {
-            if (HasDatabase())
-                command();
-        });
+void frmMain::Bind(Menu& entry, std::function<void()> command) {
+    entry.OnClick = [&entry, command = std::move(command)] {
+        g_objTrace->Procedure("frmMain." + entry.Name() + "_Click", command);
     };
+}
+
+void frmMain::BindGuarded(Menu& entry, std::function<void()> command) {
+    Bind(entry, [this, command = std::move(command)] {
+        if (HasDatabase())
+            command();
+    });
 }
 
 void frmMain::ShowCommands() {
@@ -139,6 +143,7 @@ void frmMain::ShowCommands() {
                        &Menus.mnuManageTriggers, &Menus.mnuManageData, &Menus.mnuDeleteAuditing,
                        &Menus.mnuUndo, &Menus.mnuReportAggregate, &Menus.mnuReportStandard})
         menu->SetEnabled(false);
+    cmdReport.SetEnabled(false);
     for (Menu* menu : {&Menus.mnuTablesRightClick, &Menus.mnuFieldsRightClick, &Menus.mnuTriggersRightClick})
         menu->SetPopUp(true);
     cmdFindTemplate.SetCaption("Select Template");
@@ -160,32 +165,39 @@ void frmMain::BindCommands() {
 
 void frmMain::BindMenus() {
     Menus.mnuFileConnect.OnClick = [this] { mnuFileConnect_Click(); };
-    Menus.mnuExit.OnClick = [this] { Unload(); };
-    Menus.mnuSelectAuditArchitecture.OnClick = WithDatabase([] { basArchitectureUtils::OpenArchProfile(); });
-    Menus.mnuFileOpenFile.OnClick = [this] { Menus.mnuSelectAuditArchitecture.Click(); };
-    Menus.mnuFileGenerateProcs.OnClick = [this] { Process(); };
-    Menus.mnuStop.OnClick = Stop;
-    Menus.mnuOptions.OnClick = [] { TheScreen<frmOptions>().ShowModal(); };
-    Menus.mnuSaveProfile.OnClick = WithDatabase([] {
+    Bind(Menus.mnuExit, [this] { Unload(); });
+    BindGuarded(Menus.mnuSelectAuditArchitecture, [] { basArchitectureUtils::OpenArchProfile(); });
+    Bind(Menus.mnuFileOpenFile, [this] { Menus.mnuSelectAuditArchitecture.Click(); });
+    Bind(Menus.mnuFileGenerateProcs, [this] { Process(); });
+    Bind(Menus.mnuStop, Stop);
+    Bind(Menus.mnuOptions, [] { TheScreen<frmOptions>().ShowModal(); });
+    BindGuarded(Menus.mnuSaveProfile, [] {
         basProfile::SaveProfile();
         ThePlatform().frontEnd().Message("Profile updated", "Status", Icon::Information);
     });
-    Menus.mnuRetrieve.OnClick = WithDatabase([] { basProfile::RetrieveProfile(); });
-    Menus.mnuSelectAll.OnClick = [this] { SelectAllFieldsAllTables(true); };
-    Menus.mnuUnSelectAll.OnClick = [this] { SelectAllFieldsAllTables(false); };
-    Menus.mnuInstallAuditing.OnClick = WithDatabase([this] {
+    BindGuarded(Menus.mnuRetrieve, [] { basProfile::RetrieveProfile(); });
+    Bind(Menus.mnuSelectAll, [this] { SelectAllFieldsAllTables(true); });
+    Bind(Menus.mnuUnSelectAll, [this] { SelectAllFieldsAllTables(false); });
+    BindGuarded(Menus.mnuInstallAuditing, [this] {
         if (HasArchitecture())
             TheScreen<frmInstall>().ShowModal();
     });
-    Menus.mnuHelpContents.OnClick = Menus.mnuHelpIndex.OnClick = [] { ShowHelp(""); };
-    Menus.mnuSupport.OnClick = [] { ThePlatform().frontEnd().OpenWebPage(SupportPage); };
-    Menus.mnuTooltips.OnClick = [] { TheScreen<frmTip>().ShowModal(); };
-    Menus.mnuaboutStonemere.OnClick = [] { TheScreen<frmAbout>().ShowModal(); };
-    Menus.mnuFieldsSelectAll.OnClick = [this] { SelectAll(true); };
-    Menus.mnuFieldsUnSelectAll.OnClick = [this] { SelectAll(false); };
-    Menus.mnuViewTriggerDDL.OnClick = [this] { grxTriggers_DblClick(); };
-    Menus.mnuViewTableDDL.OnClick = [this] { grxTables_DblClick(); };
-    Menus.mnuRefresh.OnClick = [] { basLoadMetaData::ReloadTriggers(); };
+    Bind(Menus.mnuHelpContents, [] { ShowHelp(""); });
+    Bind(Menus.mnuHelpIndex, [] { ShowHelp(""); });
+    Bind(Menus.mnuSupport, [] { ThePlatform().frontEnd().OpenWebPage(SupportPage); });
+    Bind(Menus.mnuTooltips, [] { TheScreen<frmTip>().ShowModal(); });
+    Bind(Menus.mnuaboutStonemere, [] { TheScreen<frmAbout>().ShowModal(); });
+    Bind(Menus.mnuFieldsSelectAll, [this] { SelectAll(true); });
+    Bind(Menus.mnuFieldsUnSelectAll, [this] { SelectAll(false); });
+    Bind(Menus.mnuViewTriggerDDL, [this] { grxTriggers_DblClick(); });
+    Bind(Menus.mnuViewTableDDL, [this] { grxTables_DblClick(); });
+    Bind(Menus.mnuRefresh, [] { basLoadMetaData::ReloadTriggers(); });
+}
+
+// The two bars ask for a database before they ask for the run, which asks again.
+void frmMain::ProcessSelection() {
+    if (HasDatabase())
+        Process();
 }
 
 void frmMain::PressModule(const std::string& key) {
@@ -201,7 +213,7 @@ void frmMain::PressModule(const std::string& key) {
         else if (key == "unselect")
             chkUnselectAll.SetValue(CheckBox::Ticked);
         else if (key == "run")
-            WithDatabase([this] { Process(); })();
+            ProcessSelection();
         else if (key == "find")
             Menus.mnuSelectAuditArchitecture.Click();
         else if (key == "install")
@@ -216,7 +228,7 @@ void frmMain::PressTool(std::size_t position) {
         case 2: Menus.mnuSaveProfile.Click(); break;
         case 3: Menus.mnuRetrieve.Click(); break;
         case 5: mnuFileConnect_Click(); break;
-        case 7: WithDatabase([this] { Process(); })(); break;
+        case 7: ProcessSelection(); break;
         case 8: Stop(); break;
         case 10: Menus.mnuOptions.Click(); break;
         case 18: ShowHelp("Create Query.htm"); break;

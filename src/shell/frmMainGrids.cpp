@@ -31,12 +31,16 @@ Column Picture(const char* name) {
     return {.Caption = name, .Key = name, .Kind = Kind::Icon};
 }
 
-const std::shared_ptr<mdTables>& Tables() {
-    return g_objAudit->Database()->Tables();
+mdTables& Tables() {
+    return *TheModel().Database()->Tables();
 }
 
 std::string Cell(Grid& grid, int column) {
-    return std::string(basStringFunctions::Trim(conversion::ToText(grid.CellValue(grid.Row(), column))));
+    return conversion::ToText(grid.CellValue(grid.Row(), column));
+}
+
+std::string TrimmedCell(Grid& grid, int column) {
+    return std::string(basStringFunctions::Trim(Cell(grid, column)));
 }
 
 // Icons are decoration: whatever goes wrong while one is looked up, the cell has none.
@@ -48,25 +52,6 @@ std::function<int(int, int)> Icons(Fetch fetch) {
         return icon;
     };
 }
-
-// The hourglass for as long as this lives, unless it stands already.
-class Hourglass {
-  public:
-    Hourglass()
-        : m_isMine(ThePlatform().frontEnd().CurrentPointer() == Pointer::Default) {
-        if (m_isMine)
-            ThePlatform().frontEnd().SetPointer(Pointer::Hourglass);
-    }
-    ~Hourglass() {
-        if (m_isMine)
-            ThePlatform().frontEnd().SetPointer(Pointer::Default);
-    }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-
-  private:
-    bool m_isMine;
-};
 
 } // namespace
 
@@ -87,35 +72,35 @@ void frmMain::Load_GridExColumns() {
 
 void frmMain::BindTables() {
     grxTables.ReadRow = [](int row) -> std::vector<Value> {
-        const auto table = Tables()->Item(row);
-        return {table->Name(), table->Owner(), table->Audit4Insert(), table->Audit4Update(),
-                table->Audit4Delete()};
+        mdTable& table = *Tables().At(row);
+        return {table.Name(), table.Owner(), table.Audit4Insert(), table.Audit4Update(),
+                table.Audit4Delete()};
     };
     grxTables.UnboundUpdate = [](int row, const std::vector<Value>& values) {
         g_objTrace->Procedure("frmMain.grxTables_UnboundUpdate", [&] {
-            const auto table = Tables()->Item(row);
-            table->SetAudit4Insert(conversion::ToBoolean(values.at(2)));
-            table->SetAudit4Update(conversion::ToBoolean(values.at(3)));
-            table->SetAudit4Delete(conversion::ToBoolean(values.at(4)));
+            mdTable& table = *Tables().At(row);
+            table.SetAudit4Insert(conversion::ToBoolean(values.at(2)));
+            table.SetAudit4Update(conversion::ToBoolean(values.at(3)));
+            table.SetAudit4Delete(conversion::ToBoolean(values.at(4)));
         });
     };
     grxTables.OnAfterColUpdate = [this](int column) {
         g_objTrace->Procedure("frmMain.grxTables_AfterColUpdate", [&] {
-            const auto table = Tables()->Item(GetOwnObjectFromForm());
+            mdTable& table = CurrentTable();
             const bool isTicked = conversion::ToBoolean(grxTables.CellValue(grxTables.Row(), column));
             switch (column) {
-            case 3: table->SetAudit4Insert(isTicked); break;
-            case 4: table->SetAudit4Update(isTicked); break;
-            case 5: table->SetAudit4Delete(isTicked); break;
+            case 3: table.SetAudit4Insert(isTicked); break;
+            case 4: table.SetAudit4Update(isTicked); break;
+            case 5: table.SetAudit4Delete(isTicked); break;
             default: break;
             }
         });
     };
     grxTables.FetchIcon = Icons([](int row, int column) -> int {
-        const auto table = Tables()->Item(row);
+        mdTable& table = *Tables().At(row);
         if (column == 1)
-            return table->IsOneFieldSelectedForAudit() ? TickedIcon : PlainIcon;
-        return column == 6 && table->IsAudited() ? YesIcon : NoIcon;
+            return table.IsOneFieldSelectedForAudit() ? TickedIcon : PlainIcon;
+        return column == 6 && table.IsAudited() ? YesIcon : NoIcon;
     });
     grxTables.OnClick = grxTables.OnSelectionChange = [this] { grxTables_Click(); };
     grxTables.OnDoubleClick = [this] { grxTables_DblClick(); };
@@ -127,19 +112,19 @@ void frmMain::BindTables() {
 }
 
 void frmMain::BindFields() {
-    grxFields.ReadRow = [](int row) -> std::vector<Value> {
-        const auto& fields = *g_objAudit->Database()->ActiveTable()->Fields();
+    grxFields.ReadRow = [this](int row) -> std::vector<Value> {
+        const mdFields& fields = *CurrentTable().Fields();
         if (row > fields.Count())
             return {};
-        const auto field = fields.Item(row);
-        return {field->IsChecked(), field->Name(), field->SQL_Datatype(), field->IsNullable()};
+        const mdField& field = *fields.At(row);
+        return {field.IsChecked(), field.Name(), field.SQL_Datatype(), field.IsNullable()};
     };
-    grxFields.FetchIcon = Icons([](int row, int column) -> int {
-        const auto table = g_objAudit->Database()->ActiveTable();
-        const auto field = table->Fields()->Item(row);
+    grxFields.FetchIcon = Icons([this](int row, int column) -> int {
+        mdTable& table = CurrentTable();
+        const mdField& field = *table.Fields()->At(row);
         if (column == 2)
-            return basLoadMetaData::IsKey(*table, field->Name()) ? TickedIcon : PlainIcon;
-        return column == 4 ? (field->IsNullable() ? YesIcon : NoNullIcon) : NoIcon;
+            return basLoadMetaData::IsKey(table, field.Name()) ? TickedIcon : PlainIcon;
+        return column == 4 ? (field.IsNullable() ? YesIcon : NoNullIcon) : NoIcon;
     });
     grxFields.OnClick = [this] { grxFields_Click(); };
     grxFields.OnLostFocus = [this] { grxTables.Redraw(); };
@@ -147,17 +132,17 @@ void frmMain::BindFields() {
 }
 
 void frmMain::BindTriggers() {
-    grxTriggers.ReadRow = [](int row) -> std::vector<Value> {
-        const auto& triggers = *g_objAudit->Database()->ActiveTable()->Triggers();
+    grxTriggers.ReadRow = [this](int row) -> std::vector<Value> {
+        const mdTriggers& triggers = *CurrentTable().Triggers();
         if (row > triggers.Count())
             return {};
-        const auto trigger = triggers.Item(row);
-        return {trigger->Enabled(), trigger->Name(), trigger->Owner(), trigger->CreateDate()};
+        const mdTrigger& trigger = *triggers.At(row);
+        return {trigger.Enabled(), trigger.Name(), trigger.Owner(), trigger.CreateDate()};
     };
-    grxTriggers.FetchIcon = Icons([](int row, int column) -> int {
-        const auto trigger = g_objAudit->Database()->ActiveTable()->Triggers()->Item(row);
-        const bool isMarked = (column == 5 && trigger->IsInsert()) || (column == 6 && trigger->IsUpdate()) ||
-                              (column == 7 && trigger->IsDelete());
+    grxTriggers.FetchIcon = Icons([this](int row, int column) -> int {
+        const mdTrigger& trigger = *CurrentTable().Triggers()->At(row);
+        const bool isMarked = (column == 5 && trigger.IsInsert()) || (column == 6 && trigger.IsUpdate()) ||
+                              (column == 7 && trigger.IsDelete());
         return isMarked ? YesIcon : NoIcon;
     });
     grxTriggers.OnClick = [this] { grxTriggers_Click(); };
@@ -170,18 +155,22 @@ void frmMain::BindTriggers() {
 }
 
 std::string frmMain::GetOwnObjectFromForm() {
-    return QualifiedName(Cell(grxTables, 2), Cell(grxTables, 1));
+    return QualifiedName(TrimmedCell(grxTables, 2), TrimmedCell(grxTables, 1));
 }
 
 std::string frmMain::GetOwnTriggerFromForm() {
-    return QualifiedName(Cell(grxTriggers, 3), Cell(grxTriggers, 2));
+    return QualifiedName(TrimmedCell(grxTriggers, 3), TrimmedCell(grxTriggers, 2));
+}
+
+mdTable& frmMain::CurrentTable() {
+    return *Tables().Named(GetOwnObjectFromForm());
 }
 
 void frmMain::grxTables_Click() {
     g_objTrace->Procedure("frmMain.grxTables_Click", [&] {
         if (grxTables.ItemCount() == 0)
             return;
-        const std::string name = conversion::ToText(grxTables.CellValue(grxTables.Row(), 1));
+        const std::string name = Cell(grxTables, 1);
         // Only the name is compared: two tables of one name under different owners show the first one's rows.
         if (name == m_strCurrentTable)
             return;
@@ -190,18 +179,30 @@ void frmMain::grxTables_Click() {
             m_bolInSelect = true;
             chkUnselectAll.SetValue(CheckBox::Unticked);
             chkSelectAll.SetValue(CheckBox::Unticked);
-            if (!basStringFunctions::Trim(name).empty()) {
-                g_objAudit->Database()->SetActiveTable(Tables()->Item(GetOwnObjectFromForm()));
-                const Hourglass hourglass;
-                const auto table = g_objAudit->Database()->ActiveTable();
-                grxFields.SetItemCount(table->Fields()->Count());
-                grxFields.Refetch();
-                grxTriggers.SetItemCount(table->Triggers()->Count());
-                grxTriggers.Refetch();
-            }
+            if (!basStringFunctions::Trim(name).empty())
+                ShowCurrentTable();
         }
         m_bolInSelect = false;
     });
+}
+
+// The pointer is left alone by a call that comes while it is the hourglass already.
+void frmMain::ShowCurrentTable() {
+    TheModel().Database()->SetActiveTable(Tables().Named(GetOwnObjectFromForm()));
+    FrontEnd& frontEnd = ThePlatform().frontEnd();
+    const bool isIdle = frontEnd.CurrentPointer() == Pointer::Default;
+    if (isIdle)
+        frontEnd.SetPointer(Pointer::Hourglass);
+    grxFields.SetItemCount(CurrentTable().Fields()->Count());
+    grxFields.Refetch();
+    ShowTriggers();
+    if (isIdle)
+        frontEnd.SetPointer(Pointer::Default);
+}
+
+void frmMain::ShowTriggers() {
+    grxTriggers.SetItemCount(grxTables.ItemCount() == 0 ? 0 : CurrentTable().Triggers()->Count());
+    grxTriggers.Refetch();
 }
 
 // A column that cannot be audited keeps its tick on the screen until the grid is read anew; the model refused
@@ -210,10 +211,8 @@ void frmMain::grxFields_Click() {
     g_objTrace->Procedure("frmMain.grxFields_Click", [&] {
         if (grxFields.ItemCount() == 0)
             return;
-        const auto table = Tables()->Item(GetOwnObjectFromForm());
-        table->Fields()
-            ->Item(Cell(grxFields, 2))
-            ->SetIsChecked(conversion::ToBoolean(grxFields.CellValue(grxFields.Row(), 1)));
+        mdField& field = *CurrentTable().Fields()->Named(Cell(grxFields, 2));
+        field.SetIsChecked(conversion::ToBoolean(grxFields.CellValue(grxFields.Row(), 1)));
         grxTables.Redraw();
     });
 }
@@ -222,10 +221,8 @@ void frmMain::grxTriggers_Click() {
     g_objTrace->Procedure("frmMain.grxTriggers_Click", [&] {
         if (grxTriggers.ItemCount() == 0)
             return;
-        const auto table = Tables()->Item(GetOwnObjectFromForm());
-        table->Triggers()
-            ->Item(GetOwnTriggerFromForm())
-            ->SetEnabled(conversion::ToBoolean(grxTriggers.CellValue(grxTriggers.Row(), 1)));
+        mdTrigger& trigger = *CurrentTable().Triggers()->Named(GetOwnTriggerFromForm());
+        trigger.SetEnabled(conversion::ToBoolean(grxTriggers.CellValue(grxTriggers.Row(), 1)));
     });
 }
 
@@ -234,8 +231,8 @@ void frmMain::grxTables_DblClick() {
     g_objTrace->Procedure("frmMain.grxTables_DblClick", [&] {
         if (grxTables.ItemCount() == 0)
             return;
-        const Hourglass hourglass;
-        const std::string owner = Cell(grxTables, 2), name = Cell(grxTables, 1);
+        ThePlatform().frontEnd().SetPointer(Pointer::Hourglass);
+        const std::string owner = TrimmedCell(grxTables, 2), name = TrimmedCell(grxTables, 1);
         ShowScript(TableOnServer(owner, name).Script(catalogue::ScriptDefault), QualifiedName(owner, name));
     });
 }
@@ -244,9 +241,9 @@ void frmMain::grxTriggers_DblClick() {
     g_objTrace->Procedure("frmMain.grxTriggers_DblClick", [&] {
         if (grxTriggers.ItemCount() == 0)
             return;
-        const Hourglass hourglass;
-        const std::string owner = Cell(grxTriggers, 3), name = Cell(grxTriggers, 2);
-        auto& trigger = TriggerOnServer(Cell(grxTables, 2), Cell(grxTables, 1), owner, name);
+        ThePlatform().frontEnd().SetPointer(Pointer::Hourglass);
+        const std::string owner = TrimmedCell(grxTriggers, 3), name = TrimmedCell(grxTriggers, 2);
+        auto& trigger = TriggerOnServer(TrimmedCell(grxTables, 2), TrimmedCell(grxTables, 1), owner, name);
         ShowScript(trigger.Script(catalogue::ScriptDefault), QualifiedName(owner, name));
     });
 }
@@ -258,6 +255,7 @@ void frmMain::ShowScript(const std::string& script, const std::string& name) {
     const auto file = files.OpenOutput(g_strOutputFile);
     file->WriteLine(basStringFunctions::Trim(text));
     file->Close();
+    ThePlatform().frontEnd().SetPointer(Pointer::Default);
     TheRoads().ShowDDL(name, g_strOutputFile);
 }
 

@@ -34,6 +34,9 @@ void frmMain::PickDatabase() {
     ConnectCatalogue();
     OpenData();
     ShowDatabase();
+    // The rows of the former database must not be read from the new model, which grows while the screen
+    // shows.
+    EmptyGrids();
     if (!TheRoads().CreateObjectHeirarchy())
         return;
     // The model stands before the profile is read; the profile publishes itself to the model.

@@ -41,7 +41,7 @@ bool frmMain::ProcessValidation() {
     return g_objTrace->Procedure("frmMain.ProcessValidation", [&] {
         constexpr const char* nothingTicked = "No Fields Selected for Audit";
         FrontEnd& frontEnd = ThePlatform().frontEnd();
-        const auto& tables = *g_objAudit->Database()->Tables();
+        const auto& tables = *TheModel().Database()->Tables();
         if (std::ranges::none_of(tables,
                                  [](const auto& table) { return table->IsOneFieldSelectedForAudit(); })) {
             frontEnd.Message("At least one field must be selected for Auditing", nothingTicked,
@@ -81,15 +81,16 @@ void frmMain::GenerateTriggers() {
 
 // False when a template failed; the user has been told then.
 bool frmMain::GenerateTables() {
-    const auto database = g_objAudit->Database();
-    const auto tables =
-        database->Tables(); // a pick of another database in an event-loop turn replaces the model
+    const auto model = g_objAudit;
+    const auto database = model->Database();
     std::int16_t counter = 0;
-    for (std::int32_t position = 1; position <= tables->Count(); ++position) {
-        const auto table = tables->Item(position);
+    for (const auto& table : *database->Tables()) {
         ThePlatform().frontEnd().DoEvents();
-        if (g_objAudit && g_objAudit->Cancelled()) {
-            g_objAudit->SetCancelled(false);
+        // A script made of two databases would be worse than none.
+        if (g_objAudit != model)
+            throw Failure(numbers::ObjectNotSet, "The database was changed while its triggers were made");
+        if (model->Cancelled()) {
+            model->SetCancelled(false);
             break;
         }
         if (!table->IsSelectedForAudit())

@@ -35,14 +35,8 @@ void frmMain::BindSelection() {
     chkUpdate.OnClick = [this] { SetOperation(chkUpdate, &mdTable::SetAudit4Update); };
     chkDelete.OnClick = [this] { SetOperation(chkDelete, &mdTable::SetAudit4Delete); };
     chkAll.OnClick = [this] { chkAll_Click(); };
-    chkSelectAll.OnClick = [this] {
-        if (!m_bolInSelect && chkSelectAll.IsTicked())
-            chkSelect_Click(true);
-    };
-    chkUnselectAll.OnClick = [this] {
-        if (!m_bolInSelect && chkUnselectAll.IsTicked())
-            chkSelect_Click(false);
-    };
+    chkSelectAll.OnClick = [this] { chkSelect_Click(chkSelectAll, true); };
+    chkUnselectAll.OnClick = [this] { chkSelect_Click(chkUnselectAll, false); };
 }
 
 void frmMain::SetOperation(const CheckBox& box, void (mdTable::*operation)(bool)) {
@@ -77,17 +71,19 @@ void frmMain::chkAll_Click() {
     });
 }
 
-void frmMain::chkSelect_Click(bool isChecked) {
-    g_objTrace->Procedure(isChecked ? "frmMain.chkSelectAll_Click" : "frmMain.chkUnselectAll_Click", [&] {
-        if (chkAllTables.IsTicked())
+// The box that was clicked stays ticked, its partner is cleared: a click that would clear it changes nothing.
+void frmMain::chkSelect_Click(const CheckBox& box, bool isChecked) {
+    g_objTrace->Procedure("frmMain." + box.Name() + "_Click", [&] {
+        if (m_bolInSelect)
+            return;
+        if (box.IsTicked() && chkAllTables.IsTicked())
             SelectAllFieldsAllTables(isChecked);
-        else
+        else if (box.IsTicked())
             SelectFields(isChecked);
         ShowSelectBoxes(isChecked);
     });
 }
 
-// The box that was clicked stays ticked, its partner is cleared.
 void frmMain::ShowSelectBoxes(bool isChecked) {
     m_bolInSelect = true;
     chkSelectAll.SetValue(StateOf(isChecked));
@@ -100,7 +96,7 @@ void frmMain::SelectFields(bool isChecked) {
         if (m_bolInSelect || grxTables.ItemCount() == 0)
             return;
         m_bolInSelect = true;
-        TickFields(*g_objAudit->Database()->Tables()->Item(GetOwnObjectFromForm()), isChecked);
+        TickFields(CurrentTable(), isChecked);
         grxFields.Refetch();
         grxTables.Redraw();
         ShowSelectBoxes(isChecked);
@@ -112,7 +108,7 @@ void frmMain::SelectAll(bool isChecked) {
         FrontEnd& frontEnd = ThePlatform().frontEnd();
         frontEnd.SetPointer(Pointer::Hourglass);
         if (grxFields.ItemCount() > 0 && grxTables.ItemCount() > 0) {
-            TickFields(*g_objAudit->Database()->Tables()->Item(GetOwnObjectFromForm()), isChecked);
+            TickFields(CurrentTable(), isChecked);
             RefetchGrid(grxFields, isChecked);
             grxTables.Redraw();
         }
@@ -126,7 +122,7 @@ void frmMain::SelectAllFieldsAllTables(bool isChecked) {
             return DatabaseNotSelected();
         FrontEnd& frontEnd = ThePlatform().frontEnd();
         frontEnd.SetPointer(Pointer::Hourglass);
-        for (const auto& table : *g_objAudit->Database()->Tables())
+        for (const auto& table : *TheModel().Database()->Tables())
             TickFields(*table, isChecked);
         grxFields.Refetch();
         grxTables.Refetch();

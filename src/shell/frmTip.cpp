@@ -32,7 +32,9 @@ frmTip::frmTip()
     cmdNextTip.SetCaption("&Next Tip");
     cmdOK.SetCaption("OK");
     chkLoadTipsAtStartup.OnClick = [this] {
-        settings::Write(chkLoadTipsAtStartup.IsTicked() ? "1" : "0", settings::ShowTips);
+        g_objTrace->Procedure("frmTip.chkLoadTipsAtStartup_Click", [this] {
+            settings::Write(chkLoadTipsAtStartup.IsTicked() ? "1" : "0", settings::ShowTips);
+        });
     };
     cmdNextTip.OnClick = [this] { ShowNext(); };
     cmdOK.OnClick = [this] { Unload(); };
@@ -49,17 +51,18 @@ void frmTip::Form_Load() {
 }
 
 void frmTip::ReadTips() {
-    m_tips.clear();
+    m_tips = OwnTips();
     Files& files = ThePlatform().files();
     const std::string path = files.ApplicationFolder() + "\\TIPOFDAY.TXT";
-    if (files.Exists(path)) {
-        const auto input = files.OpenInput(path);
-        for (std::string line; input->ReadLine(line);)
-            if (!basStringFunctions::Trim(line).empty())
-                m_tips.push_back(line);
-    }
-    if (m_tips.empty())
-        m_tips = OwnTips();
+    if (!files.Exists(path))
+        return;
+    std::vector<std::string> tips;
+    const auto input = files.OpenInput(path);
+    for (std::string line; input->ReadLine(line);)
+        if (!basStringFunctions::Trim(line).empty())
+            tips.push_back(line);
+    if (!tips.empty())
+        m_tips = std::move(tips);
 }
 
 void frmTip::ShowNext() {

@@ -29,7 +29,7 @@ class frmTip : public Screen {
     void ReadTips();
     void ShowNext();
 
-    std::vector<std::string> m_tips;
+    std::vector<std::string> m_tips; // never empty once the screen is loaded
     std::size_t m_next = 0;
 };
 

@@ -24,7 +24,7 @@ std::int32_t frmTemplate::ProcessTemplateBatch(bool isFirstTable, const std::str
             Show();
             grxProperties.SetRow(1);
             grxProperties.Refetch();
-        } else if (!g_objAudit->Cancelled()) {
+        } else if (!TheModel().Cancelled()) {
             AppendResult(isFirstTable, table);
             Hide();
         }

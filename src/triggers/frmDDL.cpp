@@ -21,7 +21,10 @@ frmDDL::frmDDL()
 }
 
 void frmDDL::BindCommands() {
-    mnuPrint.OnClick = [this] { ThePlatform().frontEnd().Print(cdmCodeMax, "Print"); };
+    mnuPrint.OnClick = [this] {
+        g_objTrace->Procedure("frmDDL.mnuPrint_Click",
+                              [&] { ThePlatform().frontEnd().Print(cdmCodeMax, "Print"); });
+    };
     mnuExit.OnClick = [this] { Unload(); };
     mnuClipboard.OnClick = mnuRClipboard.OnClick = [this] { CopyAll(); };
     mnuCopy.OnClick = mnuRCopy.OnClick = [this] { cdmCodeMax.Execute(EditorCommand::Copy); };

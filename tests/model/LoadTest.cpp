@@ -201,7 +201,7 @@ TEST_F(LoadTest, AFailureOnOneTableLeavesTheOthersWhole) {
 TEST_F(LoadTest, AFailureOfTheTreeItselfLeavesTheModelHalfBuilt) {
     database.AddTable("dbo", "a");
     database.AddTable("dbo", "b");
-    plan.FailAt("Database.TableAt", 2, Failure(numbers::DataAccess, "gone"));
+    plan.FailAt("Database.TableAt", 3, Failure(numbers::DataAccess, "gone"));
     frontEnd.ExpectFailure("gone");
     EXPECT_FALSE(CreateObjectHeirarchy());
     EXPECT_EQ(Tables(), Lines{"dbo.a"});

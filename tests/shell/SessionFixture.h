@@ -44,6 +44,10 @@ class LoggingFrontEnd : public ScriptedFrontEnd {
         m_plan.Ask("FrontEnd.Repaint", screen.Name());
         ScriptedFrontEnd::Repaint(screen);
     }
+    void StartProgram(const std::string& commandLine, WindowStyle style) override {
+        m_plan.Ask("FrontEnd.StartProgram", style == WindowStyle::MinimisedFocus ? "minimised" : "normal");
+        ScriptedFrontEnd::StartProgram(commandLine, style);
+    }
 
   private:
     FaultPlan& m_plan;
