@@ -51,9 +51,12 @@ void ScreenWindow::ShowTitle() {
 }
 
 ScreenWindow* ScreenWindow::Of(QObject* widget) {
-    for (QObject* at = widget; at != nullptr; at = at->parent())
+    for (QObject* at = widget; at != nullptr; at = at->parent()) {
         if (auto* window = dynamic_cast<ScreenWindow*>(at))
             return window;
+        if (at->isWidgetType() && static_cast<QWidget*>(at)->isWindow())
+            return nullptr; // a box over the screen has keys of its own
+    }
     return nullptr;
 }
 
