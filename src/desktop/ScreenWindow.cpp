@@ -20,7 +20,8 @@ ScreenWindow::ScreenWindow(Screen& screen, QWidget* parent)
     setWindowIcon(IconOf("quillon"));
     ShowTitle();
     BuildView(screen, *this);
-    resize(size().boundedTo(QWidget::screen()->availableGeometry().size() * 0.96));
+    if (testAttribute(Qt::WA_Resized)) // by its view; others are as large as their content needs
+        resize(size().boundedTo(QWidget::screen()->availableGeometry().size() * 0.96));
     Memory::Instance().Restore(*this);
     FocusContent();
     screen.View = this;
