@@ -9,8 +9,8 @@ namespace quillon::basArchitectureUtils {
 // none is selected.
 bool CheckForArch();
 
-// Loads a file into the session's profile, which is made if this is its first use. False when it failed; the
-// user has been told then.
+// Loads a file into the session's profile, which is made if this is its first use. True; raises what Load
+// raises.
 bool LoadProfile(const std::string& path);
 
 // Lets the user choose a profile file and loads it into g_objArch; true when one was chosen.

@@ -8,6 +8,7 @@
 #include "platform/FrontEnd.h"
 #include "platform/Platform.h"
 #include "shell/Settings.h"
+#include "shell/Trace.h"
 #include "template/ScriptLanguage.h"
 
 namespace quillon {
@@ -116,9 +117,11 @@ XmlDocument& clsQlnTemplate::TheDocument() {
 bool clsQlnTemplate::Load(const std::string& path) {
     auto document = ThePlatform().xml().NewDocument();
     m_path = path;
-    if (!document->Load(path))
+    if (!document->Load(path)) {
+        g_objTrace->SetNote(path + ": " + document->Reason());
         throw Failure(numbers::NotATemplate, "The file specified was not a valid template.",
                       "clsXMLTemplate");
+    }
     FindNodes(*document);
     m_document = std::move(document);
     Publish();
@@ -214,8 +217,9 @@ void clsQlnTemplate::Publish() {
     model.Languages()->SetScriptLanguage(ScriptLanguage());
     auto& includes = *model.Includes();
     includes.Clear();
-    for (std::int16_t index = 0; index < IncludeCount(); ++index)
-        includes.Add(Includes(index));
+    if (IncludeCount() > 0)
+        for (const XmlNode* include : m_includes->ChildNodes())
+            includes.Add(include->Text());
 }
 
 } // namespace quillon

@@ -77,8 +77,8 @@ class clsQlnTemplate {
 
     // --- the file ---
     bool IsLoaded() const noexcept { return m_isLoaded; }
-    // True. Raises 0x800403E9 for what is no XML and 13 for a script that is no CDATA section; the profile in
-    // memory then stays.
+    // True. Raises 0x800403E9 for what is no XML, with the reason as the trace's note, and 13 for a script
+    // that is no CDATA section; the profile in memory then stays.
     bool Load(const std::string& path);
     // An empty profile with the user's defaults; not loaded until it has been saved.
     void NewFile();

@@ -19,6 +19,7 @@ class XmlNode {
     // Text of the node and all below it; setting replaces the contents.
     virtual std::string Text() const = 0;
     virtual void SetText(const std::string& text) = 0;
+    // Elements and text, without comments, instructions and text of blanks alone.
     virtual std::vector<XmlNode*> ChildNodes() = 0;
     virtual void AppendChild(XmlNode& child) = 0;
     virtual void RemoveChild(XmlNode& child) = 0;

@@ -11,6 +11,8 @@
 #include "platform/Platform.h"
 #include "shell/Session.h"
 #include "shell/Trace.h"
+#include "support/FaultyServices.h"
+#include "support/FaultyXml.h"
 #include "support/MemoryFiles.h"
 #include "support/MemorySettings.h"
 #include "support/ScriptedFrontEnd.h"
@@ -51,12 +53,15 @@ class Profile : public testing::Test {
         return files.Contents["\\p\\out.qlnx"];
     }
 
+    FaultPlan plan;
     MemoryFiles files;
+    FaultyFiles faultyFiles{files, plan};
     MemorySettings settings;
     ScriptedFrontEnd frontEnd;
     adapters::XmlLibrary xml;
-    Platform platform{
-        PlatformServices{.frontEnd = &frontEnd, .files = &files, .settings = &settings, .xml = &xml}};
+    FaultyXml faultyXml{xml, plan};
+    Platform platform{PlatformServices{
+        .frontEnd = &frontEnd, .files = &faultyFiles, .settings = &settings, .xml = &faultyXml}};
     clsQlnTemplate profile;
 };
 
@@ -106,6 +111,64 @@ TEST_F(Profile, SavesByteForByteWhatWasNotSet) {
     std::string expected = ByHand;
     expected.replace(expected.find("ddl]]"), 3, "CREATE\r\nGO\r\n");
     EXPECT_EQ(Saved(), expected);
+}
+
+// What a profile may look like from outside, and the one place of it that each of two changes touches.
+struct Dress {
+    const char* name;
+    std::string before, behind; // what stands around the profile
+    std::string lineEnd;
+};
+
+TEST_F(Profile, ChangesOneFieldOfAFileHoweverItIsDressed) {
+    const Dress dresses[] = {
+        {"plain", "", "", "\n"},
+        {"mark and declaration", "\xEF\xBB\xBF<?xml version='1.0' encoding='UTF-8' ?>\r\n", "", "\r\n"},
+        {"foreign", "<!DOCTYPE template [<!ENTITY co 'Stone'>]>\n<!-- ours -->\n<?style x?>\n",
+         "\n<!-- end -->\n\n", "\n"},
+    };
+    for (const Dress& dress : dresses) {
+        const auto file = [&](const std::string& name, const std::string& ddl) {
+            std::string text =
+                dress.before +
+                "<template a = 'b'>\n\t<other><DDL2>x</DDL2></other>\n\t<header>\n\t\t<name >" + name +
+                "</name ><scriptlanguage>VBScript</scriptlanguage>\n\t\t<!-- c --><author/>\n"
+                "\t</header>\n\t<includes>\n\t</includes><!-- none -->\n\t<DDL>\n<![CDATA[" +
+                ddl + "]]>\n</DDL>\n</template>" + dress.behind;
+            for (std::size_t at = 0; dress.lineEnd != "\n" && (at = text.find('\n', at)) != std::string::npos;
+                 at += 2)
+                if (at == 0 || text[at - 1] != '\r')
+                    text.replace(at, 1, dress.lineEnd);
+                else
+                    --at;
+            return text;
+        };
+        files.Contents["\\p\\in.qlnx"] = file("n", "one\ntwo");
+        ASSERT_TRUE(profile.Load("\\p\\in.qlnx")) << dress.name;
+        EXPECT_EQ(Saved(), file("n", "one\ntwo")) << dress.name;
+        profile.SetSCRIPT_DDL("GO\r\n]]> ü 漢\n");
+        EXPECT_EQ(Saved(), file("n", "GO\n]]]]><![CDATA[> ü 漢\n")) << dress.name;
+        profile.SetHeader_Name("a < b & c");
+        EXPECT_EQ(Saved(), file("a &lt; b &amp; c", "GO\n]]]]><![CDATA[> ü 漢\n")) << dress.name;
+        profile.Load("\\p\\out.qlnx");
+        EXPECT_EQ(profile.SCRIPT_DDL(), "GO\n]]> ü 漢\n") << dress.name;
+        EXPECT_EQ(profile.Header_Name(), "a < b & c") << dress.name;
+    }
+}
+
+TEST_F(Profile, KeepsTheFilesEncodingOrLeavesTheFile) {
+    const std::string latin =
+        "<?xml version=\"1.0\" encoding=\"iso-8859-1\"?><template><header><name>caf\xE9</name>"
+        "<scriptlanguage>VBScript</scriptlanguage></header></template>";
+    files.Contents["\\p\\out.qlnx"] = latin;
+    profile.Load("\\p\\out.qlnx");
+    EXPECT_EQ(profile.Header_Name(), "café");
+    EXPECT_EQ(Saved(), latin);
+    profile.SetHeader_Name("漢");
+    EXPECT_EQ(NumberOf([this] { profile.Save(""); }), numbers::InvalidCall);
+    EXPECT_EQ(files.Contents["\\p\\out.qlnx"], latin);
+    EXPECT_EQ(NumberOf([this] { profile.SetHeader_Name("caf\xE9"); }), numbers::InvalidCall); // no UTF-8
+    EXPECT_EQ(profile.Header_Name(), "漢");
 }
 
 TEST_F(Profile, KeepsTheDifferencesBetweenNewAndLoadedFiles) {
@@ -183,6 +246,60 @@ TEST_F(Profile, AFileThatIsNoProfile) {
     EXPECT_EQ(NumberOf([this] { profile.Load("\\p\\plain.xml"); }), numbers::TypeMismatch);
     EXPECT_TRUE(profile.IsLoaded());
     EXPECT_EQ(profile.SCRIPT_DDL(), "ddl"); // what was loaded is still there
+}
+
+// The limits: what is far too large, too deep or of far too many parts is refused as any file that is none.
+TEST_F(Profile, HostileFilesAreRefusedAndTheProfileStays) {
+    profile.Load("\\p\\hand.qlnx");
+    std::string deep, laughs = "<!DOCTYPE t [<!ENTITY a0 \"ha\">";
+    for (const char* tag : {"<a>", "</a>"})
+        for (int depth = 0; depth < 10000; ++depth)
+            deep += tag;
+    for (int level = 1; level < 40; ++level)
+        laughs += "<!ENTITY a" + std::to_string(level) + " \"&a" + std::to_string(level - 1) + ";&a" +
+                  std::to_string(level - 1) + ";\">";
+    files.Contents["\\p\\deep"] = "<template>" + deep + "</template>";
+    files.Contents["\\p\\large"] =
+        "<template><DDL><![CDATA[" + std::string(100 << 20, 'x') + "]]></DDL></template>";
+    for (const char* path : {"\\p\\deep", "\\p\\large"}) {
+        EXPECT_EQ(NumberOf([&] { profile.Load(path); }), numbers::NotATemplate) << path;
+        EXPECT_NE(g_objTrace->Note().find(path), std::string::npos);
+        EXPECT_EQ(profile.SCRIPT_DDL(), "ddl");
+    }
+    files.Contents["\\p\\laughs"] = laughs + "]><template><DDL><![CDATA[]]></DDL><header><name>&a39;</name>"
+                                             "<scriptlanguage>VBScript</scriptlanguage></header></template>";
+    if (NumberOf([&] { profile.Load("\\p\\laughs"); }) == 0) {
+        EXPECT_EQ(profile.Header_Name(), ""); // nothing is expanded
+    }
+}
+
+TEST_F(Profile, FailuresOfTheFileSystemAndOfTheParserReachTheCaller) {
+    profile.Load("\\p\\hand.qlnx");
+    plan.FailAt("Files.Replace", 1, Failure(numbers::DiskFull));
+    EXPECT_EQ(NumberOf([this] { profile.Save("\\p\\hand.qlnx"); }), numbers::DiskFull);
+    EXPECT_EQ(files.Contents["\\p\\hand.qlnx"], ByHand);
+
+    plan.FailAlways("Xml.NewDocument", Failure(numbers::CannotCreateObject));
+    EXPECT_EQ(NumberOf([this] { profile.Load("\\p\\hand.qlnx"); }), numbers::CannotCreateObject);
+    EXPECT_EQ(NumberOf([this] { profile.NewFile(); }), numbers::CannotCreateObject);
+    EXPECT_EQ(profile.SCRIPT_DDL(), "ddl");
+    // In the session the failure is reported, with the note of the run that asks for the profile.
+    g_strArchFile = "\\p\\hand.qlnx";
+    frontEnd.ExpectFailure("ActiveX component can't create object");
+    EXPECT_FALSE(basArchitectureUtils::CheckForArch());
+    EXPECT_EQ(frontEnd.Failures().back().Number, 429);
+}
+
+TEST_F(Profile, ACommentIsNoInclude) {
+    files.Contents["\\p\\c.qlnx"] =
+        "<template><includes><!-- shared --> <filename>a.vbs</filename><?x y?></includes>"
+        "<header><name>n</name><scriptlanguage>VBScript</scriptlanguage></header></template>";
+    profile.Load("\\p\\c.qlnx");
+    EXPECT_EQ(profile.IncludeCount(), 1);
+    EXPECT_EQ(profile.Includes(0), "a.vbs");
+    EXPECT_EQ(g_objAudit->Includes()->Count(), 1);
+    profile.ClearIncludes();
+    EXPECT_NE(Saved().find("<includes><!-- shared --> <?x y?></includes>"), std::string::npos);
 }
 
 TEST_F(Profile, SaveAsksForNameAndLanguage) {

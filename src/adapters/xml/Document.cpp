@@ -57,6 +57,9 @@ bool Document::Read(const std::string& bytes) {
     }
     try {
         const auto text = ToUtf8(bytes, judgement.encoding);
+        if (FromUtf8(text, judgement.encoding) != bytes)
+            throw Failure(numbers::InvalidCall, "The file is not in the encoding that it declares, " +
+                                                    judgement.encoding + ", and could not be saved as it is");
         Node& document = Make(Node::Kind::Other, "#document");
         ReadNodes(text, document,
                   [this](Node::Kind kind, std::string name) -> Node& { return Make(kind, std::move(name)); });

@@ -1,5 +1,7 @@
 #include "adapters/xml/Node.h"
 
+#include <libxml/parserInternals.h>
+
 #include <algorithm>
 
 #include "platform/Failure.h"
@@ -8,16 +10,21 @@
 namespace quillon::adapters {
 namespace {
 
-// Characters below the blank other than tab and line ends have no place in XML 1.0, not even as references.
+// What XML 1.0 cannot hold would make a file that nobody can open again.
 void RequireXmlCharacters(const std::string& text) {
-    const auto odd = std::ranges::find_if(text, [](char c) {
-        const auto byte = static_cast<unsigned char>(c);
-        return byte < 0x20 && c != '\t' && c != '\n' && c != '\r';
-    });
-    if (odd != text.end())
-        throw Failure(numbers::InvalidCall, "The text holds a control character (code " +
-                                                std::to_string(static_cast<int>(*odd)) +
-                                                ") that a profile file cannot store");
+    for (std::size_t at = 0; at < text.size();) {
+        int size = static_cast<int>(std::min<std::size_t>(4, text.size() - at));
+        const int code = xmlGetUTF8Char(reinterpret_cast<const unsigned char*>(text.data()) + at, &size);
+        if (code < 0)
+            throw Failure(numbers::InvalidCall,
+                          "The text is not UTF-8, the encoding of all text here (at its byte " +
+                              std::to_string(at + 1) + ")");
+        if (!IS_CHAR(static_cast<unsigned>(code)))
+            throw Failure(numbers::InvalidCall, "The text holds a control character (code " +
+                                                    std::to_string(code) +
+                                                    ") that a profile file cannot store");
+        at += static_cast<std::size_t>(size);
+    }
 }
 
 void ReplaceAll(std::string& text, std::string_view what, std::string_view by) {
@@ -75,7 +82,7 @@ void Node::SetText(const std::string& text) {
 std::vector<XmlNode*> Node::ChildNodes() {
     std::vector<XmlNode*> nodes;
     for (Node* child : m_children)
-        if (!child->IsLayout())
+        if (child->m_kind != Kind::Other && !child->IsLayout())
             nodes.push_back(child);
     return nodes;
 }

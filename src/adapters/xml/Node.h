@@ -27,9 +27,9 @@ class Node : public XmlNode {
     std::string Name() const override { return m_name; }
     bool IsCData() const override { return m_kind == Kind::CData; }
     std::string Text() const override;
-    // Raises 5 for a character that XML cannot hold.
+    // Raises 5 for what is no UTF-8 and for a character that XML cannot hold.
     void SetText(const std::string& text) override;
-    // Without text of blanks alone: it is layout, not content.
+    // Elements and text; comments, instructions and text of blanks alone are layout, not content.
     std::vector<XmlNode*> ChildNodes() override;
     void AppendChild(XmlNode& child) override;
     void RemoveChild(XmlNode& child) override;

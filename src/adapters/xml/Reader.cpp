@@ -94,13 +94,15 @@ class Reader {
   private:
     bool StartsWith(std::string_view what) const { return m_text.substr(m_at).starts_with(what); }
 
-    // The source from here to the end of `close`, which is sought from `from` on.
-    std::string_view Take(std::size_t from, std::string_view close) {
+    // Where `close` ends, which is sought from `from` on.
+    std::size_t EndOf(std::string_view close, std::size_t from) const {
         const auto found = m_text.find(close, from);
         if (found == std::string_view::npos)
             throw Failure(numbers::InvalidCall, "The document cannot be read");
-        return TakeTo(found + close.size());
+        return found + close.size();
     }
+    // The source from here to the end of `close`.
+    std::string_view Take(std::size_t from, std::string_view close) { return TakeTo(EndOf(close, from)); }
     std::string_view TakeTo(std::size_t end) {
         const auto source = m_text.substr(m_at, end - m_at);
         m_at = end;
@@ -134,21 +136,23 @@ class Reader {
         Add(Node::Kind::Other, name).Read(std::string(Take(from, close)), {});
     }
 
-    // A document type: quotes, comments and an internal subset may hold ">".
+    // A document type: quotes, comments, instructions and an internal subset may hold ">".
     void ReadDeclaration() {
         auto at = m_at;
-        for (int depth = 0; at < m_text.size(); ++at) {
-            const char c = m_text[at];
-            if (c == '"' || c == '\'')
-                at = m_text.find(c, at + 1);
-            else if (m_text.substr(at).starts_with("<!--"))
-                at = m_text.find("-->", at) + 2;
-            else if (c == '<')
+        for (int depth = 0; at < m_text.size();) {
+            const auto rest = m_text.substr(at);
+            if (rest.starts_with("<!--"))
+                at = EndOf("-->", at + 4);
+            else if (rest.starts_with("<?"))
+                at = EndOf("?>", at);
+            else if (rest[0] == '"' || rest[0] == '\'')
+                at = EndOf(rest.substr(0, 1), at + 1);
+            else if (++at; rest[0] == '<')
                 ++depth;
-            else if (c == '>' && --depth == 0)
+            else if (rest[0] == '>' && --depth == 0)
                 break;
         }
-        Add(Node::Kind::Other, "#declaration").Read(std::string(TakeTo(std::min(at + 1, m_text.size()))), {});
+        Add(Node::Kind::Other, "#declaration").Read(std::string(TakeTo(at)), {});
     }
 
     void ReadCloseTag() {
@@ -159,11 +163,10 @@ class Reader {
     }
 
     void ReadOpenTag() {
-        auto end = m_at;
-        for (; end < m_text.size() && m_text[end] != '>'; ++end)
-            if (m_text[end] == '"' || m_text[end] == '\'')
-                end = m_text.find(m_text[end], end + 1);
-        const auto source = TakeTo(std::min(end + 1, m_text.size()));
+        auto end = m_text.find_first_of("\"'>", m_at);
+        while (end < m_text.size() && m_text[end] != '>')
+            end = m_text.find_first_of("\"'>", EndOf(m_text.substr(end, 1), end + 1));
+        const auto source = TakeTo(EndOf(">", end));
         const bool selfClosing = source.ends_with("/>");
         Node& node = Add(Node::Kind::Element, source.substr(1, source.find_first_of(" \t\r\n/>", 1) - 1));
         node.ReadTags(std::string(source), selfClosing);

@@ -2,13 +2,21 @@
 
 #include <libxml/parser.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace quillon::adapters {
 namespace {
 
-// A profile is a few hundred kilobytes; what is far beyond that is no profile.
+// A profile is a few hundred kilobytes with a few thousand of these characters, most of them in its scripts;
+// what is far beyond that is no profile. They bound the parts that a document can have, and with them the
+// memory and time it takes to read.
 constexpr std::size_t MostBytes = 64u << 20;
+constexpr std::ptrdiff_t MostMarks = 250000;
+
+bool IsMark(char c) {
+    return c == '<' || c == '&' || c == '='; // begins a tag, a reference, an attribute's value
+}
 
 using Context = std::unique_ptr<xmlParserCtxt, decltype(&xmlFreeParserCtxt)>;
 using Tree = std::unique_ptr<xmlDoc, decltype(&xmlFreeDoc)>;
@@ -35,6 +43,8 @@ std::string EncodingOf(const xmlDoc& tree, std::string_view bytes) {
 Judgement JudgeXml(std::string_view bytes) {
     if (bytes.size() > MostBytes)
         return {false, {}, "the file is larger than 64 MB"};
+    if (std::ranges::count_if(bytes, IsMark) > MostMarks)
+        return {false, {}, "the document has more than " + std::to_string(MostMarks) + " parts"};
     const Context context(xmlNewParserCtxt(), &xmlFreeParserCtxt);
     if (!context)
         return {false, {}, "out of memory"};
