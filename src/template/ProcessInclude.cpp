@@ -7,7 +7,6 @@
 #include "platform/FrontEnd.h"
 #include "platform/Platform.h"
 #include "platform/ScriptHost.h"
-#include "shell/Session.h"
 #include "shell/Trace.h"
 
 namespace quillon::basProcTemplate {
@@ -25,8 +24,11 @@ std::int32_t ProcessInclude(std::string& includeText, ScriptHost& host, std::int
     return g_objTrace->Procedure("basProcTemplate - ProcessInclude " + includeText, [&]() -> std::int32_t {
         std::string file;
         try {
-            for (const auto& include : *g_objAudit->Includes()) {
-                file = include->File();
+            // Code of an include may add to the list; what is added counts from the next run on.
+            const auto includes = TheModel().Includes();
+            const auto count = includes->Count();
+            for (std::int32_t position = 1; position <= count; ++position) {
+                file = includes->Item(position)->File();
                 AppendFile(file, includeText, lineCount);
                 host.AddCode(includeText);
             }

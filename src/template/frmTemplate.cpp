@@ -82,7 +82,7 @@ void frmTemplate::Run(Includes& includes) {
     PrepareHost();
     const std::string script = Translate();
     source.SetText(script);
-    if (g_objAudit->Includes()->Count() > 0) {
+    if (TheModel().Includes()->Count() > 0) {
         const auto number = basProcTemplate::ProcessInclude(includes.text, *m_scriptControl, includes.lines);
         if (number != 0) {
             source.SetText(includes.text);

@@ -18,6 +18,7 @@ std::int32_t frmTemplate::ProcessTemplateBatch(bool isFirstTable, const std::str
         g_objTrace->SetNote(
             "If ActiveX Error 429 occurs you need Microsoft XML Parser version 3.0 which is a "
             "required component of Quillon");
+        Load();
         cdmCodeMax[TemplateTab].SetText(g_objArch ? g_objArch->TemplateText() : std::string());
         const std::int32_t number = ProcessTemplate();
         if (number != 0) {
