@@ -45,13 +45,22 @@ Json& MakeGroup(Json& parent, const std::string& name) {
     return *member;
 }
 
+// Writing a document back goes as deep into the stack as the document is nested.
+constexpr int MostNesting = 64;
+
+bool RefuseNesting(int depth, Json::parse_event_t, Json&) {
+    if (depth > MostNesting)
+        throw std::runtime_error("it is nested too deeply");
+    return true;
+}
+
 } // namespace
 
 SettingsDocument::SettingsDocument(std::string_view text) {
     if (text.empty())
         return;
     try {
-        m_root = Json::parse(text);
+        m_root = Json::parse(text, &RefuseNesting);
     } catch (const Json::parse_error& error) {
         // The parser's own words quote the file, which may be the password.
         const auto line = 1 + std::ranges::count(text.substr(0, error.byte), '\n');

@@ -113,6 +113,11 @@ TEST_F(FileSettingsTest, ADamagedFileIsAClearFailureAndStaysAsItIs) {
         }
         EXPECT_EQ(Contents(), contents);
     }
+    const std::string deep = "{\"a\": " + std::string(1000000, '[') + std::string(1000000, ']') + "}";
+    Spoil(deep);
+    EXPECT_NE(ReadFailure().find("nested too deeply"), std::string::npos) << ReadFailure();
+    EXPECT_EQ(FailureNumberOf([&] { Write("server", "x"); }), numbers::PathFileAccess);
+    EXPECT_TRUE(Contents() == deep);
     Spoil("{\n\n  broken");
     EXPECT_NE(ReadFailure().find("line 3"), std::string::npos) << ReadFailure();
 }
