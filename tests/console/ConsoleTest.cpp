@@ -1,36 +1,8 @@
 // The command line as a person runs it: the built program, its output, reports and exit codes.
-#include <gtest/gtest.h>
-
-#include <cstdio>
-#include <sys/wait.h>
-
-#include "support/TemporaryFolder.h"
+#include "Console.h"
 
 namespace quillon::tests {
 namespace {
-
-class Console : public testing::Test {
-  protected:
-    // Runs quillon-console with a home of its own; standard output is the result.
-    std::string Run(const std::string& arguments) {
-        const std::string command = "cd '" + folder.path().string() +
-                                    "' && HOME=. XDG_CONFIG_HOME= XDG_DATA_HOME= QUILLON_HOME=$PWD/app '" +
-                                    QUILLON_BIN_DIR "/quillon-console' " + arguments + " 2>errors.txt";
-        FILE* pipe = popen(command.c_str(), "r");
-        std::string output;
-        char buffer[4096];
-        while (const std::size_t count = fread(buffer, 1, sizeof buffer, pipe))
-            output.append(buffer, count);
-        const int status = pclose(pipe);
-        exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        return output;
-    }
-    std::string Errors() const { return folder.Read("errors.txt"); }
-    bool ErrorsTell(const std::string& text) const { return Errors().find(text) != std::string::npos; }
-
-    TemporaryFolder folder;
-    int exitCode = -1;
-};
 
 constexpr const char* WorkedTemplate = "CREATE TRIGGER {% objAudit.Print strName %} ON t\n"
                                        "\n"
