@@ -3,15 +3,16 @@
 // end.
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <fstream>
-
-#include <unistd.h>
+#include <stdexcept>
 
 #include "adapters/files/DiskFiles.h"
 #include "platform/Platform.h"
 #include "shell/Trace.h"
+#include "support/BenchFolder.h"
 #include "support/HeapMeter.h"
 #include "template/ChildProcess.h"
 #include "template/basNewTemplate.h"
@@ -20,15 +21,12 @@
 namespace quillon::bench {
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr int LineCount = 200000;
 
-// A folder with template.txt, gone at its end.
-class BenchFolder {
+// template.txt, of so many lines.
+class TemplateFile {
   public:
-    explicit BenchFolder(int lineCount)
-        : m_path(fs::temp_directory_path() / ("quillon-bench-" + std::to_string(getpid()))) {
+    explicit TemplateFile(int lineCount) {
         static constexpr std::array lines{"CREATE TRIGGER {% objAudit.Print strName %} ON t",
                                           "",
                                           "{% For i = 1 To 2 %}",
@@ -41,53 +39,64 @@ class BenchFolder {
                                           "a {% p %} b {% q %} c",
                                           "say \"hi\"",
                                           "    SELECT column_name, other_name FROM inserted WHERE id = 1"};
-        fs::create_directories(m_path);
         std::ofstream file(Template(), std::ios::binary);
         for (int i = 0; i < lineCount; ++i)
             file << lines[static_cast<std::size_t>(i) % lines.size()] << '\n';
     }
-    ~BenchFolder() { fs::remove_all(m_path); }
-    BenchFolder(const BenchFolder&) = delete;
-    BenchFolder& operator=(const BenchFolder&) = delete;
 
-    const fs::path& path() const { return m_path; }
-    std::string Template() const { return (m_path / "template.txt").string(); }
-    std::string Output() const { return (m_path / "printed.txt").string(); }
+    std::string Folder() const { return m_folder.path().string(); }
+    std::string Template() const { return m_folder.PathOf("template.txt"); }
+    std::string Output() const { return m_folder.PathOf("printed.txt"); }
 
   private:
-    fs::path m_path;
+    BenchFolder m_folder;
 };
 
-void RunProgram(benchmark::State& state, std::vector<std::string> arguments) {
-    const BenchFolder folder(LineCount);
-    arguments.push_back(folder.Template());
-    double memory = 0;
-    for (auto _ : state) {
-        const ChildRun run = RunChild(arguments, folder.Output());
-        if (run.exitCode != 0 || fs::file_size(folder.Output()) == 0)
-            state.SkipWithError("the program failed");
-        state.SetIterationTime(run.processorSeconds);
-        memory = run.peakMegabytes;
+// Runs of one program, for the middle one of their times.
+class Runs {
+  public:
+    // Seconds of processor time; raises std::runtime_error when the program failed.
+    double Add(const std::vector<std::string>& arguments, const std::string& output) {
+        const ChildRun run = RunChild(arguments, output);
+        if (run.exitCode != 0 || std::filesystem::file_size(output) == 0)
+            throw std::runtime_error(arguments[0] + " failed");
+        m_seconds.push_back(run.processorSeconds);
+        m_megabytes = run.peakMegabytes;
+        return run.processorSeconds;
     }
-    state.counters["MB"] = memory;
-}
+    double Seconds() {
+        std::ranges::sort(m_seconds);
+        return m_seconds[m_seconds.size() / 2];
+    }
+    double Megabytes() const { return m_megabytes; }
 
-void Sed(benchmark::State& state) {
-    RunProgram(state, {"sed", "s/e/E/"});
-}
-BENCHMARK(Sed)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(40);
+  private:
+    std::vector<double> m_seconds;
+    double m_megabytes = 0;
+};
 
-void ConsoleTranslate(benchmark::State& state) {
-    RunProgram(state, {QUILLON_BIN_DIR "/quillon-console", "translate"});
+// The two in turn, so that both take the machine's moods alike.
+void TranslateBesideSed(benchmark::State& state) {
+    const TemplateFile file(LineCount);
+    Runs sed, console;
+    for (auto _ : state) {
+        sed.Add({"sed", "s/e/E/", file.Template()}, file.Output());
+        state.SetIterationTime(
+            console.Add({QUILLON_BIN_DIR "/quillon-console", "translate", file.Template()}, file.Output()));
+    }
+    state.counters["sed_ms"] = 1000 * sed.Seconds();
+    state.counters["ms"] = 1000 * console.Seconds();
+    state.counters["ratio"] = console.Seconds() / sed.Seconds();
+    state.counters["MB"] = console.Megabytes();
 }
-BENCHMARK(ConsoleTranslate)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(40);
+BENCHMARK(TranslateBesideSed)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(40);
 
 // The session's road through the scratch files, with the whole script in memory; per line the memory must
 // stay the same.
 void SessionTranslate(benchmark::State& state) {
     const int lineCount = static_cast<int>(state.range(0));
-    const BenchFolder folder(lineCount);
-    adapters::DiskFiles files(folder.path().string(), folder.path().string());
+    const TemplateFile file(lineCount);
+    adapters::DiskFiles files(file.Folder(), file.Folder());
     const Platform platform({.files = &files});
     g_objTrace = std::make_unique<Trace>();
     double most = 0;

@@ -32,7 +32,7 @@ std::string HandedOn(frmMain& main, ConsoleFrontEnd& frontEnd, const char* handO
     main.Process();
     if (!result)
         throw Failure(numbers::InvalidCall, "The run has handed no script on");
-    return *result;
+    return std::move(*result);
 }
 
 } // namespace

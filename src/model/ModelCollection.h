@@ -66,6 +66,12 @@ class ModelCollection : public ModelObject {
         m_elements.push_back(std::move(element));
     }
 
+    // None for an unknown key.
+    const T* WithKey(std::string_view key) const noexcept {
+        const auto position = m_keys.Find(key);
+        return position ? m_elements[*position].get() : nullptr;
+    }
+
     Element TakeOut(const Value& indexKey) {
         const std::size_t position = m_keys.Locate(indexKey);
         const auto at = m_elements.begin() + static_cast<std::ptrdiff_t>(position);

@@ -50,8 +50,9 @@ void Wait(std::int32_t seconds) {
 
 void SetFirstLast(std::int16_t counter, mdTable& table) {
     g_objTrace->Procedure("basDbaseFunctions.SetFirstLast", [&] {
-        for (const auto& each : *TheModel().Database()->Tables())
-            each->SetIsFirstAuditedTable(false);
+        if (mdTable::FirstAuditedTables() > 0)
+            for (const auto& each : *TheModel().Database()->Tables())
+                each->SetIsFirstAuditedTable(false);
         table.SetIsFirstAuditedTable(counter == 1);
     });
 }

@@ -21,26 +21,39 @@ const std::shared_ptr<mdTables>& mdDatabase::Tables() {
     return m_tables;
 }
 
+bool mdDatabase::KnowsActiveTable() {
+    return m_activeTable && m_activeTableChanges == mdTable::ActiveTableChanges() &&
+           m_tableChanges == Tables()->Changes();
+}
+
+void mdDatabase::KeepActiveTable(std::shared_ptr<mdTable> table, bool isOnlyOne) {
+    m_activeTable = std::move(table);
+    m_isOnlyActiveTable = isOnlyOne;
+    m_activeTableChanges = mdTable::ActiveTableChanges();
+    m_tableChanges = Tables()->Changes();
+}
+
 std::shared_ptr<mdTable> mdDatabase::ActiveTable() {
-    const mdTables& tables = *Tables();
-    const bool known = m_activeTable && m_activeTableChanges == mdTable::ActiveTableChanges() &&
-                       m_tableChanges == tables.Changes();
-    if (!known) {
+    if (!KnowsActiveTable()) {
+        const mdTables& tables = *Tables();
         const auto active =
             std::ranges::find_if(tables, [](const auto& table) { return table->IsActiveTable(); });
-        m_activeTable = active != tables.end() ? *active : tables.Item(1);
-        m_activeTableChanges = mdTable::ActiveTableChanges();
-        m_tableChanges = tables.Changes();
+        KeepActiveTable(active != tables.end() ? *active : tables.Item(1), false);
     }
     return m_activeTable;
 }
 
 void mdDatabase::SetActiveTable(const std::shared_ptr<mdTable>& table) {
-    for (const auto& other : *Tables())
-        other->SetIsActiveTable(false);
+    if (KnowsActiveTable() && m_isOnlyActiveTable)
+        m_activeTable->SetIsActiveTable(false);
+    else
+        for (const auto& other : *Tables())
+            other->SetIsActiveTable(false);
     if (!table)
         throw Failure(numbers::ObjectNotSet);
     table->SetIsActiveTable(true);
+    if (Tables()->Holds(*table))
+        KeepActiveTable(table, true);
 }
 
 } // namespace quillon

@@ -42,6 +42,9 @@ class mdDatabase : public ModelObject {
     void SetActiveTable(const std::shared_ptr<mdTable>& table);
 
   private:
+    bool KnowsActiveTable();
+    void KeepActiveTable(std::shared_ptr<mdTable> table, bool isOnlyOne);
+
     std::string m_owner;
     std::string m_connectionString;
     std::string m_server;
@@ -50,8 +53,10 @@ class mdDatabase : public ModelObject {
     std::shared_ptr<mdTables> m_tables;
 
     // The last answer of ActiveTable and what it was found under. A template reads the active table again and
-    // again; walking thousands of tables for each read would cost more than the generation itself.
+    // again, and a run sets one after the other; walking thousands of tables each time would cost more than
+    // the generation itself.
     std::shared_ptr<mdTable> m_activeTable;
+    bool m_isOnlyActiveTable = false; // it is known that no other table is active
     std::uint32_t m_activeTableChanges = 0;
     std::uint32_t m_tableChanges = 0;
 };

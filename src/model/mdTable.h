@@ -16,6 +16,9 @@ namespace quillon {
 
 class mdTable : public ModelObject {
   public:
+    mdTable() = default;
+    ~mdTable() { SetIsFirstAuditedTable(false); }
+
     // The first table that the running generation has reached; templates write the script's header at it.
     bool IsFirstAuditedTable() const noexcept { return m_isFirstAuditedTable; }
     // The CREATE TABLE script: asked of the catalogue at the first read, then kept for the life of the
@@ -41,7 +44,10 @@ class mdTable : public ModelObject {
     const std::shared_ptr<mdFields>& Fields() { return Created(m_fields); }
     const std::shared_ptr<mdTriggers>& Triggers() { return Created(m_triggers); }
 
-    void SetIsFirstAuditedTable(bool value) { m_isFirstAuditedTable = value; }
+    void SetIsFirstAuditedTable(bool value) noexcept {
+        s_firstAuditedTables += static_cast<int>(value) - static_cast<int>(m_isFirstAuditedTable);
+        m_isFirstAuditedTable = value;
+    }
     void SetScript(std::string script) { m_script = std::move(script); }
     void SetCreateDate(DateValue date) { m_createDate = date; }
     void SetIsActiveTable(bool value);
@@ -58,6 +64,9 @@ class mdTable : public ModelObject {
 
     // Grows whenever a table anywhere becomes active or ceases to be; mdDatabase keeps its answer until then.
     static std::uint32_t ActiveTableChanges() noexcept { return s_activeTableChanges; }
+    // How many tables anywhere are the first audited one: who is to clear the mark need not walk thousands of
+    // tables when there is none.
+    static int FirstAuditedTables() noexcept { return s_firstAuditedTables; }
 
   private:
     template <class T>
@@ -68,6 +77,7 @@ class mdTable : public ModelObject {
     }
 
     static inline std::uint32_t s_activeTableChanges = 0;
+    static inline int s_firstAuditedTables = 0;
 
     InternedText m_name;
     InternedText m_owner;

@@ -14,6 +14,10 @@ mdTables::Element mdTables::Add(InternedText name, InternedText owner, DateValue
     return table;
 }
 
+bool mdTables::Holds(const mdTable& table) const {
+    return WithKey(QualifiedName(table.Owner(), table.Name())) == &table;
+}
+
 void mdTables::Remove(const Value& indexKey) {
     TakeOut(indexKey);
     ++m_changes;

@@ -15,6 +15,8 @@ class mdTables : public ModelCollection<mdTable> {
     // Raises 457 for a table already there.
     Element Add(InternedText name, InternedText owner, DateValue createDate);
     void Remove(const Value& indexKey);
+    // Whether this very table is an element.
+    bool Holds(const mdTable& table) const;
 
     // Grows whenever a table is added or removed.
     std::uint32_t Changes() const noexcept { return m_changes; }

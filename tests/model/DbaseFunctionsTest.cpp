@@ -167,6 +167,9 @@ TEST_F(DbaseFunctionsTest, OnlyTheFirstTableOfARunIsFirst) {
     SetFirstLast(2, *second);
     EXPECT_FALSE(first->IsFirstAuditedTable());
     EXPECT_FALSE(second->IsFirstAuditedTable());
+    second->SetIsFirstAuditedTable(true);
+    SetFirstLast(3, *first);
+    EXPECT_FALSE(second->IsFirstAuditedTable());
 }
 
 } // namespace

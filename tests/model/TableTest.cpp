@@ -85,6 +85,16 @@ TEST_F(Tables, ActiveTableIsTheFirstActiveOne) {
     EXPECT_EQ(database.ActiveTable(), second);
     database.SetActiveTable(third);
     EXPECT_FALSE(second->IsActiveTable());
+    database.SetActiveTable(second); // one after the other, as a run does
+    EXPECT_FALSE(third->IsActiveTable());
+    EXPECT_EQ(database.ActiveTable(), second);
+    const auto foreign = std::make_shared<mdTable>();
+    database.SetActiveTable(foreign); // no table of this database
+    EXPECT_FALSE(second->IsActiveTable());
+    EXPECT_EQ(database.ActiveTable(), orders);
+    orders->SetIsActiveTable(true);
+    database.SetActiveTable(third);
+    EXPECT_FALSE(orders->IsActiveTable());
     database.Tables()->Remove("dbo.Third");
     EXPECT_EQ(database.ActiveTable(), orders);
     EXPECT_EQ(FailureOf([&] { database.SetActiveTable(nullptr); }), numbers::ObjectNotSet);

@@ -48,6 +48,12 @@ void Descriptor::RefuseFolder() {
     }
 }
 
+std::size_t Descriptor::Size() const noexcept {
+    struct stat status {};
+    return fstat(m_descriptor, &status) == 0 && status.st_size > 0 ? static_cast<std::size_t>(status.st_size)
+                                                                   : 0;
+}
+
 std::size_t Descriptor::Read(char* buffer, std::size_t size) {
     const auto count = Uninterrupted([&] { return read(m_descriptor, buffer, size); });
     if (count < 0)
@@ -62,6 +68,11 @@ void Descriptor::Write(std::string_view bytes) {
             RaiseSystemFailure(errno, m_path);
         bytes.remove_prefix(static_cast<std::size_t>(count));
     }
+}
+
+void Descriptor::Truncate(std::size_t size) {
+    if (Uninterrupted([&] { return ftruncate(m_descriptor, static_cast<off_t>(size)); }) < 0)
+        RaiseSystemFailure(errno, m_path);
 }
 
 void Descriptor::Sync() {

@@ -19,9 +19,12 @@ class Descriptor {
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
 
+    // As the system tells it now; 0 where it does not tell.
+    std::size_t Size() const noexcept;
     // Number of bytes read, 0 at the end.
     std::size_t Read(char* buffer, std::size_t size);
     void Write(std::string_view bytes);
+    void Truncate(std::size_t size);
     // Waits until the bytes are on the disk itself.
     void Sync();
     // Reports what the system noticed late, as a full disk on some file systems. Closing twice does nothing.

@@ -1,6 +1,5 @@
 #include "adapters/files/DiskFiles.h"
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -78,11 +77,11 @@ std::unique_ptr<LineReader> DiskFiles::OpenInput(const std::string& path) {
 }
 
 std::unique_ptr<FileWriter> DiskFiles::OpenOutput(const std::string& path) {
-    return std::make_unique<BufferedFileWriter>(ToNative(path), O_TRUNC);
+    return std::make_unique<BufferedFileWriter>(ToNative(path), BufferedFileWriter::Start::Afresh);
 }
 
 std::unique_ptr<FileWriter> DiskFiles::OpenAppend(const std::string& path) {
-    return std::make_unique<BufferedFileWriter>(ToNative(path), O_APPEND);
+    return std::make_unique<BufferedFileWriter>(ToNative(path), BufferedFileWriter::Start::AtEnd);
 }
 
 std::string DiskFiles::ReadAll(const std::string& path) {

@@ -59,8 +59,9 @@ bool BufferedLineReader::ReadLine(std::string& line) {
     return found;
 }
 
-BufferedFileWriter::BufferedFileWriter(const std::string& nativePath, int flags)
-    : m_file(nativePath, O_WRONLY | O_CREAT | flags) {
+BufferedFileWriter::BufferedFileWriter(const std::string& nativePath, Start start)
+    : m_file(nativePath, O_WRONLY | O_CREAT | (start == Start::AtEnd ? O_APPEND : 0))
+    , m_start(start) {
     m_buffer.reserve(BufferSize);
 }
 
@@ -78,7 +79,7 @@ void BufferedFileWriter::Write(std::string_view text) {
     if (m_buffer.size() + text.size() > BufferSize)
         Flush();
     if (text.size() >= BufferSize)
-        m_file.Write(text);
+        WriteThrough(text);
     else
         m_buffer += text;
 }
@@ -88,17 +89,31 @@ void BufferedFileWriter::WriteLine(std::string_view text) {
     Write("\r\n");
 }
 
+void BufferedFileWriter::WriteThrough(std::string_view bytes) {
+    m_file.Write(bytes);
+    m_written += bytes.size();
+}
+
 void BufferedFileWriter::Flush() {
     // What could not be written is not tried again at the next call: the caller has been told.
-    const std::string bytes = std::exchange(m_buffer, {});
-    m_file.Write(bytes);
-    m_buffer.reserve(BufferSize);
+    std::string bytes = std::exchange(m_buffer, {});
+    WriteThrough(bytes);
+    bytes.clear();
+    m_buffer = std::move(bytes);
+}
+
+// A file that is emptied first has its blocks given back and allocated anew, and some systems then write it
+// to the disk at once: many times the cost of writing over it. Scratch files are written for every table.
+void BufferedFileWriter::CutOffFormerContents() {
+    if (m_start == Start::Afresh && m_file.Size() > m_written)
+        m_file.Truncate(m_written);
 }
 
 void BufferedFileWriter::Close() {
     if (!m_file.IsOpen())
         return;
     Flush();
+    CutOffFormerContents();
     m_file.Close();
 }
 

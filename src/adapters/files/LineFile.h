@@ -29,8 +29,11 @@ class BufferedLineReader : public LineReader {
 
 class BufferedFileWriter : public FileWriter {
   public:
-    // `flags` as for open(2), beside those for writing and creating.
-    BufferedFileWriter(const std::string& nativePath, int flags);
+    enum class Start {
+        Afresh, // what the file held is gone when it is closed
+        AtEnd,
+    };
+    BufferedFileWriter(const std::string& nativePath, Start start);
     // Writes and closes; a failure then is lost, so whoever cares calls Close.
     ~BufferedFileWriter() override;
     void Write(std::string_view text) override;
@@ -38,10 +41,14 @@ class BufferedFileWriter : public FileWriter {
     void Close() override;
 
   private:
+    void WriteThrough(std::string_view bytes);
     void Flush();
+    void CutOffFormerContents();
 
     Descriptor m_file;
+    Start m_start;
     std::string m_buffer;
+    std::size_t m_written = 0;
 };
 
 } // namespace quillon::adapters

@@ -10,6 +10,7 @@ std::string ReadBytes(const std::string& nativePath) {
     constexpr std::size_t Step = std::size_t{64} * 1024;
     Descriptor file(nativePath, O_RDONLY);
     std::string contents;
+    contents.reserve(file.Size() + Step); // a guess: what is read decides
     std::size_t count = 0;
     do {
         const std::size_t size = contents.size();

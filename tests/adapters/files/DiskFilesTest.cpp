@@ -87,6 +87,11 @@ TEST_F(DiskFilesTest, WritesAppendsAndReadsBack) {
     EXPECT_EQ(files.ReadAll(At("Prüfung.sql")), "GO\r\n" + large + "end\r\n");
     files.OpenOutput(At("Prüfung.sql"))->Close();
     EXPECT_EQ(files.ReadAll(At("Prüfung.sql")), "");
+    for (const std::string& text : {std::string("shorter"), std::string(70'000, 's'), std::string()}) {
+        folder.Write("long.txt", std::string(100'000, 'l'));
+        files.OpenOutput(At("long.txt"))->Write(text);
+        EXPECT_TRUE(folder.Read("long.txt") == text) << text.size();
+    }
     files.OpenAppend(At("new.txt"))->Write("made");
     EXPECT_EQ(folder.Read("new.txt"), "made");
 }
