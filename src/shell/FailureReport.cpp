@@ -25,7 +25,7 @@ std::string FailureNumberText(double number) {
 
 std::string TextOf(const FailureRecord& record) {
     const FailureReport& report = record.Report;
-    std::string text = "---- " + conversion::TextOf(record.Time) + LineEnd;
+    std::string text = ReportStart + conversion::TextOf(record.Time) + LineEnd;
     text += Line("Program: ", record.Application);
     text += Line("Failure: ", report.Description);
     text += Line("Number: ", FailureNumberText(report.Number));

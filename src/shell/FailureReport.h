@@ -19,7 +19,8 @@ struct FailureRecord {
     std::string MailAddress; // where the report may be sent
 };
 
-// The record as lines that end with CR LF, as the report file keeps it.
+// The record as lines that end with CR LF, as the report file keeps it; the first begins with ReportStart.
+inline constexpr const char* ReportStart = "---- ";
 std::string TextOf(const FailureRecord& record);
 
 // "13", "0x80040E21": results with a facility are known by their hexadecimal form, all others by the decimal.

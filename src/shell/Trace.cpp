@@ -21,6 +21,8 @@ std::unique_ptr<Trace> g_objTrace;
 namespace {
 
 constexpr const char* ReportFileName = "exception.txt";
+// A run over thousands of tables can fail at each of them, day after day.
+constexpr std::size_t MostReportBytes = std::size_t{1} << 20;
 
 struct Caught {
     std::int32_t number;
@@ -71,6 +73,26 @@ std::string Joined(const std::string& first, std::string_view second) {
     if (first.empty() || second.empty())
         return first + std::string(second);
     return first + "\r\n" + std::string(second);
+}
+
+// The newest reports of a file, about half of what it may hold, from the start of one on.
+std::string_view NewestReports(std::string_view reports) {
+    if (reports.size() <= MostReportBytes / 2)
+        return reports;
+    const auto lineEnd = reports.find(std::string("\n") + ReportStart, reports.size() - MostReportBytes / 2);
+    return lineEnd == std::string_view::npos ? std::string_view() : reports.substr(lineEnd + 1);
+}
+
+void AddReport(const std::string& path, const std::string& report) {
+    Files& files = ThePlatform().files();
+    const std::string former = files.Exists(path) ? files.ReadAll(path) : std::string();
+    if (former.size() + report.size() > MostReportBytes) {
+        files.Replace(path, std::string(NewestReports(former)) + report);
+        return;
+    }
+    const auto writer = files.OpenAppend(path);
+    writer->Write(report);
+    writer->Close();
 }
 
 } // namespace
@@ -152,9 +174,7 @@ std::string Trace::AppendToFile(const FailureRecord& record) const {
     if (path.empty() || !m_writesReportFile)
         return {};
     try {
-        const auto writer = ThePlatform().files().OpenAppend(path);
-        writer->Write(TextOf(record));
-        writer->Close();
+        AddReport(path, TextOf(record));
         return {};
     } catch (const std::exception& error) {
         return "This report could not be added to " + path + ": " + error.what();

@@ -48,7 +48,8 @@ class Trace {
     void SetMailAddress(std::string address) { m_mailAddress = std::move(address); }
     // Folder of the report file, with its trailing separator. Without it no file is written.
     void SetFolder(std::string folder) { m_folder = std::move(folder); }
-    // Whether reports go to the report file as well as to the user. False at creation.
+    // Whether reports go to the report file as well as to the user. False at creation. The file keeps the
+    // newest reports, about a megabyte of them.
     void SetOption(bool writesReportFile) { m_writesReportFile = writesReportFile; }
 
     // --- notes ---

@@ -8,7 +8,7 @@ namespace quillon::basMain {
 // cancels the first login.
 void Main();
 
-// Where users send failure reports.
-inline constexpr const char* BugReportAddress = "quillon-bugs@localhost";
+// Where users send failure reports: a placeholder that reaches nobody, until there is an address.
+inline constexpr const char* BugReportAddress = "bugs@quillon.example";
 
 } // namespace quillon::basMain

@@ -172,6 +172,25 @@ TEST_F(TraceTest, TheReportFileKeepsEveryFailureInOrder) {
         EXPECT_NE(text.find(part), std::string::npos) << part << " is not in\n" << text;
 }
 
+TEST_F(TraceTest, TheReportFileKeepsTheNewestReportsOnly) {
+    trace.SetFolder("\\app\\");
+    trace.SetOption(true);
+    std::string& file = memoryFiles.Contents["\\app\\exception.txt"];
+    file = "---- of an older program\r\n" + std::string(3 << 20, 'x');
+    std::size_t largest = 0;
+    for (int number = 1; number <= 60; ++number) {
+        frontEnd.ExpectFailure("");
+        trace.SetNote("note " + std::to_string(number) + std::string(50000, '.'));
+        trace.Procedure("bas.Work", [] { throw Failure(numbers::InvalidCall); });
+        EXPECT_TRUE(file.starts_with("---- ")) << file.substr(0, 100);
+        EXPECT_NE(file.find("Note: note " + std::to_string(number) + "."), std::string::npos);
+        largest = std::max(largest, file.size());
+    }
+    EXPECT_LE(largest, std::size_t{1} << 20);
+    EXPECT_NE(file.find("Note: note 55."), std::string::npos); // not only the last one
+    EXPECT_EQ(file.find("of an older program"), std::string::npos);
+}
+
 TEST_F(TraceTest, NoFileIsWrittenUnlessItIsWanted) {
     trace.SetFolder("\\app\\");
     frontEnd.ExpectFailure("");
