@@ -3,6 +3,8 @@
 #include "SessionFixture.h"
 #include "platform/FailureNumbers.h"
 #include "support/FailureNumberOf.h"
+#include "support/FakeJobServer.h"
+#include "support/FakeSpreadsheet.h"
 
 namespace quillon::tests {
 namespace {
@@ -93,6 +95,48 @@ TEST(Doubles, CommandsFillTheirParameters) {
     command->Execute();
     EXPECT_EQ(command->ParameterNamed("RETURN_VALUE").Value, Value(std::int32_t{7}));
     EXPECT_EQ(FailureNumberOf([&] { command->ParameterNamed("none"); }), numbers::ItemNotFound);
+}
+
+TEST(Doubles, TheJobAgentKeepsItsJobs) {
+    FaultPlan plan;
+    FakeJobServer agent{plan};
+    agent.Add("Nightly").History.emplace_back().RunStatus = 1;
+    JobServer& jobs = agent;
+    const JobRef job = jobs.NewJob();
+    job->Name = "NIGHTLY";
+    EXPECT_EQ(FailureNumberOf([&] { jobs.AddJob(job); }), numbers::JobExists);
+    job->Name = "Weekly";
+    jobs.AddJob(job);
+    EXPECT_EQ(jobs.JobNamed("weekly"), jobs.JobAt(2));
+    job->AddStep({});
+    job->AddSchedule(jobs.NewSchedule());
+    EXPECT_EQ(FailureNumberOf([&] { job->ScheduleAt(2); }), numbers::ItemNotFound);
+    agent.IsRunning = false;
+    EXPECT_EQ(FailureNumberOf([&] { job->Start(); }), numbers::AgentNotRunning);
+    plan.FailAt("Job.Remove", 1, Failure(numbers::DataAccess));
+    EXPECT_EQ(FailureNumberOf([&] { job->Remove(); }), numbers::DataAccess);
+    EXPECT_EQ(jobs.JobCount(), 2u);
+    job->Remove();
+    jobs.JobAt(1)->PurgeHistory();
+    EXPECT_EQ(jobs.JobCount(), 1u);
+    EXPECT_TRUE(jobs.JobAt(1)->EnumHistory().empty());
+}
+
+TEST(Doubles, WorkbooksKeepTheirCells) {
+    FaultPlan plan;
+    FakeSpreadsheets spreadsheets{plan};
+    plan.FailAt("Spreadsheets.NewWorkbook", 1, Failure(numbers::CannotCreateObject));
+    EXPECT_EQ(FailureNumberOf([&] { spreadsheets.NewWorkbook(); }), numbers::CannotCreateObject);
+    {
+        const auto sheet = spreadsheets.NewWorkbook();
+        sheet->SetCell(1, 2, "b");
+        sheet->SetCell(1, 2, "c");
+        sheet->AutoFitColumns();
+        sheet->Show();
+    }
+    ASSERT_EQ(spreadsheets.Books.size(), 1u);
+    EXPECT_EQ(spreadsheets.Books[0].Cells.at({1, 2}), Value("c"));
+    EXPECT_TRUE(spreadsheets.Books[0].IsFitted && spreadsheets.Books[0].IsShown);
 }
 
 TEST(Doubles, FilesInMemoryActAsFiles) {

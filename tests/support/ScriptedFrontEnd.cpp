@@ -14,7 +14,12 @@ namespace {
 
 std::string Box(const std::string& text, const std::string& title, Icon icon, Buttons buttons) {
     static constexpr const char* icons[] = {"no", "critical", "question", "warning", "information"};
-    static constexpr const char* choices[] = {"OK", "OK and Cancel", "Yes and No", "Yes, No and Cancel"};
+    static constexpr const char* choices[] = {"OK",
+                                              "OK and Cancel",
+                                              "Yes and No",
+                                              "Yes, No and Cancel",
+                                              "Abort, Retry and Ignore",
+                                              "Retry and Cancel"};
     return "box \"" + title + "\" with " + icons[static_cast<int>(icon)] + " icon and " +
            choices[static_cast<int>(buttons)] + ": " + text;
 }
