@@ -88,12 +88,12 @@ void Editor::Select(EditorPosition start, EditorPosition end) {
 }
 
 std::string Editor::SelectedText() const {
-    const auto [from, to] = std::minmax(OffsetOf(m_start), OffsetOf(m_end));
+    const auto [from, to] = std::minmax({OffsetOf(m_start), OffsetOf(m_end)});
     return m_text.substr(from, to - from);
 }
 
 void Editor::ReplaceSelection(const std::string& text) {
-    const auto [from, to] = std::minmax(OffsetOf(m_start), OffsetOf(m_end));
+    const auto [from, to] = std::minmax({OffsetOf(m_start), OffsetOf(m_end)});
     std::string changed = m_text;
     changed.replace(from, to - from, text);
     Type(std::move(changed));

@@ -29,9 +29,10 @@ void ComboBox::SetItemData(std::size_t position, std::int32_t itemData) {
 
 void ComboBox::Clear() {
     m_items.clear();
-    m_listIndex = -1;
-    if (m_isDropDownList)
+    // The text of an entry goes with it; one that only asks for a choice stays.
+    if (m_isDropDownList && m_listIndex >= 0)
         m_text.clear();
+    m_listIndex = -1;
     Changed(ControlChange::Items);
 }
 
