@@ -8,14 +8,19 @@
 #include "platform/Platform.h"
 #include "platform/ScriptHost.h"
 #include "shell/Trace.h"
+#include "template/TextLines.h"
 
 namespace quillon::basProcTemplate {
 namespace {
 
 void AppendFile(const std::string& file, std::string& text, std::int32_t& lineCount) {
     const auto input = ThePlatform().files().OpenInput(file);
-    for (std::string line; input->ReadLine(line); ++lineCount)
+    bool isFirst = true;
+    for (std::string line; input->ReadLine(line); ++lineCount, isFirst = false) {
+        if (isFirst)
+            DropByteOrderMark(line);
         text.append(line).append("\r\n");
+    }
 }
 
 } // namespace
@@ -28,7 +33,7 @@ std::int32_t ProcessInclude(std::string& includeText, ScriptHost& host, std::int
             const auto includes = TheModel().Includes();
             const auto count = includes->Count();
             for (std::int32_t position = 1; position <= count; ++position) {
-                file = includes->Item(position)->File();
+                file = includes->At(position)->File();
                 AppendFile(file, includeText, lineCount);
                 host.AddCode(includeText);
             }

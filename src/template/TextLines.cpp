@@ -27,4 +27,10 @@ bool TextLines::Take(std::string_view& line) noexcept {
     return true;
 }
 
+void DropByteOrderMark(std::string& textOrFirstLine) {
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    if (textOrFirstLine.starts_with(mark))
+        textOrFirstLine.erase(0, mark.size());
+}
+
 } // namespace quillon

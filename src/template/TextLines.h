@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace quillon {
@@ -26,5 +27,8 @@ class TextLines {
     std::size_t m_feed;
     std::size_t m_return;
 };
+
+// A file that a person's editor wrote may begin with a byte order mark, which is no part of its text.
+void DropByteOrderMark(std::string& textOrFirstLine);
 
 } // namespace quillon

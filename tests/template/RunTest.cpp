@@ -22,7 +22,7 @@ TEST_F(Run, TakesItsStepsInOrder) {
     });
     Form().Load();
     g_objAudit->Includes()->Add("a.vbs");
-    memory.Contents["\\p\\a.vbs"] = "one\ntwo";
+    memory.Contents["\\p\\a.vbs"] = "\xEF\xBB\xBFone\ntwo";
     plan.Log.clear();
     RunTest::Run("x");
     std::erase_if(plan.Log, [](const std::string& entry) {

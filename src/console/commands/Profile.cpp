@@ -15,6 +15,7 @@
 #include "platform/Files.h"
 #include "platform/Platform.h"
 #include "shell/Session.h"
+#include "template/TextLines.h"
 
 namespace quillon::console {
 namespace {
@@ -98,17 +99,10 @@ void Show(const Options& options) {
     FlushStandardOutput();
 }
 
-// A file that a person's editor wrote: a byte order mark is no part of the text.
-std::string TextOfFile(const std::string& path) {
-    std::string text = ThePlatform().files().ReadAll(PathGiven(path));
-    if (text.starts_with("\xEF\xBB\xBF"))
-        text.erase(0, 3);
-    return text;
-}
-
 void Set(const Options& options) {
     Profile& profile = NewProfile();
-    const std::string text = TextOfFile(options.file);
+    std::string text = ThePlatform().files().ReadAll(PathGiven(options.file));
+    DropByteOrderMark(text);
     if (!profile.Load(PathGiven(options.profile)))
         return;
     (profile.*FieldNamed(options.field).set)(text);

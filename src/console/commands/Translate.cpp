@@ -12,6 +12,7 @@
 #include "shell/Session.h"
 #include "shell/Trace.h"
 #include "template/ScriptStream.h"
+#include "template/TextLines.h"
 
 namespace quillon::console {
 namespace {
@@ -21,7 +22,6 @@ struct Options {
     bool jscript = false;
 };
 
-// The lines of a file that a person's editor wrote: a byte order mark is no part of the template.
 class TemplateLines : public LineReader {
   public:
     explicit TemplateLines(const std::string& path)
@@ -29,8 +29,8 @@ class TemplateLines : public LineReader {
 
     bool ReadLine(std::string& line) override {
         const bool found = m_lines->ReadLine(line);
-        if (m_isFirst && line.starts_with("\xEF\xBB\xBF"))
-            line.erase(0, 3);
+        if (m_isFirst)
+            DropByteOrderMark(line);
         m_isFirst = false;
         return found;
     }
