@@ -1,9 +1,12 @@
 // The guide in a window of its own: the same pages that stand in docs/.
+#include <QAbstractTextDocumentLayout>
 #include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QMainWindow>
 #include <QPointer>
+#include <QScrollBar>
+#include <QTextBlock>
 #include <QTextBrowser>
 
 #include "desktop/Boxes.h"
@@ -12,14 +15,25 @@
 namespace quillon::desktop {
 namespace {
 
-// Topics whose page is a section of the guide.
+// The section of the guide for a Help button's topic, and for F1 on a screen.
 struct Topic {
     const char* topic;
     const char* heading;
 };
 constexpr Topic topics[] = {
-    {"login.htm", "Log in"},          {"Includes.htm", "Include files"}, {"Install.htm", "Install"},
-    {"Create Query.htm", "Generate"}, {"options.htm", "Options"},
+    {"login.htm", "Log in"},
+    {"Includes.htm", "Include files"},
+    {"Install.htm", "Install"},
+    {"Create Query.htm", "Generate"},
+    {"options.htm", "Options"},
+    {"frmMain", "Select"},
+    {"frmODBCLogon", "Log in"},
+    {"frmIncludes", "Include files"},
+    {"frmInstall", "Install"},
+    {"frmOptions", "Options"},
+    {"frmResults", "Script editor"},
+    {"frmScriptResults", "Results"},
+    {"frmDDL", "Select"},
 };
 
 QString HeadingOf(const QString& topic) {
@@ -27,6 +41,16 @@ QString HeadingOf(const QString& topic) {
         if (topic.compare(QLatin1String(known.topic), Qt::CaseInsensitive) == 0)
             return QLatin1String(known.heading);
     return {};
+}
+
+void Turn(QTextBrowser& browser, const QString& heading) {
+    const QTextDocument& page = *browser.document();
+    for (QTextBlock block = page.begin(); block.isValid(); block = block.next())
+        if (block.blockFormat().headingLevel() > 0 && block.text() == heading) {
+            const double top = page.documentLayout()->blockBoundingRect(block).top();
+            browser.verticalScrollBar()->setValue(static_cast<int>(top) - 12);
+            return;
+        }
 }
 
 } // namespace
@@ -60,11 +84,8 @@ void ShowGuide(QWidget* parent, const QString& folder, const QString& topic) {
     browser->setMarkdown(QString::fromUtf8(page.readAll()));
     window->show();
     window->raise();
-    if (const QString heading = HeadingOf(topic); !heading.isEmpty()) {
-        browser->moveCursor(QTextCursor::Start);
-        browser->find(heading);
-        browser->ensureCursorVisible();
-    }
+    if (const QString heading = HeadingOf(topic); !heading.isEmpty())
+        Turn(*browser, heading);
 }
 
 } // namespace quillon::desktop

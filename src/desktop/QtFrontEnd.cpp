@@ -117,8 +117,12 @@ bool QtFrontEnd::eventFilter(QObject* watched, QEvent* event) {
     if (window == nullptr)
         return false;
     m_seenKey = &key;
-    const bool taken = window->KeyPressed(widget, key);
+    bool taken = window->KeyPressed(widget, key);
     m_seenKey = nullptr;
+    if (!taken && key.key() == Qt::Key_F1) {
+        Help(window->Shown().Name());
+        taken = true;
+    }
     return taken;
 }
 
