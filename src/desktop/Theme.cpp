@@ -84,6 +84,9 @@ QPalette PaletteOf(const Theme& theme) {
     palette.setColor(QPalette::HighlightedText, theme.onAccent);
     palette.setColor(QPalette::Link, theme.accent);
     palette.setColor(QPalette::Mid, theme.border);
+    palette.setColor(QPalette::Light, theme.isDark ? theme.border : theme.base);
+    palette.setColor(QPalette::Midlight, theme.isDark ? theme.border : theme.line);
+    palette.setColor(QPalette::Dark, theme.border);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, theme.faint);
     palette.setColor(QPalette::Disabled, QPalette::Base, theme.window);
