@@ -181,6 +181,27 @@ TEST_F(LoadTest, StopsBetweenTables) {
     EXPECT_EQ(Main().stbStatus.Panel(4), "");
 }
 
+// What a person does in a turn can take the model away, or the catalogue's tables from under the load.
+TEST_F(LoadTest, ATurnThatTakesTheModelAwayEndsTheLoad) {
+    for (const char* name : {"a", "b", "c"})
+        database.AddTable("dbo", name).AddTrigger("dbo", "trg", catalogue::TriggerInsert, Ours);
+    frontEnd.OnDoEvents = [&] {
+        if (frontEnd.Turns() == 2)
+            g_objAudit.reset(); // as a new login does
+    };
+    EXPECT_FALSE(CreateObjectHeirarchy());
+    EXPECT_EQ(g_objAudit, nullptr);
+    EXPECT_EQ(Main().stbStatus.Panel(4), "");
+
+    frontEnd.OnDoEvents = {};
+    ASSERT_TRUE(CreateObjectHeirarchy());
+    const auto former = g_objAudit;
+    frontEnd.OnDoEvents = [] { g_objAudit = std::make_shared<AuditObj>(); }; // as a new pick does
+    ReloadTriggers();
+    EXPECT_EQ(former->Database()->Tables()->Named("dbo.a")->Triggers()->Count(), 1);
+    EXPECT_EQ(frontEnd.CurrentPointer(), Pointer::Default);
+}
+
 TEST_F(LoadTest, AFailureOnOneTableLeavesTheOthersWhole) {
     for (const char* name : {"a", "b"}) {
         auto& table = database.AddTable("dbo", name);
