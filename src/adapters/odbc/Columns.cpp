@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "adapters/odbc/WideText.h"
 #include "platform/Conversion.h"
 
 namespace quillon::adapters {
@@ -26,18 +27,22 @@ DateValue DateOf(const SQL_TIMESTAMP_STRUCT& moment) {
     return {whole.days + std::copysign(seconds / 86400, whole.days)};
 }
 
-// "12.300" as "12.3", "5.00" as "5".
-std::string WithoutTrailingZeros(std::string digits) {
-    if (digits.find('.') == std::string::npos)
-        return digits;
-    digits.erase(digits.find_last_not_of('0') + 1);
+// "12.300" as "12.3", "5.00" as "5", ".5" as "0.5".
+std::string WithoutTrailingZeros(std::string_view digits) {
+    if (digits.find('.') == digits.npos)
+        return std::string(digits);
+    while (digits.ends_with('0'))
+        digits.remove_suffix(1);
     if (digits.ends_with('.'))
-        digits.pop_back();
-    if (digits.starts_with('.'))
-        digits.insert(0, "0");
-    if (digits.starts_with("-."))
-        digits.insert(1, "0");
-    return digits;
+        digits.remove_suffix(1);
+    std::string plain;
+    if (digits.starts_with('-')) {
+        plain = '-';
+        digits.remove_prefix(1);
+    }
+    if (digits.empty() || digits.front() == '.')
+        plain += '0';
+    return plain.append(digits);
 }
 
 std::string Uppered(std::string digits) {
@@ -85,12 +90,12 @@ Columns::~Columns() {
 }
 
 void Columns::Describe(Column& column, SQLUSMALLINT number) {
-    std::array<SQLCHAR, 1024> name{};
+    std::array<SQLWCHAR, 256> name{};
     SQLSMALLINT nameLength = 0, type = 0, digits = 0, nullable = 0;
     SQLULEN size = 0;
-    SQLDescribeCol(m_statement.get(), number, name.data(), static_cast<SQLSMALLINT>(name.size()), &nameLength,
-                   &type, &size, &digits, &nullable);
-    column.name = reinterpret_cast<const char*>(name.data());
+    SQLDescribeColW(m_statement.get(), number, name.data(), static_cast<SQLSMALLINT>(name.size()),
+                    &nameLength, &type, &size, &digits, &nullable);
+    column.name = PlainText(name.data());
 
     std::array<SQLCHAR, 64> typeName{};
     SQLColAttribute(m_statement.get(), number, SQL_DESC_TYPE_NAME, typeName.data(),
@@ -172,7 +177,7 @@ Value Columns::ValueOf(Column& column, SQLUSMALLINT number) {
     case Form::Single: return Value(As<float>(column.buffer));
     case Form::Currency: return Value(CurrencyOf(text));
     case Form::Date: return Value(DateOf(As<SQL_TIMESTAMP_STRUCT>(column.buffer)));
-    case Form::Digits: return Value(DecimalValue{WithoutTrailingZeros(std::move(text))});
+    case Form::Digits: return Value(DecimalValue{WithoutTrailingZeros(text)});
     case Form::Guid: return Value("{" + text + "}");
     case Form::Binary: return Value("0x" + Uppered(std::move(text)));
     case Form::Text: break;

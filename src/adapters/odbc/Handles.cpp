@@ -4,6 +4,7 @@
 #include <array>
 #include <string_view>
 
+#include "adapters/odbc/WideText.h"
 #include "platform/Failure.h"
 #include "platform/FailureNumbers.h"
 
@@ -103,20 +104,18 @@ SQLHANDLE TheEnvironment() {
 
 std::vector<data::Error> Diagnostics(const Handle& handle) {
     std::vector<data::Error> errors;
-    std::array<SQLCHAR, 8192> text;
-    std::array<SQLCHAR, 6> state;
+    std::array<SQLWCHAR, 8192> text;
+    std::array<SQLWCHAR, 6> state;
     for (SQLSMALLINT record = 1;; ++record) {
         SQLINTEGER native = 0;
         SQLSMALLINT length = 0;
-        const auto result = SQLGetDiagRec(handle.type(), handle.get(), record, state.data(), &native,
-                                          text.data(), static_cast<SQLSMALLINT>(text.size()), &length);
+        const auto result = SQLGetDiagRecW(handle.type(), handle.get(), record, state.data(), &native,
+                                           text.data(), static_cast<SQLSMALLINT>(text.size()), &length);
         if (!SQL_SUCCEEDED(result))
             return errors;
-        const std::string_view sqlState = reinterpret_cast<const char*>(state.data());
+        const std::string sqlState = PlainText(state.data());
         const auto own = OwnText(native, sqlState);
-        errors.push_back({native,
-                          own.empty() ? WithKnownPrefix(reinterpret_cast<const char*>(text.data())) : own,
-                          std::string(sqlState)});
+        errors.push_back({native, own.empty() ? WithKnownPrefix(PlainText(text.data())) : own, sqlState});
     }
 }
 

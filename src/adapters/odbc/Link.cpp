@@ -3,22 +3,21 @@
 #include <array>
 
 #include "adapters/odbc/ResultStream.h"
+#include "adapters/odbc/WideText.h"
 #include "platform/FailureNumbers.h"
 #include "platform/Platform.h"
 
 namespace quillon::adapters {
-
 Link::Link(const std::string& driverText, int loginTimeout, std::shared_ptr<std::vector<data::Error>> errors)
     : m_handle(SQL_HANDLE_DBC, TheEnvironment())
     , m_errors(std::move(errors)) {
     SQLSetConnectAttr(m_handle.get(), SQL_ATTR_LOGIN_TIMEOUT,
                       reinterpret_cast<SQLPOINTER>(static_cast<std::intptr_t>(loginTimeout)), 0);
-    std::string text = driverText;
+    auto text = WideText(driverText);
     SQLRETURN result = SQL_ERROR;
     WaitFor([&] {
-        result =
-            SQLDriverConnect(m_handle.get(), nullptr, reinterpret_cast<SQLCHAR*>(text.data()),
-                             static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+        result = SQLDriverConnectW(m_handle.get(), nullptr, text.data(), SQL_NTS, nullptr, 0, nullptr,
+                                   SQL_DRIVER_NOPROMPT);
     });
     m_errors->clear();
     Collect(m_handle);
@@ -35,12 +34,12 @@ Link::~Link() {
 }
 
 std::string Link::Database() const {
-    std::array<SQLCHAR, 1024> name{};
+    std::array<SQLWCHAR, 256> name{}; // names have 128 characters at most
     SQLINTEGER length = 0;
-    if (!SQL_SUCCEEDED(SQLGetConnectAttr(m_handle.get(), SQL_ATTR_CURRENT_CATALOG, name.data(),
-                                         static_cast<SQLINTEGER>(name.size()), &length)))
+    if (!SQL_SUCCEEDED(
+            SQLGetConnectAttrW(m_handle.get(), SQL_ATTR_CURRENT_CATALOG, name.data(), sizeof name, &length)))
         RaiseDiagnostics(Diagnostics(m_handle));
-    return reinterpret_cast<const char*>(name.data());
+    return PlainText(name.data());
 }
 
 bool Link::IsBroken() const {

@@ -1,6 +1,7 @@
 #include "adapters/odbc/ResultStream.h"
 
 #include "adapters/odbc/OldStatements.h"
+#include "adapters/odbc/WideText.h"
 #include "platform/FailureNumbers.h"
 #include "platform/Platform.h"
 
@@ -18,11 +19,11 @@ void ResultStream::Execute(const std::string& text, int timeoutSeconds) {
     m_link->Begin(*this);
     SQLSetStmtAttr(m_statement.get(), SQL_ATTR_QUERY_TIMEOUT,
                    reinterpret_cast<SQLPOINTER>(static_cast<std::intptr_t>(timeoutSeconds)), 0);
-    std::string statement = ForServer(text, m_link->ServerVersion());
+    auto statement = WideText(ForServer(text, m_link->ServerVersion()));
     SQLRETURN result = SQL_ERROR;
     WaitFor([&] {
-        result = SQLExecDirect(m_statement.get(), reinterpret_cast<SQLCHAR*>(statement.data()),
-                               static_cast<SQLINTEGER>(statement.size()));
+        result = SQLExecDirectW(m_statement.get(), statement.data(),
+                                static_cast<SQLINTEGER>(statement.size() - 1));
     });
     const bool hasMessages = m_link->Collect(m_statement);
     if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA) {

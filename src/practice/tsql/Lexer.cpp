@@ -9,6 +9,17 @@ namespace {
 
 constexpr std::size_t kLongestName = 128;
 
+std::string Undouble(std::string_view inner, char delimiter) {
+    std::string value;
+    value.reserve(inner.size());
+    for (std::size_t i = 0; i < inner.size(); ++i) {
+        value += inner[i];
+        if (inner[i] == delimiter)
+            ++i;
+    }
+    return value;
+}
+
 class Scanner {
   public:
     explicit Scanner(std::string_view text)
@@ -47,8 +58,8 @@ class Scanner {
             ++m_line;
     }
 
-    [[noreturn]] void Fail(int number, std::string_view parameter = {}) const {
-        SqlError error(number, {parameter});
+    [[noreturn]] void Fail(int number, std::initializer_list<std::string_view> parameters = {}) const {
+        SqlError error(number, parameters);
         error.line = static_cast<int>(m_token.line);
         throw error;
     }
@@ -112,7 +123,7 @@ class Scanner {
         const std::size_t inner = ++m_at;
         for (;;) {
             if (m_at >= m_text.size())
-                Fail(105, m_text.substr(inner));
+                Fail(105, {m_text.substr(inner)});
             if (Peek() != close) {
                 Advance();
             } else if (Peek(1) == close) {
@@ -129,8 +140,12 @@ class Scanner {
     void CheckName(std::string_view name) const {
         if (name.empty())
             Fail(1038);
-        if (name.size() > kLongestName && CharacterCount(name) > kLongestName)
-            Fail(103, name.substr(0, PrefixLength(name, kLongestName)));
+        if (name.size() <= kLongestName)
+            return;
+        const std::string plain = Undouble(name, ']');
+        if (CharacterCount(plain) > kLongestName)
+            Fail(103, {"identifier", std::string_view(plain).substr(0, PrefixLength(plain, kLongestName)),
+                       std::to_string(kLongestName)});
     }
 
     void SkipName() {
@@ -245,17 +260,6 @@ class Scanner {
 };
 
 /// `inner` with every doubled `delimiter` made single.
-std::string Undouble(std::string_view inner, char delimiter) {
-    std::string value;
-    value.reserve(inner.size());
-    for (std::size_t i = 0; i < inner.size(); ++i) {
-        value += inner[i];
-        if (inner[i] == delimiter)
-            ++i;
-    }
-    return value;
-}
-
 } // namespace
 
 std::vector<Token> Tokenize(std::string_view text) {

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/Failure.h"
+#include "platform/FailureNumbers.h"
+
 namespace quillon::tests {
 namespace {
 
@@ -27,15 +30,20 @@ TEST(ConnectionTextTest, ReadsEveryForm) {
         {"driver without a user",
          "Driver={SQL Server};Server=S;Database=db;Uid=;Pwd=;",
          {"S", "db", "", "", true}},
-        {"a password behind an empty one",
-         "Server=S;Uid=ann;Pwd=;secret;",
-         {"S", "", "ann", "secret", false}},
-        {"a nameless element elsewhere",
-         "Server=S;stray;Uid=ann;Pwd=pw;stray",
-         {"S", "", "ann", "pw", false}},
+        {"a password behind an empty one", "Server=S;Uid=ann;Pwd=;secret", {"S", "", "ann", "secret", false}},
+        {"signs in the password",
+         "Server=S;Uid=ann;Pwd=a=b;{c};;Server=T;",
+         {"S", "", "ann", "a=b;{c};;Server=T", false}},
+        {"signs behind an empty password", "Server=S;Uid=ann;Pwd=;a=b;c", {"S", "", "ann", "a=b;c", false}},
+        {"semicolons in names",
+         "Server=S;Initial Catalog=a;b;;Uid=x;y;Pwd=pw",
+         {"S", "a;b", "x;y", "pw", false}},
+        {"unknown elements",
+         "stray;Server=S;Connect Timeout=5;stray;Uid=ann;Pwd=",
+         {"S", "", "ann", "", false}},
         {"any case, blanks", " SERVER = S ;UID=ann;pwd= p w ;", {"S", "", "ann", " p w ", false}},
-        {"signs in a value", "Server=S;Uid=ann;Pwd=a=b;", {"S", "", "ann", "a=b", false}},
         {"not trusted", "Server=S;Trusted_Connection=no;Uid=ann;Pwd=", {"S", "", "ann", "", false}},
+        {"a password that is left over", "Server=S;Uid=;Pwd=old;", {"S", "", "", "old", true}},
         {"nothing", "", {"", "", "", "", true}},
         {"separators alone", ";;=;;", {"", "", "", "", true}},
     };
@@ -60,12 +68,27 @@ TEST(ConnectionTextTest, TheDriverGetsHostPortAndQuotedValues) {
         {{".", "", "a", "b", false}, "Server=localhost"},
         {{"(LOCAL)", "", "a", "b", false}, "Server=localhost"},
         {{"h", "my db", "a", "b", false}, "Database=my db"},
-        {{"h", "", "a", "p;w}d", false}, "PWD={p;w}}d};"},
+        {{"tcp:h,1500", "", "a", "b", false}, "Server=h;Port=1500"},
+        {{"h,1;UID=eve", "", "a", "b", false}, ";Port={1;UID=eve};"},
+        {{"h", "", "a", "p}w{d}", false}, ";PWD=p}w{d};"},
+        {{"h", "", "a", "p;w}d", false}, ";PWD={p;w}d};"},
+        {{"h", "", "a", "{p", false}, ";PWD={{p};"},
+        {{"h", "", "a", " p ", false}, ";PWD={ p };"},
         {{"h", "", "", "", true}, "Trusted_Connection=Yes;"},
     };
     for (const auto& [parts, part] : cases)
         EXPECT_NE(parts.DriverText().find(part), std::string::npos)
             << parts.DriverText() << " has no " << part;
+}
+
+TEST(ConnectionTextTest, WhatTheDriverCannotBeGivenIsRefusedWithoutTellingIt) {
+    try {
+        ConnectionParts{"h", "", "a", "secret};x", false}.DriverText();
+        FAIL();
+    } catch (const Failure& failure) {
+        EXPECT_EQ(failure.number(), numbers::InvalidCall);
+        EXPECT_EQ(failure.description().find("secret"), std::string::npos);
+    }
 }
 
 TEST(OldStatementsTest, ListedStatementsAreSentToModernServersInTheirForm) {
