@@ -85,12 +85,14 @@ class Database {
     virtual std::string Owner() const = 0;
     virtual bool SystemObject() const = 0;
     virtual std::size_t TableCount() = 0;
-    virtual Table& TableAt(std::size_t index) = 0; // from 0, in the catalogue's order
+    // From 0, in the catalogue's order. Who walks the tables wants what is in them: what can be loaded for all
+    // at once is loaded here, so that it fails once and not at every table.
+    virtual Table& TableAt(std::size_t index) = 0;
     // "owner.name" or a bare name, without regard to case.
     virtual Table& TableNamed(const std::string& qualifiedName) = 0;
     // Owner of a stored procedure; raises ItemNotFound when it is missing.
     virtual std::string ProcedureOwner(const std::string& name) = 0;
-    // Forgets what was loaded of tables and triggers, so that the next use asks the server again.
+    // Asks the server anew for tables and triggers. After a failure the next use asks again.
     virtual void Refresh() = 0;
 };
 

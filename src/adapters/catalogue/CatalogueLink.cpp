@@ -2,12 +2,14 @@
 
 #include "adapters/odbc/ResultStream.h"
 #include "platform/Conversion.h"
+#include "platform/Failure.h"
 #include "platform/Object.h"
 
 namespace quillon::adapters {
 namespace {
 
-constexpr int LoginTimeout = 15;     // seconds, as for data connections
+constexpr int LoginTimeout = 15; // seconds, as for data connections
+constexpr const char* Home = "master";
 constexpr int QuestionTimeout = 300; // a large database on a busy server
 
 std::string Doubled(const std::string& text, char mark) {
@@ -28,6 +30,8 @@ std::string AnswerRow::Text() {
 
 std::int32_t AnswerRow::Number() {
     const Value& value = Next();
+    if (const auto* number = value.If<std::int32_t>())
+        return *number;
     return value.IsNull() ? 0 : conversion::ToLong(value);
 }
 
@@ -41,18 +45,35 @@ DateValue AnswerRow::Date() {
     return value.IsNull() ? DateValue{} : conversion::ToDate(value);
 }
 
-CatalogueLink::CatalogueLink(const std::string& driverText, std::size_t& roundTrips)
-    : m_link(std::make_shared<Link>(driverText, LoginTimeout, std::make_shared<std::vector<data::Error>>()))
-    , m_roundTrips(roundTrips) {}
+CatalogueLink::CatalogueLink(ConnectionParts target, std::size_t& roundTrips)
+    : m_roundTrips(roundTrips) {
+    target.database = Home;
+    m_link = std::make_shared<Link>(target.DriverText(), LoginTimeout,
+                                    std::make_shared<std::vector<data::Error>>());
+}
 
 void CatalogueLink::Ask(const std::string& database, const std::string& sql,
                         const std::vector<Reader>& readers) {
+    const bool isElsewhere = !database.empty() && database != Home;
+    if (!isElsewhere)
+        return Read(sql, readers);
+    const std::string home = "USE " + Quoted(Home);
+    try {
+        Read("USE " + Quoted(database) + ";\n" + sql + ";\n" + home, readers);
+    } catch (...) {
+        // The failure may have come before the way back; a link that is broken has no more to say than that.
+        try {
+            Read(home, {});
+        } catch (const Failure&) {
+        }
+        throw;
+    }
+}
+
+void CatalogueLink::Read(const std::string& text, const std::vector<Reader>& readers) {
     ++m_roundTrips;
-    const bool isElsewhere = !database.empty() && database != m_database;
-    if (isElsewhere)
-        m_database.clear();
     ResultStream answers(m_link);
-    answers.Execute((isElsewhere ? "USE " + Quoted(database) + ";\n" : "") + sql, QuestionTimeout);
+    answers.Execute(text, QuestionTimeout);
     std::size_t result = 0;
     do {
         if (!answers.HasRows() || result >= readers.size())
@@ -64,8 +85,6 @@ void CatalogueLink::Ask(const std::string& database, const std::string& sql,
         }
         ++result;
     } while (answers.MoreResults());
-    if (isElsewhere)
-        m_database = database;
 }
 
 std::string Quoted(const std::string& name) {

@@ -1,6 +1,7 @@
 // The connection through which a catalogue tree asks its server, and the count of its round trips.
 //
-// One connection serves all databases: a question names its database, and the connection goes there with it.
+// One connection serves all databases: a question names its database, and the connection goes there with it
+// and comes back to master, so that it keeps no one from dropping, restoring or moving a database.
 #pragma once
 
 #include <cstdint>
@@ -9,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "adapters/odbc/ConnectionText.h"
 #include "adapters/odbc/Link.h"
 #include "platform/Value.h"
 
@@ -34,18 +36,20 @@ class CatalogueLink {
   public:
     using Reader = std::function<void(AnswerRow&)>;
 
-    // `roundTrips` counts what is sent from now on; it outlives the link.
-    CatalogueLink(const std::string& driverText, std::size_t& roundTrips);
+    // Connects; the database of `target` does not matter. `roundTrips` counts what is sent from now on; it
+    // outlives the link. Raises the driver's failure.
+    CatalogueLink(ConnectionParts target, std::size_t& roundTrips);
 
-    // Asks in one round trip; the readers get the rows of the results in turn. An empty database asks where
-    // the connection stands. Raises the server's failure.
+    // Asks in one round trip; the readers get the rows of the results in turn. An empty database means
+    // master. Raises the server's failure.
     void Ask(const std::string& database, const std::string& sql, const std::vector<Reader>& readers);
     // A statement without an answer.
     void Run(const std::string& database, const std::string& sql) { Ask(database, sql, {}); }
 
   private:
+    void Read(const std::string& text, const std::vector<Reader>& readers);
+
     std::shared_ptr<Link> m_link;
-    std::string m_database; // where the connection stands; empty when that is not known
     std::size_t& m_roundTrips;
 };
 

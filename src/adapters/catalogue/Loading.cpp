@@ -32,12 +32,21 @@ void ServerDatabase::LoadColumns() {
         table.columns.clear();
         table.facts = {};
     }
+    std::unordered_map<std::int32_t, TypeFacts> types;
+    const auto readType = [&types](AnswerRow& row) {
+        TypeFacts& type = types[row.Number()];
+        type.name = row.Text();
+        type.isUserDefined = row.Flag();
+        type.schema = row.Text();
+    };
     Ask(questions::Columns,
-        {[this](AnswerRow& row) { ReadColumn(row); }, [this](AnswerRow& row) { ReadKeyColumn(row); },
+        {readType, [&](AnswerRow& row) { ReadColumn(row, types); },
+         [this](AnswerRow& row) { ReadDeclaredDefault(row); },
+         [this](AnswerRow& row) { ReadBoundDefault(row); }, [this](AnswerRow& row) { ReadKeyColumn(row); },
          [this](AnswerRow& row) { ReadForeignKeyColumn(row); }});
 }
 
-void ServerDatabase::ReadColumn(AnswerRow& row) {
+void ServerDatabase::ReadColumn(AnswerRow& row, const std::unordered_map<std::int32_t, TypeFacts>& types) {
     ServerTable* table = TableOf(row.Number());
     if (table == nullptr)
         return;
@@ -45,7 +54,11 @@ void ServerDatabase::ReadColumn(AnswerRow& row) {
     catalogue::Column& column = table->columns.emplace_back();
     facts.id = row.Number();
     column.Name = row.Text();
-    column.Datatype = row.Text();
+    if (const auto type = types.find(row.Number()); type != types.end()) {
+        column.Datatype = type->second.name;
+        facts.isUserType = type->second.isUserDefined;
+        facts.typeSchema = type->second.schema;
+    }
     column.Length = row.Number();
     column.NumericPrecision = row.Number();
     column.NumericScale = row.Number();
@@ -53,12 +66,27 @@ void ServerDatabase::ReadColumn(AnswerRow& row) {
     column.Identity = row.Flag();
     column.IsRowGuidCol = row.Flag();
     facts.isComputed = row.Flag();
-    facts.collation = row.Text();
-    facts.isUserType = row.Flag();
-    facts.typeSchema = row.Text();
-    facts.defaultName = row.Text();
-    column.DriDefaultText = row.Text();
-    column.Default = row.Text();
+}
+
+std::optional<ServerDatabase::ColumnPlace> ServerDatabase::PlaceOf(AnswerRow& row) const {
+    ServerTable* table = TableOf(row.Number());
+    const std::int32_t column = row.Number();
+    const auto position = table == nullptr ? std::nullopt : table->PositionOf(column);
+    if (!position)
+        return std::nullopt;
+    return ColumnPlace{table->columns[*position], table->facts.columns[*position]};
+}
+
+void ServerDatabase::ReadDeclaredDefault(AnswerRow& row) {
+    if (const auto place = PlaceOf(row)) {
+        place->facts.defaultName = row.Text();
+        place->column.DriDefaultText = row.Text();
+    }
+}
+
+void ServerDatabase::ReadBoundDefault(AnswerRow& row) {
+    if (const auto place = PlaceOf(row))
+        place->column.Default = row.Text();
 }
 
 void ServerDatabase::ReadKeyColumn(AnswerRow& row) {
@@ -67,7 +95,7 @@ void ServerDatabase::ReadKeyColumn(AnswerRow& row) {
         return;
     KeyFacts& key = LastWithId(table->facts.keys, row.Number());
     key.name = row.Text();
-    key.isPrimary = row.Text().starts_with("PK");
+    key.isPrimary = row.Flag();
     key.isClustered = row.Number() == ClusteredIndex;
     const auto position = table->PositionOf(row.Number());
     if (!position)
@@ -131,25 +159,26 @@ void ServerDatabase::LoadScriptFacts() {
         table.facts.checks.clear();
     Ask(questions::ScriptFacts,
         {[this](AnswerRow& row) { ReadIdentity(row); }, [this](AnswerRow& row) { ReadComputation(row); },
-         [this](AnswerRow& row) { ReadCheck(row); }});
+         [this](AnswerRow& row) { ReadCollation(row); }, [this](AnswerRow& row) { ReadCheck(row); }});
 }
 
 void ServerDatabase::ReadIdentity(AnswerRow& row) {
-    ServerTable* table = TableOf(row.Number());
-    const auto position = table == nullptr ? std::nullopt : table->PositionOf(row.Number());
-    if (!position)
-        return;
-    table->facts.columns[*position].seed = row.Text();
-    table->facts.columns[*position].increment = row.Text();
+    if (const auto place = PlaceOf(row)) {
+        place->facts.seed = row.Text();
+        place->facts.increment = row.Text();
+    }
 }
 
 void ServerDatabase::ReadComputation(AnswerRow& row) {
-    ServerTable* table = TableOf(row.Number());
-    const auto position = table == nullptr ? std::nullopt : table->PositionOf(row.Number());
-    if (!position)
-        return;
-    table->facts.columns[*position].computation = row.Text();
-    table->facts.columns[*position].isPersisted = row.Flag();
+    if (const auto place = PlaceOf(row)) {
+        place->facts.computation = row.Text();
+        place->facts.isPersisted = row.Flag();
+    }
+}
+
+void ServerDatabase::ReadCollation(AnswerRow& row) {
+    if (const auto place = PlaceOf(row))
+        place->facts.collation = row.Text();
 }
 
 void ServerDatabase::ReadCheck(AnswerRow& row) {

@@ -13,23 +13,25 @@ FROM sys.tables t
 JOIN sys.schemas s ON s.schema_id = t.schema_id
 ORDER BY s.name, t.name)";
 
-const char* const Columns =
-    R"(SELECT c.object_id, c.column_id, c.name, y.name, c.max_length, c.[precision], c.scale,
-    c.is_nullable, c.is_identity, c.is_rowguidcol, c.is_computed, c.collation_name, y.is_user_defined, ys.name,
-    d.name, d.definition, b.name
+const char* const Columns = R"(SELECT y.user_type_id, y.name, y.is_user_defined, s.name
+FROM sys.types y
+JOIN sys.schemas s ON s.schema_id = y.schema_id;
+SELECT c.object_id, c.column_id, c.name, c.user_type_id, c.max_length, c.[precision], c.scale,
+    c.is_nullable, c.is_identity, c.is_rowguidcol, c.is_computed
 FROM sys.columns c
 JOIN sys.tables t ON t.object_id = c.object_id
-JOIN sys.types y ON y.user_type_id = c.user_type_id
-JOIN sys.schemas ys ON ys.schema_id = y.schema_id
-LEFT JOIN sys.default_constraints d ON d.object_id = c.default_object_id
-LEFT JOIN sys.objects b ON b.object_id = c.default_object_id AND b.parent_object_id = 0
 ORDER BY c.object_id, c.column_id;
-SELECT k.parent_object_id, k.object_id, k.name, k.type, i.type, ic.column_id, ic.is_descending_key
-FROM sys.key_constraints k
-JOIN sys.indexes i ON i.object_id = k.parent_object_id AND i.index_id = k.unique_index_id
+SELECT d.parent_object_id, d.parent_column_id, d.name, d.definition
+FROM sys.default_constraints d;
+SELECT c.object_id, c.column_id, o.name
+FROM sys.columns c
+JOIN sys.objects o ON o.object_id = c.default_object_id
+WHERE o.parent_object_id = 0;
+SELECT i.object_id, i.index_id, i.name, i.is_primary_key, i.type, ic.column_id, ic.is_descending_key
+FROM sys.indexes i
 JOIN sys.index_columns ic ON ic.object_id = i.object_id AND ic.index_id = i.index_id
-WHERE ic.key_ordinal > 0
-ORDER BY k.parent_object_id, k.object_id, ic.key_ordinal;
+WHERE (i.is_primary_key = 1 OR i.is_unique_constraint = 1) AND ic.key_ordinal > 0
+ORDER BY i.object_id, i.index_id, ic.key_ordinal;
 SELECT f.parent_object_id, f.object_id, f.name, fc.parent_column_id, rs.name, rt.name, rc.name,
     f.delete_referential_action, f.update_referential_action, f.is_disabled
 FROM sys.foreign_keys f
@@ -55,6 +57,10 @@ const char* const ScriptFacts = R"(SELECT i.object_id, i.column_id, CONVERT(varc
 FROM sys.identity_columns i;
 SELECT c.object_id, c.column_id, c.definition, c.is_persisted
 FROM sys.computed_columns c;
+SELECT c.object_id, c.column_id, c.collation_name
+FROM sys.columns c
+JOIN sys.tables t ON t.object_id = c.object_id
+WHERE c.collation_name IS NOT NULL;
 SELECT k.parent_object_id, k.name, k.definition, k.is_disabled
 FROM sys.check_constraints k
 ORDER BY k.parent_object_id, k.object_id)";

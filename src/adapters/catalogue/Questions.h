@@ -14,11 +14,15 @@ extern const char* const Databases;
 // identifier, owner, name, created, system object
 extern const char* const Tables;
 
-// Three results, each ordered by table and then as the declaration has them:
+// What every column repeats is told once, beside the columns: a large database has a hundred thousand of
+// them. Six results, those of tables ordered by table and then as the declaration has them:
+//   types: identifier, name, user-defined, schema
 //   columns: table, identifier, name, type, length in bytes, precision, scale, nullable, identity, row guid,
-//            computed, collation, user-defined type, its schema, default's name, its text, bound default
-//   keys, one row a column: table, key, its name, kind ("PK" or "UQ"), index type (1 clustered), column,
-//            descending
+//            computed
+//   declared defaults: table, column, name, text
+//   bound defaults: table, column, name
+//   keys, one row a column: table, the key's index, its name, primary, index type (1 clustered), column,
+//            descending; a key and its index have one name
 //   foreign keys, one row a column: table, key, its name, column, referenced schema, table, column, delete
 //            action, update action, disabled
 extern const char* const Columns;
@@ -27,8 +31,8 @@ extern const char* const Columns;
 // text) and what fires them (trigger, 1 insert, 2 update, 3 delete).
 extern const char* const Triggers;
 
-// Three results: identities (table, column, seed, increment), computed columns (table, column, text,
-// persisted), checks (table, name, text, disabled).
+// Four results: identities (table, column, seed, increment), computed columns (table, column, text,
+// persisted), collations (table, column, name), checks (table, name, text, disabled).
 extern const char* const ScriptFacts;
 
 // The owners of the procedures of a name.

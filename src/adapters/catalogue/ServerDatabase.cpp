@@ -18,7 +18,9 @@ std::size_t ServerDatabase::TableCount() {
 }
 
 catalogue::Table& ServerDatabase::TableAt(std::size_t index) {
-    if (index >= TableCount())
+    RequireColumns();
+    RequireTriggers();
+    if (index >= m_tables.size())
         throw Failure(numbers::ItemNotFound);
     return m_tables[index];
 }
@@ -42,6 +44,11 @@ std::string ServerDatabase::ProcedureOwner(const std::string& name) {
 }
 
 void ServerDatabase::Refresh() {
+    Forget();
+    RequireTriggers();
+}
+
+void ServerDatabase::Forget() {
     m_hasTables = m_hasColumns = m_hasTriggers = m_hasScriptFacts = false;
     m_byName.Clear();
     m_byId.clear();
@@ -57,7 +64,7 @@ ServerTable* ServerDatabase::TableOf(std::int32_t objectId) const {
 void ServerDatabase::RequireTables() {
     if (m_hasTables)
         return;
-    Refresh();
+    Forget();
     Ask(questions::Tables, {[this](AnswerRow& row) {
             const std::int32_t id = row.Number();
             const std::string owner = row.Text(), name = row.Text();

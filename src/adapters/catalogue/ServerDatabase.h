@@ -5,6 +5,7 @@
 
 #include <deque>
 #include <memory>
+#include <optional>
 #include <unordered_map>
 
 #include "adapters/catalogue/CatalogueLink.h"
@@ -33,6 +34,7 @@ class ServerDatabase : public catalogue::Database {
     void Run(const std::string& sql) { m_link.Run(m_name, sql); }
 
   private:
+    void Forget();
     void RequireTables();
     void LoadColumns();
     void LoadTriggers();
@@ -44,11 +46,20 @@ class ServerDatabase : public catalogue::Database {
     ServerTable* TableOf(std::int32_t objectId) const;
 
     // Readers of the questions' rows, in Loading.cpp.
-    void ReadColumn(AnswerRow& row);
+    struct ColumnPlace {
+        catalogue::Column& column;
+        ColumnFacts& facts;
+    };
+    // The column of the table and the column identifier that come next in the row; none if it is not ours.
+    std::optional<ColumnPlace> PlaceOf(AnswerRow& row) const;
+    void ReadColumn(AnswerRow& row, const std::unordered_map<std::int32_t, TypeFacts>& types);
+    void ReadDeclaredDefault(AnswerRow& row);
+    void ReadBoundDefault(AnswerRow& row);
     void ReadKeyColumn(AnswerRow& row);
     void ReadForeignKeyColumn(AnswerRow& row);
     void ReadIdentity(AnswerRow& row);
     void ReadComputation(AnswerRow& row);
+    void ReadCollation(AnswerRow& row);
     void ReadCheck(AnswerRow& row);
 
     CatalogueLink& m_link;

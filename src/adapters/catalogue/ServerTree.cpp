@@ -1,7 +1,6 @@
 #include "adapters/catalogue/ServerTree.h"
 
 #include "adapters/catalogue/Questions.h"
-#include "adapters/odbc/ConnectionText.h"
 #include "platform/Failure.h"
 #include "platform/FailureNumbers.h"
 
@@ -21,7 +20,7 @@ void ServerTree::Connect(const std::string& server, const std::string& user, con
     parts.user = user;
     parts.password = password;
     parts.integrated = m_integrated;
-    m_link = std::make_unique<CatalogueLink>(parts.DriverText(), *m_roundTrips);
+    m_link = std::make_unique<CatalogueLink>(std::move(parts), *m_roundTrips);
     m_name = server;
 }
 

@@ -7,6 +7,11 @@
 
 namespace quillon::adapters {
 
+struct TypeFacts {
+    std::string name, schema;
+    bool isUserDefined = false;
+};
+
 // One for each catalogue::Column, in the same order.
 struct ColumnFacts {
     std::int32_t id = 0;

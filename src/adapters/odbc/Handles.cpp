@@ -4,6 +4,7 @@
 #include <array>
 #include <string_view>
 
+#include "adapters/odbc/MessageOrder.h"
 #include "adapters/odbc/WideText.h"
 #include "platform/Failure.h"
 #include "platform/FailureNumbers.h"
@@ -55,6 +56,14 @@ std::string OwnText(std::int32_t native, std::string_view sqlState) {
     return {};
 }
 
+// Where the server says that a message comes from; 0 when it does not.
+int LineOf(const Handle& handle, SQLSMALLINT record) {
+    constexpr SQLSMALLINT lineField = -1154; // SQL_DIAG_SS_LINE of the server's drivers
+    SQLUSMALLINT line[2] = {};               // the driver writes the first half alone
+    SQLGetDiagField(handle.type(), handle.get(), record, lineField, line, sizeof line, nullptr);
+    return line[0];
+}
+
 // SQLSTATEs that mean a number of their own; everything else is the server refusing a statement.
 std::int32_t NumberOf(const data::Error& error) {
     static constexpr std::pair<std::string_view, std::int32_t> states[] = {
@@ -103,7 +112,7 @@ SQLHANDLE TheEnvironment() {
 }
 
 std::vector<data::Error> Diagnostics(const Handle& handle) {
-    std::vector<data::Error> errors;
+    std::vector<LocatedMessage> messages;
     std::array<SQLWCHAR, 8192> text;
     std::array<SQLWCHAR, 6> state;
     for (SQLSMALLINT record = 1;; ++record) {
@@ -112,10 +121,11 @@ std::vector<data::Error> Diagnostics(const Handle& handle) {
         const auto result = SQLGetDiagRecW(handle.type(), handle.get(), record, state.data(), &native,
                                            text.data(), static_cast<SQLSMALLINT>(text.size()), &length);
         if (!SQL_SUCCEEDED(result))
-            return errors;
+            return InServerOrder(std::move(messages));
         const std::string sqlState = PlainText(state.data());
         const auto own = OwnText(native, sqlState);
-        errors.push_back({native, own.empty() ? WithKnownPrefix(PlainText(text.data())) : own, sqlState});
+        messages.push_back({{native, own.empty() ? WithKnownPrefix(PlainText(text.data())) : own, sqlState},
+                            LineOf(handle, record)});
     }
 }
 

@@ -31,8 +31,8 @@ class Handle {
 // The one environment of the process, ODBC 3.
 SQLHANDLE TheEnvironment();
 
-// What the last call on a handle left, in order. Texts carry the prefix of the driver that the system's
-// message cleaning knows in place of the installed one's.
+// What the last call on a handle left, in the server's order. Texts carry the prefix of the driver that the
+// system's message cleaning knows in place of the installed one's.
 std::vector<data::Error> Diagnostics(const Handle& handle);
 
 // Raises the failure that stands for diagnostics: its number by SQLSTATE, its description the first error's.

@@ -27,7 +27,9 @@ void ResultStream::Execute(const std::string& text, int timeoutSeconds) {
     });
     const bool hasMessages = m_link->Collect(m_statement);
     if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA) {
-        PassOverRest();
+        SQLFreeStmt(m_statement.get(), SQL_CLOSE);
+        m_ended = true;
+        m_link->End(*this);
         m_link->Raise();
     }
     Enter(hasMessages);
@@ -37,24 +39,6 @@ SQLRETURN ResultStream::NextResult() {
     SQLRETURN result = SQL_ERROR;
     WaitFor([&] { result = SQLMoreResults(m_statement.get()); });
     return result;
-}
-
-// A failed batch may have run on: what its later statements say belongs to the same failure.
-void ResultStream::PassOverRest() {
-    auto& errors = m_link->errors();
-    constexpr int mostResults = 100000; // a server that never ends is left alone
-    for (int left = mostResults; left > 0; --left) {
-        const auto result = NextResult();
-        if (result == SQL_NO_DATA)
-            break;
-        const auto more = Diagnostics(m_statement);
-        errors.insert(errors.end(), more.begin(), more.end());
-        if (result == SQL_ERROR && (more.empty() || m_link->IsBroken()))
-            break;
-    }
-    SQLFreeStmt(m_statement.get(), SQL_CLOSE);
-    m_ended = true;
-    m_link->End(*this);
 }
 
 void ResultStream::Enter(bool hasMessages) {

@@ -26,8 +26,8 @@ class ResultStream {
     // The statement's handle, for binding parameters before Execute.
     const Handle& statement() const noexcept { return m_statement; }
 
-    // Runs the text; the stream then stands on its first result. Raises the server's failure: the rest of the
-    // batch has then been run and its results passed over, its messages are among the connection's errors.
+    // Runs the text; the stream then stands on its first result. Raises the server's failure: the driver
+    // manager then gives no result of the rest of the batch, which the server runs all the same.
     void Execute(const std::string& text, int timeoutSeconds);
 
     // --- the result on which the stream stands ---
@@ -60,7 +60,6 @@ class ResultStream {
     // before them, as a result of their own.
     void Enter(bool hasMessages);
     SQLRETURN NextResult();
-    void PassOverRest();
     [[noreturn]] void RaiseRowFailure();
     Result ReadResult();
     bool EnterKept();

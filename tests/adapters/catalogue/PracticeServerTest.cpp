@@ -144,10 +144,12 @@ TEST_F(PracticeServerTest, WhatIsNotThereIsTold) {
 }
 
 TEST_F(PracticeServerTest, ADatabaseThatWasDroppedMeanwhileIsAFailureAndTheServerStaysUsable) {
-    catalogue::Database& things = Things(); // listed, and nothing of it loaded
+    catalogue::Database& things = Things();
+    EXPECT_EQ(things.TableCount(), 2u);
     Run("USE master");
-    Run("DROP DATABASE things");
-    EXPECT_THROW(things.TableCount(), Failure);
+    Run("DROP DATABASE things"); // which the catalogue's own connection does not keep
+    EXPECT_THROW(things.Refresh(), Failure);
+    EXPECT_THROW(things.TableAt(0), Failure);
     EXPECT_NO_THROW(server->DatabaseNamed("master").TableCount());
 }
 

@@ -116,6 +116,18 @@ TEST(SyntaxErrors, EveryUndeclaredVariableIsToldOfAtOnce) {
     }
 }
 
+// A doubled bracket is one character of the name.
+TEST(SyntaxErrors, NamesHaveACertainLength) {
+    std::string longest;
+    for (int index = 0; index < 128; ++index)
+        longest += "]]";
+    EXPECT_EQ(FirstError("SELECT a AS [" + longest + "]").number, 0);
+    const SqlError error = FirstError("SELECT a AS [" + longest + "é]");
+    EXPECT_EQ(error.number, 103);
+    EXPECT_EQ(error.text, "The identifier that starts with '" + std::string(128, ']') +
+                              "' is too long. Maximum length is 128.");
+}
+
 TEST(SyntaxErrors, DeepNestingFailsInsteadOfExhaustingTheStack) {
     const auto repeat = [](std::string_view text, int count) {
         std::string all;
