@@ -25,7 +25,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   add_compile_options(-fpch-preprocess)
   # With optimisation GCC 12 sees overlaps in joined std::strings where there are none (GCC bug 105651).
   add_compile_options($<$<CONFIG:Release>:-Wno-restrict> $<$<CONFIG:Release>:-Wno-array-bounds>
-                      $<$<CONFIG:Release>:-Wno-stringop-overflow>)
+                      $<$<CONFIG:Release>:-Wno-stringop-overflow>
+                      $<$<CONFIG:Release>:-Wno-stringop-overread>)
 endif()
 
 # The standard headers that nearly every file wants, compiled once for each room.
