@@ -3,10 +3,23 @@
 #include <asio/buffer.hpp>
 #include <asio/write.hpp>
 
+#include <algorithm>
 #include <array>
 
 namespace quillon::practice::tds {
 namespace {
+
+// People point browsers at ports.
+bool SpeaksHttp(std::string_view start) {
+    constexpr std::string_view methods[] = {"GET ",     "HEAD ",   "POST ", "PUT ",
+                                            "OPTIONS ", "DELETE ", "PATCH "};
+    return std::any_of(std::begin(methods), std::end(methods),
+                       [&](std::string_view method) { return start.starts_with(method); });
+}
+
+constexpr std::string_view httpRefusal =
+    "HTTP/1.1 400 Bad Request\r\nContent-Type: text/plain; charset=utf-8\r\nConnection: close\r\n"
+    "\r\nThis is a database server. Connect to it with a client that speaks TDS.\r\n";
 
 constexpr std::size_t mostLoginBytes = 128 * 1024;
 constexpr std::size_t mostRequestBytes = 256 * 1024 * 1024;
@@ -52,11 +65,15 @@ void Connection::Read() {
 
 void Connection::ReadMessages(PacketAssembler& assembler) {
     std::array<char, 16384> buffer;
-    while (true) {
+    for (bool first = true;; first = false) {
         asio::error_code error;
         std::size_t count = m_socket.receive(asio::buffer(buffer), 0, error);
         if (error || count == 0) {
             return;
+        }
+        if (first && SpeaksHttp({buffer.data(), count})) {
+            Send(httpRefusal);
+            throw ProtocolError("A client of the web was turned away.");
         }
         if (m_loggedIn) {
             assembler.SetLimit(mostRequestBytes);

@@ -25,7 +25,14 @@ ServerMessage MakeMessage(std::int32_t number, std::uint8_t severity, std::strin
 Dialogue::Dialogue(const Surroundings& surroundings, Inbox& inbox, PacketWriter::Send send, LoginFacts facts)
     : m_surroundings(surroundings)
     , m_inbox(inbox)
-    , m_packets(std::move(send), facts.spid)
+    , m_packets(
+          [this, send = std::move(send)](std::string_view packet) {
+              if (LoggedIn()) {
+                  m_session->MakeDurable();
+              }
+              send(packet);
+          },
+          facts.spid)
     , m_facts(std::move(facts)) {}
 
 bool Dialogue::Serve(const ClientMessage& message) {
@@ -114,23 +121,16 @@ void Dialogue::RefuseLogin(TokenWriter& tokens, const std::vector<ServerMessage>
     tokens.EndMessage();
 }
 
-void Dialogue::AcknowledgeAttention() {
-    WireSink(*m_tokens).FinishCancelled();
-}
-
 void Dialogue::ServeRequest(const ClientMessage& message) {
     WireSink sink(*m_tokens);
     if (message.type == PacketType::Attention) {
-        AcknowledgeAttention();
+        sink.AcknowledgeAttention();
         return;
     }
-    if (message.ignored) {
+    if (message.ignored || !m_inbox.BeginRequest(*m_session)) {
         sink.Done({EndScope::Batch, StatementKind::Other, std::nullopt, true});
         sink.Finish();
         return;
-    }
-    if (!m_inbox.BeginRequest(*m_session)) {
-        return; // the attention is in the inbox, and its acknowledgement answers both
     }
     try {
         ResetSession(message, sink);

@@ -46,7 +46,6 @@ class Dialogue {
     void RunCall(const ProcedureCall& call, ResultSink& sink);
     void RunManagerRequest(const ClientMessage& message, ResultSink& sink);
     void ResetSession(const ClientMessage& message, ResultSink& sink);
-    void AcknowledgeAttention();
     void EndWithFailure(std::int32_t number, const std::string& text);
 
     const Surroundings& m_surroundings;

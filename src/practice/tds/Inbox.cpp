@@ -16,7 +16,9 @@ void Inbox::Put(ClientMessage message) {
 void Inbox::PutAttention() {
     std::lock_guard lock(m_mutex);
     m_attention = true;
-    m_waiting.clear();
+    for (ClientMessage& message : m_waiting) {
+        message.ignored = true;
+    }
     CancelRunning();
     m_changed.notify_all();
 }
@@ -37,13 +39,13 @@ void Inbox::CancelRunning() {
 std::optional<ClientMessage> Inbox::Take() {
     std::unique_lock lock(m_mutex);
     m_changed.wait(lock, [&] { return m_attention || !m_waiting.empty() || m_closed; });
-    if (std::exchange(m_attention, false)) {
+    if (m_waiting.empty()) {
+        if (!std::exchange(m_attention, false)) {
+            return std::nullopt;
+        }
         ClientMessage attention;
         attention.type = PacketType::Attention;
         return attention;
-    }
-    if (m_waiting.empty()) {
-        return std::nullopt;
     }
     ClientMessage message = std::move(m_waiting.front());
     m_waiting.pop_front();

@@ -18,13 +18,13 @@ class Inbox {
     // The reader's side. Put waits while a request is waiting already: a client without MARS has no reason to
     // send two.
     void Put(ClientMessage message);
-    // Stops the running request and forgets those that wait.
+    // Stops the running request and marks those that wait as not to be run.
     void PutAttention();
     // No more will come; stops the running request.
     void Close();
 
     // The server's side. Waits for the next request, or an attention that came between two requests (a
-    // message of that type). Nothing: the client has gone and nothing is left to serve.
+    // message of that type), which comes after what the client had sent before it. Nothing: the client has gone and nothing is left to serve.
     std::optional<ClientMessage> Take();
     // Brackets every request. Begin says no when the client has already asked to stop or has gone. End says
     // whether the client asked to stop this request, which then must be acknowledged.

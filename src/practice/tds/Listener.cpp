@@ -50,13 +50,25 @@ void Listener::Accept() {
 
 void Listener::Admit(asio::ip::tcp::socket socket) {
     Reap();
-    if (m_connections.size() >= mostConnections) {
+    if (m_connections.size() >= mostConnections && !MakeRoom()) {
         m_surroundings.log("a client was turned away: too many connections");
         return;
     }
     asio::error_code ignored; // answers only come a little later without it
     socket.set_option(asio::ip::tcp::no_delay(true), ignored);
     m_connections.emplace_back(std::move(socket), m_surroundings, FreeSpid());
+}
+
+// Those who only knock keep nobody out: the one that has knocked longest goes.
+bool Listener::MakeRoom() {
+    const auto knocking = std::find_if(m_connections.begin(), m_connections.end(), [](const Connection& one) {
+        return !one.Finished() && one.Dawdles(std::chrono::seconds(0));
+    });
+    if (knocking == m_connections.end()) {
+        return false;
+    }
+    knocking->Stop();
+    return true;
 }
 
 void Listener::Watch() {

@@ -26,6 +26,7 @@ class Listener {
   private:
     void Accept();
     void Admit(asio::ip::tcp::socket socket);
+    bool MakeRoom();
     void Watch();
     void Reap();
     std::uint16_t FreeSpid() const;

@@ -58,6 +58,15 @@ void WireSink::Finish() {
 }
 
 void WireSink::FinishCancelled() {
+    if (!m_held) {
+        m_held = StatementEnd{};
+        m_held->failed = true;
+    }
+    Finish();
+    AcknowledgeAttention();
+}
+
+void WireSink::AcknowledgeAttention() {
     m_held = StatementEnd{};
     Release(done::attention);
     m_tokens.EndMessage();

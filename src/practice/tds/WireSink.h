@@ -26,8 +26,9 @@ class WireSink : public ResultSink {
 
     // Ends the request's answer. Every answer has a DONE: where the session told none, an empty one is sent.
     void Finish();
-    // Ends it with the acknowledgement of an attention, which stands for whatever else would have come.
+    // Ends it where it stands; the acknowledgement of the attention follows as a message of its own.
     void FinishCancelled();
+    void AcknowledgeAttention();
 
   private:
     void Release(std::uint16_t flags);

@@ -56,7 +56,10 @@ TEST(Connection, AnAttentionStopsARunningStatementAndTheNextOneRuns) {
     client.Send(Packets(PacketType::Attention, ""));
     Answer stopped = client.Receive();
     ASSERT_EQ(stopped.dones.size(), 1U);
-    EXPECT_EQ(stopped.dones[0].flags, done::attention);
+    EXPECT_EQ(stopped.dones[0].flags, done::error);
+    Answer acknowledged = client.Receive();
+    ASSERT_EQ(acknowledged.dones.size(), 1U);
+    EXPECT_EQ(acknowledged.dones[0].flags, done::attention);
     EXPECT_EQ(client.Batch("SELECT 1").values, std::vector<std::int64_t>{1});
 }
 
@@ -76,8 +79,9 @@ TEST(Connection, AnAttentionStopsAResultThatTheClientDoesNotRead) {
     client.Send(Packets(PacketType::SqlBatch, BatchBody("endless")));
     client.Send(Packets(PacketType::Attention, ""));
     Answer answer = client.Receive();
-    EXPECT_EQ(answer.dones.back().flags, done::attention);
+    EXPECT_EQ(answer.dones.back().flags, done::error);
     EXPECT_EQ(answer.values.size(), rows);
+    EXPECT_EQ(client.Receive().dones.back().flags, done::attention);
 }
 
 TEST(Connection, AClientThatGoesAwayEndsItsStatementAndItsSession) {
@@ -115,6 +119,31 @@ TEST(Connection, StoppingTheListenerEndsWhatRuns) {
     client.AwaitEnd();
 }
 
+TEST(Connection, ABrowserIsToldWhatItHasCalled) {
+    RunningListener listener;
+    PlainClient browser(listener.Port());
+    browser.Send("GET / HTTP/1.1\r\nHost: localhost\r\n\r\n");
+    const std::string said = browser.AwaitEnd();
+    EXPECT_EQ(said.substr(0, 28), "HTTP/1.1 400 Bad Request\r\nCo");
+    EXPECT_NE(said.find("database server"), std::string::npos);
+}
+
+TEST(Connection, ThoseWhoOnlyKnockKeepNobodyOut) {
+    RunningListener listener;
+    listener.server.script.batch = AnswerOne;
+    PlainClient honest(listener.Port());
+    honest.LogIn();
+    std::vector<std::unique_ptr<PlainClient>> knocking;
+    constexpr int moreThanAreLetIn = 300;
+    for (int count = 0; count < moreThanAreLetIn; ++count) {
+        knocking.push_back(std::make_unique<PlainClient>(listener.Port()));
+    }
+    PlainClient late(listener.Port());
+    late.LogIn();
+    EXPECT_EQ(late.Batch("SELECT 1").values, std::vector<std::int64_t>{1});
+    EXPECT_EQ(honest.Batch("SELECT 1").values, std::vector<std::int64_t>{1});
+}
+
 TEST(Connection, HostileBytesEndTheirConnectionAndNoOther) {
     RunningListener listener;
     listener.server.script.batch = AnswerOne;
@@ -125,7 +154,6 @@ TEST(Connection, HostileBytesEndTheirConnectionAndNoOther) {
     std::vector<std::string> attacks{
         std::string(5000, '\xFF'),
         std::string(5000, '\0'),
-        "GET / HTTP/1.1\r\n\r\n",
         Packets(PacketType::SqlBatch, BatchBody("SELECT 1")),
         Packets(PacketType::Login7, std::string(200000, 'x')),
         login + Packets(PacketType::SqlBatch, std::string("\xff\xff\xff\x7f")),

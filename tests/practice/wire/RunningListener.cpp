@@ -56,12 +56,14 @@ Answer PlainClient::Batch(const std::string& text) {
     return Receive();
 }
 
-void PlainClient::AwaitEnd() {
+std::string PlainClient::AwaitEnd() {
+    std::string all;
     std::array<char, 4096> buffer;
     asio::error_code error;
     while (!error) {
-        m_socket.read_some(asio::buffer(buffer), error);
+        all.append(buffer.data(), m_socket.read_some(asio::buffer(buffer), error));
     }
+    return all;
 }
 
 } // namespace quillon::practice::testing

@@ -40,7 +40,7 @@ class PlainClient {
     Answer LogIn(const LoginText& text = {});
     Answer Batch(const std::string& text);
     // Waits until the server closes, dropping what it still says.
-    void AwaitEnd();
+    std::string AwaitEnd(); // what came until then
     void Close() { m_socket.close(); }
 
   private:
