@@ -33,6 +33,7 @@ int Main(int argumentCount, char** arguments) {
     const std::filesystem::path binFolder = std::filesystem::canonical("/proc/self/exe").parent_path();
     const std::map<std::string, std::function<std::vector<Measure>()>> measures{
         {"inserts", [&] { return MeasureInserts(binFolder); }},
+        {"bulk", [&] { return MeasureBulk(binFolder); }},
         {"streaming", [&] { return MeasureStreaming(binFolder); }},
         {"triggers", [&] { return MeasureTriggers(binFolder); }},
         {"parsing", [] { return MeasureParsing(); }},
@@ -40,7 +41,7 @@ int Main(int argumentCount, char** arguments) {
     std::vector<std::string> chosen;
     CLI::App program("Measures what is promised of the practice server's speed.");
     program.add_option("measure", chosen,
-                       "inserts, streaming, triggers, parsing; all of them when none is named");
+                       "inserts, bulk, streaming, triggers, parsing; all of them when none is named");
     CLI11_PARSE(program, argumentCount, arguments);
     bool all = true;
     for (const auto& [name, measure] : measures) {

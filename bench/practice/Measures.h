@@ -19,6 +19,7 @@ struct Measure {
 // `binFolder` holds the program. Data lies in the current folder, so that the disk is the one that the person
 // chose.
 std::vector<Measure> MeasureInserts(const std::filesystem::path& binFolder);
+std::vector<Measure> MeasureBulk(const std::filesystem::path& binFolder);
 std::vector<Measure> MeasureStreaming(const std::filesystem::path& binFolder);
 std::vector<Measure> MeasureTriggers(const std::filesystem::path& binFolder);
 std::vector<Measure> MeasureParsing();

@@ -1,5 +1,6 @@
-// soak_practice: clients that write, read, roll back, cancel and are killed at random. Afterwards every
-// promised row is there, no other is, locks are free, and the server's memory has not grown.
+// soak_practice: clients that write, read, roll back, cancel and are killed at random, and, where asked for,
+// the server as well. Afterwards every promised row is there, no other is, locks are free, and the server's
+// memory has not grown.
 #include "bench/practice/SoakClient.h"
 #include "practice/support/OdbcClient.h"
 #include "practice/support/ServerProcess.h"
@@ -32,26 +33,35 @@ class Soak {
         testing::OdbcClient(m_server.Port(), "7.4", m_server.Password()).Run(soakTables);
     }
 
-    bool Run(std::chrono::seconds length) {
+    // `lives` is how long the server lives before it is killed; zero for ever.
+    bool Run(std::chrono::seconds length, std::chrono::seconds lives) {
         const auto start = std::chrono::steady_clock::now();
         for (pid_t& process : m_processes) {
             process = StartClient();
         }
         long early = 0;
         long late = 0;
+        auto born = start;
         while (std::chrono::steady_clock::now() - start < length) {
             std::this_thread::sleep_for(std::chrono::milliseconds(m_random() % 400));
             pid_t& victim = m_processes[m_random() % m_processes.size()];
             EndClient(victim);
             victim = StartClient();
+            if (lives.count() > 0 && std::chrono::steady_clock::now() - born > lives) {
+                m_server.KillAndRestart();
+                ++m_kills;
+                born = std::chrono::steady_clock::now();
+            }
             long now = m_server.ResidentKilobytes();
             (std::chrono::steady_clock::now() - start < length / 3 ? early : late) = now;
         }
         for (pid_t process : m_processes) {
             EndClient(process);
         }
-        std::printf("%d clients came and went; resident after a third %ld KB, at the end %ld KB\n", m_started,
-                    early, late);
+        std::printf(
+            "%d clients came and went, %d servers were killed; resident after a third %ld KB, at the end "
+            "%ld KB\n",
+            m_started, m_kills, early, late);
         return Check() && CheckMemory(early, late);
     }
 
@@ -120,6 +130,7 @@ class Soak {
     std::vector<pid_t> m_processes;
     Promise* m_promises = nullptr;
     int m_started = 0;
+    int m_kills = 0;
     std::int64_t m_promised = 0;
     std::mt19937 m_random{42};
 };
@@ -127,12 +138,16 @@ class Soak {
 int Main(int argumentCount, char** arguments) {
     int seconds = 300;
     int clients = 8;
+    int lives = 0;
     CLI::App program("Lets clients write, read, cancel and die at random, and checks what is left.");
     program.add_option("--seconds", seconds, "how long")->capture_default_str();
     program.add_option("--clients", clients, "how many at once")->capture_default_str();
+    program
+        .add_option("--kill-server-after", lives, "seconds that a server lives before it is killed; 0: never")
+        ->capture_default_str();
     CLI11_PARSE(program, argumentCount, arguments);
     Soak soak(std::filesystem::canonical("/proc/self/exe").parent_path(), clients);
-    return soak.Run(std::chrono::seconds(seconds)) ? 0 : 1;
+    return soak.Run(std::chrono::seconds(seconds), std::chrono::seconds(lives)) ? 0 : 1;
 }
 
 } // namespace

@@ -30,15 +30,15 @@ ServerProcess::ServerProcess(const std::filesystem::path& binFolder, const std::
     std::ofstream(passwordFile) << m_password << "\n";
     std::filesystem::permissions(passwordFile,
                                  std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
-    std::vector<std::string> command{(binFolder / "quillon-practice").string(), "--port", "0",
-                                     "--password-file", passwordFile.string()};
+    m_command = {(binFolder / "quillon-practice").string(), "--port", "0", "--password-file",
+                 passwordFile.string()};
     if (data.empty()) {
-        command.push_back("--ephemeral");
+        m_command.push_back("--ephemeral");
     } else {
-        command.insert(command.end(), {"--data", data.string()});
+        m_command.insert(m_command.end(), {"--data", data.string()});
     }
-    command.insert(command.end(), moreOptions.begin(), moreOptions.end());
-    Start(std::move(command));
+    m_command.insert(m_command.end(), moreOptions.begin(), moreOptions.end());
+    Start();
 }
 
 ServerProcess::~ServerProcess() {
@@ -47,9 +47,15 @@ ServerProcess::~ServerProcess() {
     }
 }
 
-void ServerProcess::Start(std::vector<std::string> command) {
+void ServerProcess::KillAndRestart() {
+    End(SIGKILL);
+    m_command[2] = std::to_string(m_port);
+    Start();
+}
+
+void ServerProcess::Start() {
     std::vector<char*> arguments;
-    for (std::string& word : command) {
+    for (std::string& word : m_command) {
         arguments.push_back(word.data());
     }
     arguments.push_back(nullptr);

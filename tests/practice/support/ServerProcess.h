@@ -39,15 +39,18 @@ class ServerProcess {
 
     // Sends the signal and waits for the end: the exit code, or minus the signal that ended it.
     int End(int signal);
+    // Kills the server as a power cut would and starts it again on its data and port.
+    void KillAndRestart();
     // Of the running process.
     long ResidentKilobytes() const;
     double ProcessorSeconds() const;
 
   private:
-    void Start(std::vector<std::string> command);
+    void Start();
     void AwaitListening(int output);
 
     TemporaryFolder m_folder; // for the password file
+    std::vector<std::string> m_command;
     std::string m_password = "Pr4ctice-Test";
     pid_t m_process = -1;
     std::uint16_t m_port = 0;
