@@ -46,6 +46,7 @@ class EchoSession : public SqlSession {
     }
     void Describe(std::string_view, std::string_view, ResultSink& sink) override { sink.Done({}); }
     void RunTransactionRequest(const TransactionRequest&, ResultSink& sink) override { sink.Done({}); }
+    void MakeDurable() override {}
     void Cancel() noexcept override {}
     void PrepareRequest() noexcept override {}
     void Reset(bool, ResultSink&) override {}

@@ -84,7 +84,8 @@ void Run(const Options& options) {
     std::unique_ptr<SqlServer> server = OpenSqlServer({.dataFolder = folder.Path(),
                                                        .ephemeral = options.ephemeral,
                                                        .createSample = options.sample,
-                                                       .accounts = &accounts});
+                                                       .accounts = &accounts,
+                                                       .log = Log});
 
     asio::io_context context;
     asio::signal_set signals(context, SIGTERM, SIGINT);

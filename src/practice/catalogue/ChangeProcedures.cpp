@@ -29,6 +29,21 @@ EXEC sys.q_settriggerorder @triggername, @order, @stmttype
 IF @@ERROR <> 0 RETURN 1
 RETURN 0
 )"},
+    {"sp_procoption", R"(CREATE PROCEDURE sys.sp_procoption @ProcName nvarchar(776), @OptionName varchar(35),
+    @OptionValue varchar(12) AS
+SET NOCOUNT ON
+IF LOWER(@OptionName) <> 'startup' OR LOWER(@OptionValue) NOT IN ('on', 'off', 'true', 'false')
+    OR @OptionName IS NULL OR @OptionValue IS NULL
+BEGIN
+    EXEC sys.q_raise 15600, 'sp_procoption'
+    RETURN 1
+END
+DECLARE @on bit
+SET @on = CASE WHEN LOWER(@OptionValue) IN ('on', 'true') THEN 1 ELSE 0 END
+EXEC sys.q_startup @ProcName, @on
+IF @@ERROR <> 0 RETURN 1
+RETURN 0
+)"},
     {"sp_bindefault", R"(CREATE PROCEDURE sys.sp_bindefault @defname nvarchar(776), @objname nvarchar(776),
     @futureonly varchar(15) = NULL AS
 SET NOCOUNT ON

@@ -1,5 +1,5 @@
 // What the procedures of the system do beneath Transact-SQL: renaming, the order of triggers, binding of
-// defaults and rules.
+// defaults and rules, what runs when the server starts.
 #include "practice/catalogue/SystemProcedures.h"
 #include "practice/functions/NameParts.h"
 #include "practice/values/Convert.h"
@@ -281,9 +281,25 @@ int Bind(NativeHost& host, std::span<const Datum> arguments) {
     return 0;
 }
 
+// q_startup procedure, 0 or 1
+int SetStartup(NativeHost& host, std::span<const Datum> arguments) {
+    const std::string name = TextOf(arguments, 0);
+    const auto procedure = CopyOf<Module>(FindTarget(host, name, false).object);
+    if (!procedure || procedure->kind != ObjectKind::Procedure)
+        throw SqlError(15165, {name});
+    if (host.CurrentDatabase() != masterDatabase || procedure->schema != dboSchema)
+        throw SqlError(15398);
+    if (!procedure->parameters.empty())
+        throw SqlError(15399);
+    procedure->startup = arguments[1].Integer() != 0;
+    Put(host, procedure);
+    return 0;
+}
+
 constexpr std::pair<std::string_view, NativeProcedure> natives[] = {
-    {"q_raise", Raise}, {"q_refuse", Refuse}, {"q_rename", Rename}, {"q_settriggerorder", SetTriggerOrder},
-    {"q_bind", Bind},
+    {"q_raise", Raise},   {"q_refuse", Refuse},
+    {"q_rename", Rename}, {"q_settriggerorder", SetTriggerOrder},
+    {"q_bind", Bind},     {"q_startup", SetStartup},
 };
 
 } // namespace

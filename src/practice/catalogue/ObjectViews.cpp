@@ -67,7 +67,8 @@ constexpr ViewDefinition rows[] = {
     {"sys", "procedures",
      OBJECT_COLUMNS ", is_auto_executed bit, is_execution_replicated bit, is_repl_serializable_only bit, "
                     "skips_repl_constraints bit",
-     "SELECT {object:o}, 0, 0, 0, 0 FROM q_object o WHERE o.database_id = {db} AND o.type = 'P'"},
+     "SELECT {object:o}, o.object_id IN (SELECT object_id FROM q_startup), 0, 0, 0 "
+     "FROM q_object o WHERE o.database_id = {db} AND o.type = 'P'"},
     {"sys", "synonyms", OBJECT_COLUMNS ", base_object_name nvarchar(1035)",
      "SELECT {object:o}, t.target FROM q_object o JOIN q_text_object t ON t.object_id = o.object_id "
      "WHERE o.database_id = {db} AND o.type = 'SN'"},

@@ -125,7 +125,7 @@ constexpr Property objectProperties[] = {
     {"ISQUOTEDIDENTON", [](const Subject& s) { return !s.module || s.module->quotedIdentifier; }},
     {"EXECISANSINULLSON", [](const Subject& s) { return s.module && s.module->ansiNulls; }},
     {"EXECISQUOTEDIDENTON", [](const Subject& s) { return s.module && s.module->quotedIdentifier; }},
-    {"EXECISSTARTUP", [](const Subject&) { return false; }},
+    {"EXECISSTARTUP", [](const Subject& s) { return s.module && s.module->startup; }},
     {"EXECISTRIGGERDISABLED", [](const Subject& s) { return s.trigger && s.trigger->disabled; }},
     {"EXECISTRIGGERNOTFORREPL", [](const Subject& s) { return s.trigger && s.trigger->notForReplication; }},
     {"EXECISAFTERTRIGGER", [](const Subject& s) { return s.trigger && !s.trigger->insteadOf; }},

@@ -68,6 +68,14 @@ PassedError OutsideLines(SqlError error, const std::string& procedure) {
     return PassedError(std::move(error), ErrorOrigin::Statement);
 }
 
+/// What RETURN gave; without it, an error in the procedure shows as a negative number.
+int StatusOf(const Frame& frame) {
+    constexpr int mostInformational = 10;
+    if (frame.returned)
+        return frame.returned->IsNull() ? 0 : static_cast<int>(frame.returned->Integer());
+    return frame.failure == 0 ? 0 : mostInformational - frame.failure;
+}
+
 int RunProcedureTree(SessionState& session, std::unique_ptr<Frame> frame,
                      std::vector<CallArgument>& arguments) {
     const auto& statement = tsql::As<tsql::CreateProcedureStatement>(frame->tree->statements.front());
@@ -88,21 +96,33 @@ int RunProcedureTree(SessionState& session, std::unique_ptr<Frame> frame,
         }
         RunProgram(session, ProgramOf(*session.Top().tree->statements.front(), statement.body));
         TakeOutputs(session, statement.parameters, arguments);
-        const auto& returned = session.Top().returned;
-        status = returned && !returned->IsNull() ? static_cast<int>(returned->Integer()) : 0;
+        status = StatusOf(session.Top());
     }
-    const int after = session.store.TransactionCount();
-    if (before != after) {
-        throw OutsideLines(SqlError(266, {std::to_string(before), std::to_string(after)}, 2), name);
-    }
+    CheckTransactionCount(session, before, name);
     return status;
 }
 
 } // namespace
 
+void CheckTransactionCount(SessionState& session, int before, const std::string& procedure) {
+    const int after = session.store.TransactionCount();
+    if (before == after)
+        return;
+    PassedError error(SqlError(266, {std::to_string(before), std::to_string(after)}, 2),
+                      ErrorOrigin::Statement);
+    error.procedure = procedure.empty() ? session.Top().name : procedure;
+    error.line = procedure.empty() ? session.Top().line : 0;
+    if (session.Top().guarded || session.Top().guardedOutside)
+        throw error;
+    session.Tell(error);
+    session.Finish(StatementKind::Execute, std::nullopt, true);
+    session.error = error.number;
+}
+
 FrameScope::FrameScope(SessionState& session, std::unique_ptr<Frame> frame)
     : m_session(session)
     , m_options(session.options)
+    , m_isolation(session.isolation)
     , m_database(session.database)
     , m_impersonations(session.impersonations.size()) {
     frame->scopeIdentity = Datum::Null(DecimalType(38, 0, TypeId::Numeric));
@@ -128,6 +148,7 @@ FrameScope::~FrameScope() {
     if (outermost)
         return; // what a batch sets stays set
     m_session.options = m_options;
+    m_session.isolation = std::move(m_isolation);
     m_session.database = m_database;
     m_session.impersonations.resize(m_impersonations);
 }
@@ -199,6 +220,7 @@ void RunFunctionBody(SessionState& session, const Module& function,
     session.database = function.database;
     session.options.quotedIdentifier = function.quotedIdentifier;
     session.options.ansiNulls = function.ansiNulls;
+    session.options.noCount = true; // the client hears nothing of what runs inside of an expression
     std::vector<CallArgument> given;
     for (const Datum& argument : arguments) {
         CallArgument one;

@@ -24,6 +24,7 @@ class FrameScope {
   private:
     SessionState& m_session;
     SessionOptions m_options;
+    std::string m_isolation;
     DatabaseId m_database;
     std::size_t m_impersonations;
 };
@@ -62,6 +63,10 @@ void TakeOutputs(SessionState& session, const std::vector<tsql::Parameter>& para
                  std::vector<CallArgument>& arguments);
 /// The flow of a module, kept with its tree.
 const FlowProgram& ProgramOf(const tsql::Statement& module, const tsql::StatementList& body);
+/// After a call: 266 when it has left another transaction count than was there before. It is an error where a
+/// TRY block waits for one; elsewhere it is only told, and the call has ended as it should. `procedure` is
+/// empty after a text.
+void CheckTransactionCount(SessionState& session, int before, const std::string& procedure);
 /// Declares the program's variables and runs it in the top frame.
 void RunProgram(SessionState& session, const FlowProgram& program);
 /// A procedure that the session itself is; nothing when it is none of them.

@@ -93,10 +93,14 @@ void RunText(SessionState& session, const tsql::ExecuteTextStatement& statement)
     frame->tree = tsql::ParseBatch(ToText(value), options);
     const FlowProgram program(frame->tree->statements);
     const std::shared_ptr<const tsql::Batch> tree = frame->tree; // outlives the program
-    const FrameScope scope(session, std::move(frame));
-    if (!statement.asKind.empty())
-        Impersonate(session, statement.asKind, statement.asName);
-    RunProgram(session, program);
+    const int transactions = session.store.TransactionCount();
+    {
+        const FrameScope scope(session, std::move(frame));
+        if (!statement.asKind.empty())
+            Impersonate(session, statement.asKind, statement.asName);
+        RunProgram(session, program);
+    }
+    CheckTransactionCount(session, transactions, {});
 }
 
 } // namespace

@@ -47,6 +47,7 @@ void FlowRunner::Run(const FlowProgram& program) {
     for (std::size_t at = 0; at < steps.size() && !m_session.Top().finished;) {
         const FlowStep& step = steps[at];
         m_session.CheckInterrupt();
+        m_session.LeaveLostDatabase();
         LeaveCatches(step.catches);
         Frame& frame = m_session.Top();
         frame.guarded = step.handler != FlowStep::none;
@@ -102,6 +103,7 @@ std::size_t FlowRunner::HandleFailure(const std::vector<FlowStep>& steps, const 
     if (!passed)
         Locate(error);
     m_session.error = error.number;
+    m_session.rowCount = 0;
     const bool fatal = error.severity >= 20;
     const bool uncatchableHere = !passed && IsBindingError(error.number) && origin == ErrorOrigin::Statement;
     if (step.handler != FlowStep::none && !fatal && !uncatchableHere) {
@@ -155,6 +157,8 @@ void FlowRunner::TellAndEnd(const FlowStep* step, const SqlError& error, ErrorOr
         origin == ErrorOrigin::Statement ? EffectOf(error.number, error.severity) : ErrorEffect::Statement;
     if (error.severity >= 20)
         throw ConnectionEnded();
+    if (origin == ErrorOrigin::Statement)
+        m_session.Top().failure = error.severity;
     const bool aborts = m_session.options.xactAbort && origin != ErrorOrigin::RaiseError;
     const bool terminated = step != nullptr && origin == ErrorOrigin::Statement && !aborts &&
                             effect == ErrorEffect::Statement && IsTermination(*step->statement, error);

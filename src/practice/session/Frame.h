@@ -32,6 +32,7 @@ struct Frame {
     const TriggerFrame* trigger = nullptr;
     Datum scopeIdentity;
     std::optional<Datum> returned; // the value of RETURN
+    int failure = 0;               // the severity of the last error of a statement that was not caught
     bool finished = false;
     std::list<CaughtError> caught; // of the CATCH blocks that run, the innermost last
     bool guarded = false;          // the running step stands in a TRY block of this frame

@@ -75,7 +75,7 @@ void RunPrint(SessionState& session, const tsql::PrintStatement& statement) {
     const Datum value = session.Statements().Evaluate(*statement.value);
     std::string text = value.IsNull() ? std::string() : ToText(value);
     if (text.empty())
-        text = " "; // a message is never empty
+        text.push_back(' '); // a message is never empty
     const int longest = value.Type().IsUnicode() ? kLongestUnicode : kLongestText;
     text.resize(FirstCharacters(text, longest).size());
     session.Inform(0, std::move(text));

@@ -19,6 +19,7 @@ class SessionOfRequests : public SqlSession {
     void ExecuteProcedure(const ProcedureCall& call, ResultSink& sink) override;
     void Describe(std::string_view statement, std::string_view parameters, ResultSink& sink) override;
     void RunTransactionRequest(const TransactionRequest& request, ResultSink& sink) override;
+    void MakeDurable() override { m_state.server.store.MakeDurable(); }
     void Cancel() noexcept override;
     void PrepareRequest() noexcept override;
     void Reset(bool keepTransaction, ResultSink& sink) override;

@@ -1,6 +1,7 @@
 // The engine as a whole: the store, and the sessions on it.
 #include "practice/catalogue/SampleDatabase.h"
 #include "practice/session/Requests.h"
+#include "practice/session/StartupProcedures.h"
 #include "practice/values/SqlError.h"
 
 #include <set>
@@ -46,6 +47,7 @@ class Server : public SqlServer {
         m_parts.sources.sessions = [this] { return Sessions(); };
         if (options.createSample && m_store.Committed()->FindDatabase(sampleDatabaseName) == nullptr)
             MakeSample();
+        m_startup = std::make_unique<StartupProcedures>(*this, *m_store.Committed(), options.log);
     }
 
     std::unique_ptr<SqlSession> OpenSession(const LoginFacts& facts, ResultSink& sink) override {
@@ -110,6 +112,7 @@ class Server : public SqlServer {
     ServerParts m_parts;
     mutable std::mutex m_mutex;
     std::set<const SessionOfRequests*> m_sessions;
+    std::unique_ptr<StartupProcedures> m_startup; // its session goes first
 };
 
 KnownSession::KnownSession(Server& server, ServerParts& parts, const LoginFacts& facts)

@@ -8,6 +8,10 @@
 #include "practice/session/Variables.h"
 #include "practice/values/SqlError.h"
 
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
 namespace quillon::practice {
 
 FunctionContext& SessionContext::Functions() {
@@ -27,6 +31,28 @@ void SessionContext::ChangeDatabase(DatabaseId database) {
     m_session.database = database;
     m_session.TellDatabase();
     m_session.Inform(5701, MessageText(5701, {m_session.DatabaseName()}));
+}
+
+// A connection that was closed a moment ago takes a while to end.
+bool SessionContext::IsUsedElsewhere(const std::string& database) {
+    constexpr int attempts = 40;
+    constexpr std::chrono::milliseconds pause{25};
+    const auto inIt = [&](const SessionRow& row) {
+        return row.sessionId != m_session.facts.spid && SameName(row.database, database);
+    };
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        const std::vector<SessionRow> sessions = m_session.server.sources.sessions();
+        if (std::none_of(sessions.begin(), sessions.end(), inIt))
+            return false;
+        m_session.CheckInterrupt();
+        std::this_thread::sleep_for(pause);
+    }
+    return true;
+}
+
+bool SessionContext::KeepsWhatItReads() {
+    return m_session.isolation == "REPEATABLE READ" || m_session.isolation == "SERIALIZABLE" ||
+           m_session.isolation == "SNAPSHOT";
 }
 
 std::string_view SessionContext::SourceText() {

@@ -17,6 +17,8 @@ class SessionContext : public ExecutionContext {
     ResultSink& Sink() override;
     DatabaseId CurrentDatabase() override;
     void ChangeDatabase(DatabaseId database) override;
+    bool IsUsedElsewhere(const std::string& database) override;
+    bool KeepsWhatItReads() override;
     std::string_view SourceText() override;
     ObjectId CurrentModule() override;
     SchemaId DefaultSchema() override;

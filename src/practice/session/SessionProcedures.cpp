@@ -53,6 +53,7 @@ int ExecuteSql(SessionState& session, std::vector<CallArgument>& arguments) {
     auto frame = std::make_unique<Frame>();
     frame->kind = FrameKind::Text;
     frame->tree = kept.tree;
+    const int transactions = session.store.TransactionCount();
     {
         const FrameScope scope(session, std::move(frame));
         BindArguments(session, *kept.parameters, values, "sp_executesql");
@@ -60,6 +61,7 @@ int ExecuteSql(SessionState& session, std::vector<CallArgument>& arguments) {
         TakeOutputs(session, *kept.parameters, values);
     }
     std::move(values.begin(), values.end(), arguments.begin() + static_cast<std::ptrdiff_t>(first));
+    CheckTransactionCount(session, transactions, {});
     return session.error;
 }
 

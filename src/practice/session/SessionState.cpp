@@ -36,6 +36,11 @@ std::string SessionState::DatabaseName() {
     return current == nullptr ? std::string() : current->name;
 }
 
+void SessionState::LeaveLostDatabase() {
+    if (store.View()->FindDatabase(database) == nullptr)
+        database = masterDatabase;
+}
+
 void SessionState::TellDatabase() {
     if (toldDatabase == database)
         return;

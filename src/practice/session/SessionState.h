@@ -84,6 +84,8 @@ struct SessionState {
     void CheckInterrupt() const;
     /// The current database's name.
     std::string DatabaseName();
+    /// Goes to master when another session has dropped the current database.
+    void LeaveLostDatabase();
     /// Tells the client of the current database where it knows of another one.
     void TellDatabase();
     /// The login that counts now, and its user in the current database.

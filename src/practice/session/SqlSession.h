@@ -11,6 +11,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -90,6 +91,10 @@ class SqlSession {
     // Ends with Done, scope Batch.
     virtual void RunTransactionRequest(const TransactionRequest& request, ResultSink& sink) = 0;
 
+    // Returns when all that has been committed is on the disk; before that no client may be told of it. From
+    // any thread. Throws std::runtime_error when the disk fails.
+    virtual void MakeDurable() = 0;
+
     // From any thread: the running request, if there is one, ends as soon as it can, its running statement
     // undone, without a message. The mark stays until PrepareRequest, so that a Cancel at the very start of a
     // request is not lost.
@@ -130,6 +135,8 @@ struct ServerOptions {
     bool ephemeral = false;           // nothing need outlive the server: no waiting for the disk
     bool createSample = false;        // make the sample database where it is missing
     Accounts* accounts = nullptr;     // outlives the server
+    // Errors of what the server runs by itself; called on any thread.
+    std::function<void(const std::string&)> log = [](const std::string&) {};
 };
 
 // Opens the data folder, recovering what a killed server left committed there. Throws std::runtime_error with

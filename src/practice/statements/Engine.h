@@ -5,6 +5,7 @@
 #include "practice/statements/ExecutionContext.h"
 #include "practice/statements/FunctionNodes.h"
 #include "practice/statements/LateralTables.h"
+#include "practice/statements/PlanShapes.h"
 #include "practice/statements/SystemViews.h"
 #include "practice/statements/change/RowSets.h"
 #include "practice/storage/Sqlite.h"
@@ -26,6 +27,7 @@ class Engine {
     FunctionNodes functions;
     LateralTables laterals;
     RowSets rowSets;
+    PlanShapes shapes;
 
     // Whether the statement that runs (or failed last) had come as far as touching rows.
     bool begun = false;

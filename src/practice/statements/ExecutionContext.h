@@ -75,6 +75,10 @@ class ExecutionContext {
     virtual DatabaseId CurrentDatabase() = 0;
     // USE: the database exists and is open to the login. Tells the sink (5701) and the client.
     virtual void ChangeDatabase(DatabaseId database) = 0;
+    // Whether another session has it as its current database, or soon leaves it.
+    virtual bool IsUsedElsewhere(const std::string& database) = 0;
+    // Whether the isolation level asks that what a transaction has read stays as it is until its end.
+    virtual bool KeepsWhatItReads() = 0;
     // The text of the batch or module whose statement runs: the spans of its tree point into it.
     virtual std::string_view SourceText() = 0;
     // The module that runs now: its home (for names without a schema and its error reports); 0 in a batch.

@@ -40,8 +40,14 @@ std::unique_ptr<Plan> MakePlan(Engine& engine, const tsql::SelectStatement& stat
     return plan;
 }
 
+void HoldIfAsked(Engine& engine, const Plan& plan) {
+    if (!plan.needs.reads.empty() && (plan.needs.locks || engine.context.KeepsWhatItReads()))
+        engine.store.HoldReads();
+}
+
 StatementOutcome RunAssignment(Engine& engine, const tsql::SelectStatement& statement) {
     PlanUse<Plan> plan(engine, statement.attachment, [&] { return MakePlan(engine, statement, false); });
+    HoldIfAsked(engine, *plan);
     plan->Bind(engine);
     std::vector<Variable*> variables;
     for (const tsql::SelectItem& item : statement.First().items)
@@ -82,6 +88,17 @@ StatementOutcome RunInto(Engine& engine, const tsql::SelectStatement& statement)
         engine.store.NoteIdentity(table->id);
     scope.End();
     return {StatementKind::SelectInto, count};
+}
+
+// Whether there is a first row. A client is told of the columns even when none can be had: the error comes
+// after them.
+bool FirstStep(Engine& engine, Plan& plan) {
+    try {
+        return engine.Step(plan.statement);
+    } catch (const SqlError&) {
+        engine.context.Sink().Columns(ResultColumns(plan.columns));
+        throw;
+    }
 }
 
 class Reader : public QueryReader {
@@ -144,10 +161,10 @@ StatementOutcome RunSelect(Engine& engine, const tsql::SelectStatement& statemen
     if (Assigns(statement.First()))
         return RunAssignment(engine, statement);
     PlanUse<Plan> plan(engine, statement.attachment, [&] { return MakePlan(engine, statement, false); });
+    HoldIfAsked(engine, *plan);
     plan->Bind(engine);
     ResultSink& sink = engine.context.Sink();
-    // Nothing is told of the columns before it is sure that the first row can be had.
-    bool more = engine.Step(plan->statement);
+    bool more = FirstStep(engine, *plan);
     sink.Columns(ResultColumns(plan->columns));
     std::uint64_t count = 0;
     std::vector<Datum> row;
@@ -163,6 +180,7 @@ std::unique_ptr<QueryReader> OpenReader(Engine& engine, const tsql::SelectStatem
                                         bool withRowIds) {
     std::shared_ptr<const Table> base;
     std::unique_ptr<Plan> plan = MakePlan(engine, statement, withRowIds, &base);
+    HoldIfAsked(engine, *plan);
     return std::make_unique<Reader>(engine, std::move(plan), base);
 }
 

@@ -50,6 +50,7 @@ constexpr const char* tables[] = {
     "q_module(object_id INTEGER PRIMARY KEY, definition TEXT, uses_ansi_nulls INTEGER,"
     " uses_quoted_identifier INTEGER, is_encrypted INTEGER, is_schema_bound INTEGER, is_recompiled INTEGER,"
     " execute_as TEXT)",
+    "q_startup(object_id INTEGER PRIMARY KEY)",
     "q_parameter(object_id INTEGER, parameter_id INTEGER, name TEXT, system_type_id INTEGER,"
     " user_type_id INTEGER, max_length INTEGER, precision INTEGER, scale INTEGER, is_output INTEGER,"
     " is_readonly INTEGER, has_default_value INTEGER, PRIMARY KEY(object_id, parameter_id))",

@@ -197,6 +197,7 @@ struct Module : SchemaObject {
     bool encrypted = false;
     bool schemaBound = false;
     bool recompile = false;
+    bool startup = false; // a procedure of master that runs when the server starts
     std::string executeAs;
     std::vector<ModuleParameter> parameters; // procedures and functions
     std::optional<SqlType> returns;          // scalar functions

@@ -300,7 +300,8 @@ void Loader::LoadForeignKeys() {
 void Loader::LoadModules() {
     Prepared rows =
         Select("SELECT object_id, definition, uses_ansi_nulls, uses_quoted_identifier, is_encrypted,"
-               " is_schema_bound, is_recompiled, execute_as FROM q_module");
+               " is_schema_bound, is_recompiled, execute_as, object_id IN (SELECT object_id FROM q_startup)"
+               " FROM q_module");
     while (rows.Step()) {
         if (const auto text = Find<TextObject>(rows.Integer(0))) {
             text->text = rows.Text(1);
@@ -314,6 +315,7 @@ void Loader::LoadModules() {
         module->schemaBound = rows.Integer(5) != 0;
         module->recompile = rows.Integer(6) != 0;
         module->executeAs = rows.Text(7);
+        module->startup = rows.Integer(8) != 0;
     }
 }
 

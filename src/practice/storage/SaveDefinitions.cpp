@@ -40,8 +40,8 @@ void Saver::DeleteObject(ObjectId id) {
         RunFor((std::string("DELETE FROM ") + table + " WHERE parent_object_id = ?").c_str(), id);
     // Triggers are objects of their own: what hangs on the table by its parent's id alone are constraints.
     RunFor("DELETE FROM q_object WHERE parent_object_id = ? AND type <> 'TR'", id);
-    for (const char* table : {"q_object", "q_column", "q_index", "q_index_column", "q_module", "q_parameter",
-                              "q_trigger", "q_trigger_event", "q_text_object"})
+    for (const char* table : {"q_object", "q_column", "q_index", "q_index_column", "q_module", "q_startup",
+                              "q_parameter", "q_trigger", "q_trigger_event", "q_text_object"})
         RunFor((std::string("DELETE FROM ") + table + " WHERE object_id = ?").c_str(), id);
 }
 
@@ -187,6 +187,8 @@ void Saver::SaveModule(const Module& module) {
         .Bind(7, module.recompile)
         .Bind(8, std::string_view(module.executeAs))
         .Run();
+    if (module.startup)
+        RunFor("INSERT INTO q_startup VALUES(?)", module.id);
     SaveColumns(module.id, module.columns);
     int ordinal = 0;
     for (const ModuleParameter& parameter : module.parameters)

@@ -3,8 +3,11 @@
 #include "practice/storage/DefinitionTables.h"
 #include "practice/storage/Sqlite.h"
 #include "practice/storage/SystemDatabases.h"
+#include "practice/storage/TableStorage.h"
 
+#include <fcntl.h>
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include <random>
 
@@ -28,28 +31,49 @@ std::filesystem::path MakeTemporaryFolder() {
                              std::filesystem::temp_directory_path().string());
 }
 
-struct Close {
-    void operator()(sqlite3* connection) const { sqlite3_close(connection); }
-};
-
 } // namespace
 
-sqlite3* Store::Connect() const {
-    sqlite3* connection = nullptr;
+void CloseConnection::operator()(sqlite3* connection) const {
+    sqlite3_close_v2(connection);
+}
+
+OwnConnection Store::Connect() const {
+    sqlite3* opened = nullptr;
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
-    if (sqlite3_open_v2(m_file.string().c_str(), &connection, flags, nullptr) != SQLITE_OK) {
-        const std::string text = sqlite3_errmsg(connection);
-        sqlite3_close(connection);
-        throw std::runtime_error("cannot open " + m_file.string() + ": " + text);
+    const int code = sqlite3_open_v2(m_file.string().c_str(), &opened, flags, nullptr);
+    OwnConnection connection(opened);
+    if (code != SQLITE_OK)
+        throw std::runtime_error("cannot open " + m_file.string() + ": " + sqlite3_errmsg(opened));
+    sqlite3_extended_result_codes(opened, 1);
+    sqlite3_busy_timeout(opened, 10'000); // for checkpoints; writers wait for the write lock
+    RegisterCollations(opened);
+    Prepared(opened, "PRAGMA journal_mode = WAL").Run();
+    // NORMAL: checkpoints wait for the disk, commits do not. MakeDurable does.
+    Prepared(opened, m_ephemeral ? "PRAGMA synchronous = OFF" : "PRAGMA synchronous = NORMAL").Run();
+    Prepared(opened, "PRAGMA cache_size = -8000").Run();
+    return connection;
+}
+
+void Store::MakeDurable() {
+    const std::uint64_t wanted = m_commits;
+    if (m_durable >= wanted || m_ephemeral)
+        return;
+    const std::lock_guard guard(m_durableMutex);
+    if (m_durable >= wanted)
+        return;
+    const std::uint64_t now = m_commits;
+    SyncLog();
+    m_durable = now;
+}
+
+// After a failure nobody knows what is on the disk: a second try may well say that all is.
+void Store::SyncLog() {
+    if (m_log < 0)
+        m_log = open((m_file.string() + "-wal").c_str(), O_RDONLY | O_CLOEXEC);
+    if (m_diskFailed || m_log < 0 || fdatasync(m_log) != 0) {
+        m_diskFailed = true;
+        throw std::runtime_error("cannot write " + m_file.string() + "-wal to the disk");
     }
-    std::unique_ptr<sqlite3, Close> guard(connection);
-    sqlite3_extended_result_codes(connection, 1);
-    sqlite3_busy_timeout(connection, 10'000); // for checkpoints; writers wait for the write lock
-    RegisterCollations(connection);
-    Prepared(connection, "PRAGMA journal_mode = WAL").Run();
-    Prepared(connection, m_ephemeral ? "PRAGMA synchronous = OFF" : "PRAGMA synchronous = FULL").Run();
-    Prepared(connection, "PRAGMA cache_size = -8000").Run();
-    return guard.release();
 }
 
 Store::Store(const StoreOptions& options)
@@ -57,14 +81,17 @@ Store::Store(const StoreOptions& options)
     , m_file(m_folder / "practice.db")
     , m_ephemeral(options.ephemeral) {
     try {
-        const std::unique_ptr<sqlite3, Close> connection(Connect());
-        CreateOrLoad(connection.get());
+        m_keeper = Connect();
+        CreateOrLoad(m_keeper.get());
     } catch (const StoreFailure& failure) {
         throw std::runtime_error("cannot use " + m_file.string() + ": " + failure.what());
     }
 }
 
 Store::~Store() {
+    m_keeper.reset();
+    if (m_log >= 0)
+        close(m_log);
     if (m_ephemeral) {
         std::error_code ignored;
         std::filesystem::remove_all(m_folder, ignored);
@@ -80,12 +107,15 @@ void Store::CreateOrLoad(sqlite3* connection) {
                                  std::to_string(format) + ")");
     SaveSetting(connection, "format", formatNumber);
     m_committed = LoadCatalogue(connection, NextVersion());
-    if (m_committed->FindDatabase(masterDatabase) == nullptr) {
-        CatalogueEditor editor(m_committed, NextVersion());
+    CatalogueEditor editor(m_committed, NextVersion());
+    if (m_committed->FindDatabase(masterDatabase) == nullptr)
         AddSystemDatabases(editor);
-        SaveChanges(connection, editor);
-        m_committed = editor.Finish();
+    else {
+        DropTables(connection, *m_committed->FindDatabase(tempDatabase));
+        RemakeTempdb(editor);
     }
+    SaveChanges(connection, editor);
+    m_committed = editor.Finish();
     Prepared last(connection, "SELECT max(object_id) FROM q_object");
     last.Step();
     m_lastObjectId = std::max<ObjectId>(firstUserObject, static_cast<ObjectId>(last.Integer(0)));

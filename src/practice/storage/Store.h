@@ -11,6 +11,7 @@
 
 #include <atomic>
 #include <filesystem>
+#include <memory>
 #include <mutex>
 
 struct sqlite3;
@@ -19,6 +20,11 @@ namespace quillon::practice {
 
 // Ids below belong to the server's own objects.
 constexpr ObjectId firstUserObject = 100'000;
+
+struct CloseConnection {
+    void operator()(sqlite3* connection) const;
+};
+using OwnConnection = std::unique_ptr<sqlite3, CloseConnection>;
 
 struct StoreOptions {
     std::filesystem::path folder; // exists; ignored when ephemeral
@@ -49,16 +55,28 @@ class Store {
 
     const std::filesystem::path& File() const { return m_file; }
     const std::filesystem::path& Folder() const { return m_folder; }
-    // A connection to the file, for one thread at a time, collations registered: WAL, and a commit is on the
-    // disk when it returns (not so in an ephemeral store). The caller closes it.
-    sqlite3* Connect() const;
+    // A connection to the file, for one thread at a time, collations registered.
+    OwnConnection Connect() const;
+
+    // A commit is in the file when it returns, so that it outlives a killed server, but on the disk only
+    // after MakeDurable. Whoever tells a client of anything calls that first: what ran in one request, and
+    // requests of several clients, then wait for the disk together. Both are called from any thread.
+    void NoteCommit() { ++m_commits; }
+    void MakeDurable(); // throws std::runtime_error for ever after the disk has failed once
 
   private:
     void CreateOrLoad(sqlite3* connection);
+    void SyncLog();
 
     std::filesystem::path m_folder;
     std::filesystem::path m_file;
     bool m_ephemeral = false;
+    OwnConnection m_keeper; // while it is open SQLite keeps its write-ahead log, however sessions come and go
+    int m_log = -1;         // that log
+    std::atomic<std::uint64_t> m_commits{0};
+    std::atomic<std::uint64_t> m_durable{0}; // how many of them are on the disk
+    std::mutex m_durableMutex;
+    bool m_diskFailed = false;
     mutable std::mutex m_mutex;
     std::shared_ptr<const Catalogue> m_committed;
     WriteLock m_lock;

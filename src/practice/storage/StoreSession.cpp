@@ -8,6 +8,15 @@
 
 namespace quillon::practice {
 
+namespace {
+
+// By its place among the open ones, so that the same few statements serve all.
+std::string SavepointName(std::size_t place) {
+    return "s" + std::to_string(place);
+}
+
+} // namespace
+
 StoreSession::StoreSession(Store& store, int sessionId)
     : m_store(store)
     , m_sessionId(sessionId)
@@ -15,16 +24,22 @@ StoreSession::StoreSession(Store& store, int sessionId)
 
 StoreSession::~StoreSession() {
     RollBackAll();
-    sqlite3_close_v2(m_connection);
 }
 
 void StoreSession::Run(const std::string& sql) {
-    Prepared(m_connection, sql).Run();
+    Prepared(Connection(), sql).Run();
+}
+
+Prepared& StoreSession::Kept(const std::string& sql) {
+    Prepared& statement = m_kept[sql];
+    if (!statement)
+        statement = Prepared(Connection(), sql, true);
+    return statement;
 }
 
 void StoreSession::Interrupt() noexcept {
     m_interrupted = true;
-    sqlite3_interrupt(m_connection);
+    sqlite3_interrupt(Connection());
     m_store.Lock().Wake();
 }
 
@@ -42,7 +57,7 @@ const std::shared_ptr<const Catalogue>& StoreSession::View() {
 void StoreSession::Change(const std::function<void(CatalogueEditor&)>& change) {
     CatalogueEditor editor(View(), m_store.NextVersion());
     change(editor);
-    SaveChanges(m_connection, editor);
+    SaveChanges(Connection(), editor);
     m_view = editor.Finish();
     m_ownView = true;
 }
@@ -123,23 +138,20 @@ void StoreSession::OpenWrite() {
     TakeLock();
     if (m_open)
         return;
-    Run("BEGIN IMMEDIATE");
+    Kept("BEGIN IMMEDIATE").Run();
     m_open = true;
-    for (const Savepoint& point : m_savepoints)
-        Run("SAVEPOINT s" + std::to_string(point.serial));
+    for (std::size_t place = 0; place < m_savepoints.size(); ++place)
+        Kept("SAVEPOINT " + SavepointName(place)).Run();
 }
 
 void StoreSession::SaveCounters() {
     for (const ObjectId table : m_usedIdentities)
         if (const auto last = m_store.Identities().Last(table); last)
-            Prepared(m_connection, "INSERT OR REPLACE INTO q_identity VALUES(?, ?)")
-                .Bind(1, table)
-                .Bind(2, *last)
-                .Run();
+            Kept("INSERT OR REPLACE INTO q_identity VALUES(?, ?)").Bind(1, table).Bind(2, *last).Run();
         else
-            Prepared(m_connection, "DELETE FROM q_identity WHERE object_id = ?").Bind(1, table).Run();
+            Kept("DELETE FROM q_identity WHERE object_id = ?").Bind(1, table).Run();
     if (m_usedRowVersion)
-        SaveSetting(m_connection, "rowversion", static_cast<std::int64_t>(m_store.LastRowVersion()));
+        SaveSetting(Connection(), "rowversion", static_cast<std::int64_t>(m_store.LastRowVersion()));
 }
 
 void StoreSession::CommitAll() {
@@ -147,7 +159,8 @@ void StoreSession::CommitAll() {
         try {
             if (m_locked)
                 SaveCounters();
-            Run("COMMIT");
+            Kept("COMMIT").Run();
+            m_store.NoteCommit();
         } catch (...) {
             RollBackAll();
             throw;
@@ -160,8 +173,8 @@ void StoreSession::CommitAll() {
 
 void StoreSession::RollBackAll() noexcept {
     // SQLite may have rolled back by itself (a full disk); then there is nothing left to do.
-    if (m_open && sqlite3_get_autocommit(m_connection) == 0)
-        sqlite3_exec(m_connection, "ROLLBACK", nullptr, nullptr, nullptr);
+    if (m_open && sqlite3_get_autocommit(Connection()) == 0)
+        sqlite3_exec(Connection(), "ROLLBACK", nullptr, nullptr, nullptr);
     if (m_count > 0)
         m_temporary.Restore(m_temporaryAtBegin);
     Forget();
@@ -185,7 +198,7 @@ void StoreSession::Forget() {
 int StoreSession::PushSavepoint(std::string name) {
     const int serial = ++m_lastSerial;
     if (m_open)
-        Run("SAVEPOINT s" + std::to_string(serial));
+        Kept("SAVEPOINT " + SavepointName(m_savepoints.size())).Run();
     m_savepoints.push_back({serial, std::move(name), m_ownView ? m_view : nullptr, m_temporary.All()});
     return serial;
 }
@@ -194,7 +207,7 @@ void StoreSession::RollbackToSavepoint(std::size_t index) {
     const std::vector<KeptRows> variables = KeepVariables();
     const Savepoint& point = m_savepoints[index];
     if (m_open)
-        Run("ROLLBACK TO s" + std::to_string(point.serial));
+        Kept("ROLLBACK TO " + SavepointName(index)).Run();
     m_ownView = point.own != nullptr;
     if (m_ownView)
         m_view = point.own;
@@ -210,7 +223,7 @@ std::vector<KeptRows> StoreSession::KeepVariables() {
         return kept;
     for (const TemporaryTables::Entry& entry : m_temporary.All())
         if (entry.table->variable)
-            kept.emplace_back(m_connection, entry.table);
+            kept.emplace_back(Connection(), entry.table);
     return kept;
 }
 
@@ -227,14 +240,14 @@ StoreSession::StatementMark StoreSession::BeginStatement(Writes writes) {
         if (writes == Writes::Data)
             OpenWrite();
         else {
-            Run("BEGIN");
+            Kept("BEGIN").Run();
             m_open = true;
         }
         StartNew();
         m_count = 1;
         mark.own = true;
     } else if (writes == Writes::Variables && !m_open) {
-        Run("SAVEPOINT aside");
+        Kept("SAVEPOINT aside").Run();
         mark.aside = true;
     } else {
         OpenWrite();
@@ -244,9 +257,14 @@ StoreSession::StatementMark StoreSession::BeginStatement(Writes writes) {
     return mark;
 }
 
+void StoreSession::HoldReads() {
+    if (m_count > 0)
+        OpenWrite();
+}
+
 bool StoreSession::EndStatement(const StatementMark& mark) {
     if (mark.aside) {
-        Run("RELEASE aside");
+        Kept("RELEASE aside").Run();
         return true;
     }
     if (m_count == 0 || m_number != mark.transaction)
@@ -262,7 +280,7 @@ bool StoreSession::EndStatement(const StatementMark& mark) {
     const auto found = std::find_if(m_savepoints.begin(), m_savepoints.end(),
                                     [&](const Savepoint& point) { return point.serial == mark.savepoint; });
     if (found != m_savepoints.end()) {
-        Run("RELEASE s" + std::to_string(mark.savepoint));
+        Kept("RELEASE " + SavepointName(static_cast<std::size_t>(found - m_savepoints.begin()))).Run();
         m_savepoints.erase(found, m_savepoints.end());
     }
     return true;
@@ -270,12 +288,12 @@ bool StoreSession::EndStatement(const StatementMark& mark) {
 
 void StoreSession::UndoStatement(const StatementMark& mark) noexcept {
     if (mark.aside) {
-        sqlite3_exec(m_connection, "ROLLBACK TO aside; RELEASE aside", nullptr, nullptr, nullptr);
+        sqlite3_exec(Connection(), "ROLLBACK TO aside; RELEASE aside", nullptr, nullptr, nullptr);
         return;
     }
     if (m_count == 0 || m_number != mark.transaction)
         return;
-    if (mark.own || sqlite3_get_autocommit(m_connection) != 0) {
+    if (mark.own || sqlite3_get_autocommit(Connection()) != 0) {
         RollBackAll();
         return;
     }
@@ -283,8 +301,8 @@ void StoreSession::UndoStatement(const StatementMark& mark) noexcept {
                                     [&](const Savepoint& point) { return point.serial == mark.savepoint; });
     if (found == m_savepoints.end())
         return;
-    const std::string name = "s" + std::to_string(mark.savepoint);
-    sqlite3_exec(m_connection, ("ROLLBACK TO " + name + "; RELEASE " + name).c_str(), nullptr, nullptr,
+    const std::string name = SavepointName(static_cast<std::size_t>(found - m_savepoints.begin()));
+    sqlite3_exec(Connection(), ("ROLLBACK TO " + name + "; RELEASE " + name).c_str(), nullptr, nullptr,
                  nullptr);
     m_ownView = found->own != nullptr;
     if (m_ownView)

@@ -8,6 +8,7 @@
 // Threads: the session's own, save Interrupt.
 #pragma once
 
+#include "practice/storage/Sqlite.h"
 #include "practice/storage/Store.h"
 #include "practice/storage/StoreFailure.h"
 #include "practice/storage/TableStorage.h"
@@ -15,6 +16,7 @@
 
 #include <functional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 struct sqlite3;
@@ -28,7 +30,7 @@ class StoreSession {
     StoreSession(const StoreSession&) = delete;
     StoreSession& operator=(const StoreSession&) = delete;
 
-    sqlite3* Connection() const { return m_connection; }
+    sqlite3* Connection() const { return m_connection.get(); }
     Store& Shared() const { return m_store; }
 
     // --- Definitions -----------------------------------------------------------------------------------
@@ -70,6 +72,8 @@ class StoreSession {
     // Keeps what the statement did (and commits when it was a transaction by itself). Returns false when the
     // transaction in which it began is gone: a trigger has rolled it back.
     bool EndStatement(const StatementMark& mark);
+    // In an open transaction: nobody else writes until it ends, so that what it reads stays true.
+    void HoldReads();
     // Undoes what the statement did; quiet when the transaction is gone already.
     void UndoStatement(const StatementMark& mark) noexcept;
 
@@ -95,6 +99,7 @@ class StoreSession {
         TemporaryTables::State temporary;
     };
 
+    Prepared& Kept(const std::string& sql);
     void TakeLock();
     void OpenWrite();
     void CommitAll();
@@ -108,7 +113,8 @@ class StoreSession {
 
     Store& m_store;
     int m_sessionId;
-    sqlite3* m_connection = nullptr;
+    OwnConnection m_connection;
+    std::unordered_map<std::string, Prepared> m_kept; // few texts, used all the time
     std::shared_ptr<const Catalogue> m_view; // committed, or own
     bool m_ownView = false;
     TemporaryTables m_temporary;

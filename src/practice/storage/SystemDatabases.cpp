@@ -72,4 +72,12 @@ void AddSystemDatabases(CatalogueEditor& editor) {
     }
 }
 
+void RemakeTempdb(CatalogueEditor& editor) {
+    const std::string name = editor.Now().FindDatabase(tempDatabase)->name;
+    editor.DropDatabase(tempDatabase);
+    Database database = MakeDatabase(tempDatabase, name, DefaultCollation());
+    database.options["RECOVERY"] = "SIMPLE";
+    editor.AddDatabase(std::move(database));
+}
+
 } // namespace quillon::practice

@@ -8,6 +8,8 @@ namespace quillon::practice {
 // A database as CREATE DATABASE makes it, without a user's object.
 Database MakeDatabase(DatabaseId id, std::string name, const Collation* collation);
 void AddSystemDatabases(CatalogueEditor& editor);
+// Empty again, and made now: its age is how tools tell when the server started.
+void RemakeTempdb(CatalogueEditor& editor);
 // Now, in UTC as the server's clock has it, with the precision of datetime.
 Moment CurrentMoment();
 

@@ -81,6 +81,13 @@ void DropTableStorage(sqlite3* connection, const Table& table) {
     Prepared(connection, "DROP TABLE IF EXISTS " + table.storage).Run();
 }
 
+void DropTables(sqlite3* connection, const Database& database) {
+    for (const auto& [id, object] : database.objects)
+        if (const auto table = std::dynamic_pointer_cast<const Table>(object);
+            table && table->kind == ObjectKind::Table)
+            DropTableStorage(connection, *table);
+}
+
 void AddColumnStorage(sqlite3* connection, const Table& table, const Column& column) {
     Prepared(connection, "ALTER TABLE " + table.storage + " ADD COLUMN " + ColumnStorage(column.id) + " " +
                              SqliteColumnType(column.type))

@@ -268,6 +268,7 @@ constexpr MessageRow rows[] = {
     {2787, 16, "Invalid format specification: '%1'."},
     {2809, 18, "The request for %1 '%2' failed because '%2' is a %3 object."},
     {2812, 16, "Could not find stored procedure '%1'."},
+    {3604, 10, "Duplicate key was ignored."},
     {3606, 10, "Arithmetic overflow occurred."},
     {3607, 10, "Division by zero occurred."},
     {3609, 16, "The transaction ended in the trigger. The batch has been aborted."},

@@ -202,6 +202,9 @@ constexpr MessageRow rows[] = {
      "Error: The new name '%1' is already in use as a %2 name and would cause a duplicate that is not "
      "permitted."},
     {15336, 16, "Object '%1' cannot be renamed because the object participates in enforced dependencies."},
+    {15398, 11, "Only objects in the master database owned by dbo can have the startup setting changed."},
+    {15399, 11,
+     "Could not change startup option because this option is restricted to objects that have no parameters."},
     {15405, 16, "Cannot use the special principal '%1'."},
     {15410, 11, "User or role '%1' does not exist in this database."},
     {15434, 16, "Could not drop login '%1' as the user is currently logged in."},

@@ -67,6 +67,20 @@ TEST(Program, KeepsWhatWasCommittedWhenItIsKilled) {
     EXPECT_EQ(client.Run("SELECT id, name FROM kept ORDER BY id"), (Answers{"row 1|Zoë", "row 2|家"}));
 }
 
+TEST(Program, StartsWithAnEmptyTempdbAndItsStartupProcedures) {
+    TemporaryFolder data;
+    {
+        ServerProcess server(binFolder, data.Path());
+        OdbcClient client = Connect(server);
+        client.Run("CREATE TABLE tempdb.dbo.old (a int) CREATE TABLE begun (a int)");
+        client.Run("CREATE PROCEDURE begin_it AS INSERT begun VALUES (1)");
+        EXPECT_EQ(client.Run("EXEC sp_procoption 'begin_it', 'startup', 'on'"), Answers{});
+    }
+    ServerProcess server(binFolder, data.Path());
+    OdbcClient client = Connect(server);
+    EXPECT_EQ(client.Run("SELECT a, OBJECT_ID('tempdb.dbo.old') FROM begun"), Answers{"row 1|-"});
+}
+
 TEST(Program, RefusesADataFolderThatAnotherServerUses) {
     TemporaryFolder data;
     ServerProcess server(binFolder, data.Path());

@@ -66,16 +66,16 @@ const Script kScopes[] = {
     {{"EXEC ('DECLARE @inner int') PRINT 'x'", "DECLARE @a int = 1 EXEC ('PRINT @a')"},
      "error 137 1 Must declare the scalar variable \"@a\".\n"},
     {{"CREATE PROC p AS SELECT * FROM later", "EXEC p PRINT 'goes on'"},
-     "error 208 1 (p) Invalid object name 'later'.\nstatus 0\ninfo goes on\n"},
+     "error 208 1 (p) Invalid object name 'later'.\nstatus -6\ninfo goes on\n"},
     {{"CREATE PROC p AS EXEC p", "EXEC p"},
      "error 217 1 (p) Maximum stored procedure, function, trigger, or view nesting level exceeded (limit "
      "32).\n"},
     {{"CREATE PROC p AS BEGIN TRAN", "EXEC p PRINT @@TRANCOUNT"},
      "error 266 0 (p) Transaction count after EXECUTE indicates a mismatching number of BEGIN and COMMIT "
      "statements. "
-     "Previous count = 0, current count = 1.\ninfo 1\n"},
+     "Previous count = 0, current count = 1.\nstatus 0\ninfo 1\n"},
     {{"CREATE PROC p AS\n\nSELECT 1 / 0\nPRINT 'inside'", "EXEC p PRINT 'after'"},
-     "error 8134 3 (p) Divide by zero error encountered.\ninfo inside\nstatus 0\ninfo after\n"},
+     "error 8134 3 (p) Divide by zero error encountered.\ninfo inside\nstatus -6\ninfo after\n"},
     {{"CREATE PROC p AS\nRAISERROR('x', 16, 1)\nPRINT 'skipped'",
       "BEGIN TRY EXEC p END TRY BEGIN CATCH SELECT ERROR_PROCEDURE(), ERROR_LINE() END CATCH"},
      "row p|2\ndone 1\n"},

@@ -41,7 +41,7 @@ TEST_F(DefinitionTest, TablesCanBeAltered) {
         {"ALTER TABLE T ADD CONSTRAINT CK_T CHECK (c > 10)",
          "Msg 547: The ALTER TABLE statement conflicted with the CHECK constraint \"CK_T\". The conflict "
          "occurred in "
-         "database \"Work\", table \"dbo.T\"."},
+         "database \"Work\", table \"dbo.T\", column 'c'."},
         {"ALTER TABLE T WITH NOCHECK ADD CONSTRAINT CK_T CHECK (c > 10); UPDATE T SET c = 11 WHERE a = '1'; "
          "SELECT c"
          " FROM T ORDER BY a",

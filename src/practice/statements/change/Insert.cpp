@@ -1,4 +1,5 @@
 // INSERT.
+#include "practice/statements/change/ConstantRows.h"
 #include "practice/statements/change/InsertColumns.h"
 #include "practice/statements/change/Targets.h"
 #include "practice/values/SqlError.h"
@@ -8,11 +9,16 @@ namespace quillon::practice {
 
 namespace {
 
+using Values = std::vector<Datum>;
+
 // The plan's statement yields whole rows: every stored column of the table.
 class InsertPlan : public Plan {
   public:
     InsertColumns target;
     bool materialise = false; // it may read what it writes
+    // Where the values are known without a query: the place of the first one among what the statement, which
+    // then yields one row, has bound. 0 for a query.
+    int firstGiven = 0;
 };
 
 std::string JoinSql(const std::vector<std::string>& parts) {
@@ -33,12 +39,18 @@ std::string OneRow(Translator& translator, const InsertColumns& target, const ts
     return "(" + JoinSql(target.Complete(translator, given)) + ")";
 }
 
+// As many values as there are columns to give.
+void RequireWidth(const tsql::InsertStatement& statement, const InsertColumns& target, std::size_t values) {
+    const std::size_t wanted = target.columns.size();
+    if (values != wanted)
+        throw SqlError(!statement.hasColumns ? 213 : values < wanted ? 109 : 110);
+}
+
 std::string ValuesSql(Translator& translator, const InsertColumns& target,
                       const tsql::InsertStatement& statement) {
     std::string rows;
     for (const tsql::ExpressionList& row : statement.rows) {
-        if (row.size() != target.columns.size())
-            throw SqlError(!statement.hasColumns ? 213 : row.size() < target.columns.size() ? 109 : 110);
+        RequireWidth(statement, target, row.size());
         rows += (rows.empty() ? "" : ", ") + OneRow(translator, target, row);
     }
     return "VALUES " + rows;
@@ -66,22 +78,36 @@ std::string QuerySqlFor(Translator& translator, const InsertColumns& target,
     return "SELECT " + JoinSql(target.Complete(translator, given)) + " FROM (" + query.sql + ") AS " + alias;
 }
 
-std::unique_ptr<InsertPlan> MakePlan(Engine& engine, const tsql::InsertStatement& statement) {
+// One row whose given values are bound, after what the defaults of the other columns need.
+std::string GivenSql(Translator& translator, InsertPlan& plan) {
+    std::map<int, std::string> given;
+    const auto placeFrom = [&](int first) {
+        plan.firstGiven = first;
+        for (const Column* column : plan.target.columns)
+            given[column->id] = "?" + std::to_string(first++);
+        return "SELECT " + JoinSql(plan.target.Complete(translator, given));
+    };
+    placeFrom(1); // finds out what the defaults need
+    return placeFrom(static_cast<int>(translator.needs.values.size()) + 1);
+}
+
+std::unique_ptr<InsertPlan> MakePlan(Engine& engine, const tsql::InsertStatement& statement,
+                                     bool valuesKnown) {
     auto plan = std::make_unique<InsertPlan>();
     Translator translator(engine);
     if (!statement.with.empty())
         translator.PushCommonTables(statement.with);
     plan->target = BindInsert(translator, statement);
     std::string sql;
-    switch (statement.source) {
-    case tsql::InsertSource::Values: sql = ValuesSql(translator, plan->target, statement); break;
-    case tsql::InsertSource::Query: sql = QuerySqlFor(translator, plan->target, statement); break;
-    case tsql::InsertSource::Defaults:
+    if (valuesKnown)
+        sql = GivenSql(translator, *plan);
+    else if (statement.source == tsql::InsertSource::Values)
+        sql = ValuesSql(translator, plan->target, statement);
+    else if (statement.source == tsql::InsertSource::Query)
+        sql = QuerySqlFor(translator, plan->target, statement);
+    else
         sql = "VALUES (" + JoinSql(plan->target.Complete(translator, {})) + ")";
-        break;
-    case tsql::InsertSource::Execute: return plan;
-    }
-    if (const std::string limit = TopSql(statement, translator); !limit.empty())
+    if (const std::string limit = TopSql(statement, translator); !limit.empty() && !valuesKnown)
         sql = "SELECT * FROM (" + sql + ")" + limit;
     plan->statement = Prepared(engine.Connection(), sql, true);
     plan->needs = std::move(translator.needs);
@@ -94,7 +120,7 @@ class Collector : public ResultSink {
   public:
     explicit Collector(ResultSink& through)
         : m_through(through) {}
-    std::vector<std::vector<Datum>> rows;
+    std::vector<Values> rows;
     std::size_t width = 0;
 
     void Columns(const std::vector<ResultColumn>& columns) override {
@@ -113,39 +139,62 @@ class Collector : public ResultSink {
     ResultSink& m_through;
 };
 
-std::vector<StoredRow> RowsOfCall(Engine& engine, const InsertColumns& target, const Collector& collected) {
-    if (!collected.rows.empty() && collected.width != target.columns.size())
-        throw SqlError(213);
-    Translator translator(engine);
-    std::vector<std::string> echoes;
-    std::map<int, std::string> given;
-    for (std::size_t i = 0; i < target.columns.size(); ++i) {
-        target.RequireWritable(*target.columns[i]);
-        given[target.columns[i]->id] = "?" + std::to_string(i + 1);
-    }
-    Prepared row(engine.Connection(), "SELECT " + JoinSql(target.Complete(translator, given)));
-    std::vector<StoredRow> rows;
-    for (const std::vector<Datum>& values : collected.rows) {
+std::vector<Values> RowsOfCall(Engine& engine, const tsql::InsertStatement& statement) {
+    Collector collected(engine.context.Sink());
+    engine.context.RunForInsert(static_cast<const tsql::ExecuteStatement&>(*statement.execute), collected);
+    return std::move(collected.rows);
+}
+
+// A value as its column holds it.
+Datum ForColumn(Engine& engine, const InsertColumns& target, const Column& column, const Datum& value) {
+    if (value.IsNull())
+        return Datum::Null(column.type);
+    const ConvertOptions options = engine.context.Functions().Options();
+    return engine.context.Options().ansiWarnings
+               ? ConvertForColumn(value, column.type, options, target.fullName, column.name)
+               : Convert(value, column.type, options);
+}
+
+// What is wrong with the statement itself, whatever the values are.
+void CheckKnown(const InsertColumns& target, const tsql::InsertStatement& statement,
+                const std::vector<Values>& known) {
+    const bool called = statement.source == tsql::InsertSource::Execute;
+    for (const Values& values : known) {
+        if (called && values.size() != target.columns.size())
+            throw SqlError(213);
+        RequireWidth(statement, target, values.size());
         for (std::size_t i = 0; i < values.size(); ++i) {
-            const Column& column = *target.columns[i];
-            const Datum value = values[i].IsNull() ? Datum::Null(column.type)
-                                                   : ConvertForColumn(values[i], column.type,
-                                                                      engine.context.Functions().Options(),
-                                                                      target.fullName, column.name);
-            BindDatum(row.Handle(), static_cast<int>(i) + 1, value, column.type);
+            if (called || !values[i].IsNull())
+                target.RequireWritable(*target.columns[i]);
+            if (!values[i].IsNull())
+                RequireConversion(values[i].Type(), target.columns[i]->type, false);
         }
-        engine.Step(row);
-        rows.push_back(RowOf(row));
-        row.Reset();
+    }
+}
+
+// Whole rows from the values that are known, of a call or of literals.
+std::vector<StoredRow> Complete(Engine& engine, InsertPlan& plan, const std::vector<Values>& known) {
+    std::vector<StoredRow> rows;
+    rows.reserve(known.size());
+    plan.Bind(engine);
+    for (const Values& values : known) {
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            const Column& column = *plan.target.columns[i];
+            BindDatum(plan.statement.Handle(), plan.firstGiven + static_cast<int>(i),
+                      ForColumn(engine, plan.target, column, values[i]), column.type);
+        }
+        engine.Step(plan.statement);
+        rows.push_back(RowOf(plan.statement));
+        plan.statement.Reset();
     }
     return rows;
 }
 
 // Calls `use` for every row to insert.
 template <class Use>
-void ForEachRow(Engine& engine, InsertPlan& plan, std::vector<StoredRow>& called, Use use) {
-    if (!plan.statement) {
-        for (StoredRow& row : called)
+void ForEachRow(Engine& engine, InsertPlan& plan, std::vector<StoredRow>& known, Use use) {
+    if (plan.firstGiven > 0) {
+        for (StoredRow& row : known)
             use(row);
         return;
     }
@@ -163,11 +212,11 @@ void ForEachRow(Engine& engine, InsertPlan& plan, std::vector<StoredRow>& called
 }
 
 std::uint64_t InsertInstead(Engine& engine, InsertPlan& plan, const std::shared_ptr<const Trigger>& trigger,
-                            std::vector<StoredRow>& called) {
+                            std::vector<StoredRow>& known) {
     const InsertColumns& target = plan.target;
     const auto inserted = engine.rowSets.Take(*target.table, 'i');
     const auto deleted = engine.rowSets.Take(*target.table, 'd');
-    ForEachRow(engine, plan, called, [&](const StoredRow& row) {
+    ForEachRow(engine, plan, known, [&](const StoredRow& row) {
         inserted->Counted();
         inserted->Insert().Bind(1, inserted->Count());
         BindRow(inserted->Insert(), row, 2);
@@ -187,35 +236,39 @@ std::uint64_t InsertInstead(Engine& engine, InsertPlan& plan, const std::shared_
 } // namespace
 
 StatementOutcome RunInsert(Engine& engine, const tsql::InsertStatement& statement) {
-    std::optional<Collector> collected;
-    if (statement.source == tsql::InsertSource::Execute) {
-        collected.emplace(engine.context.Sink());
-        engine.context.RunForInsert(static_cast<const tsql::ExecuteStatement&>(*statement.execute),
-                                    *collected);
-    }
-    const StoreSession::Writes writes = KnownWrites(engine, statement.attachment, [&] {
+    const std::string shape =
+        engine.context.Options().rowCount == 0 ? ConstantShape(statement) : std::string();
+    const bool called = statement.source == tsql::InsertSource::Execute;
+    const bool valuesKnown = called || !shape.empty();
+    std::vector<Values> values;
+    if (valuesKnown)
+        values = called ? RowsOfCall(engine, statement) : ConstantRows(statement);
+    std::unique_ptr<tsql::Attachment>& slot =
+        shape.empty() ? statement.attachment : engine.shapes.Slot(shape);
+    const StoreSession::Writes writes = KnownWrites(engine, slot, [&] {
         Translator translator(engine);
         const Target target = RequireTarget(translator, statement.target);
         return WritesOf(engine, statement, target.table.get());
     });
     StatementScope scope(engine, writes);
-    PlanUse<InsertPlan> plan(engine, statement.attachment, [&] { return MakePlan(engine, statement); });
+    PlanUse<InsertPlan> plan(engine, slot, [&] { return MakePlan(engine, statement, valuesKnown); });
     plan->writes = writes;
-    engine.begun = true;
     const InsertColumns& target = plan->target;
-    std::vector<StoredRow> called;
-    if (collected)
-        called = RowsOfCall(engine, target, *collected);
+    CheckKnown(target, statement, values);
+    engine.begun = true;
+    std::vector<StoredRow> known;
+    if (valuesKnown)
+        known = Complete(engine, *plan, values);
     std::uint64_t count = 0;
     if (const auto instead = InsteadOfTrigger(engine, target.table->triggers, TriggerEvent::Insert)) {
-        count = InsertInstead(engine, *plan, instead, called);
+        count = InsertInstead(engine, *plan, instead, known);
         scope.End();
         return {StatementKind::Insert, count};
     }
     CheckOutput(engine, statement, *target.table, {TriggerEvent::Insert});
     ChangeRun run(engine);
     RowChange& change = run.Start(target.table, TriggerEvent::Insert, "INSERT", !statement.output.empty());
-    ForEachRow(engine, *plan, called, [&](StoredRow& row) {
+    ForEachRow(engine, *plan, known, [&](StoredRow& row) {
         GiveIdentity(engine, target, change.Writer(), row);
         if (!change.Insert(row))
             engine.context.Inform(3604, MessageText(3604));

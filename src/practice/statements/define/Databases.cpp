@@ -25,6 +25,23 @@ const Collation* RequireCollation(const std::string& name) {
     return collation;
 }
 
+// What changes how a database may be used, and would not here, is refused.
+void SetOption(Database& database, const std::string& name, const std::string& value) {
+    for (const char* refused : {"READ_ONLY", "OFFLINE", "EMERGENCY", "RESTRICTED_USER"})
+        if (name == refused)
+            throw SqlError::NotSupported("ALTER DATABASE SET " + name);
+    if (name == "MULTI_USER")
+        database.options.erase("SINGLE_USER");
+    else
+        database.options[name] = value;
+}
+
+// In the mode for a single user the others have no say: their sessions find themselves in master.
+bool IsInUse(Engine& engine, const Database& database) {
+    return database.id == engine.context.CurrentDatabase() ||
+           (!database.options.contains("SINGLE_USER") && engine.context.IsUsedElsewhere(database.name));
+}
+
 bool IsSystem(DatabaseId id) {
     return id <= msdbDatabase;
 }
@@ -59,7 +76,7 @@ void AlterDatabase(Engine& engine, const tsql::AlterDatabaseStatement& statement
             editor.EditDatabase(id).collation = RequireCollation(statement.value);
         else
             for (const tsql::OptionSetting& option : statement.options)
-                editor.EditDatabase(id).options[UpperCase(option.name)] = UpperCase(option.value);
+                SetOption(editor.EditDatabase(id), UpperCase(option.name), UpperCase(option.value));
     });
 }
 
@@ -76,12 +93,9 @@ void DropDatabases(Engine& engine, const tsql::DropStatement& statement) {
         }
         if (IsSystem(database->id))
             throw SqlError(3708, {"drop", "database", name.Last()});
-        if (database->id == engine.context.CurrentDatabase())
+        if (IsInUse(engine, *database))
             throw SqlError(3702, {name.Last()}, 3);
-        for (const auto& [id, object] : database->objects)
-            if (const auto table = std::dynamic_pointer_cast<const Table>(object);
-                table && table->kind == ObjectKind::Table)
-                DropTableStorage(engine.Connection(), *table);
+        DropTables(engine.Connection(), *database);
         const DatabaseId gone = database->id;
         engine.store.Change([&](CatalogueEditor& editor) { editor.DropDatabase(gone); });
     }

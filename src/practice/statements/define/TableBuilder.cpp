@@ -1,6 +1,7 @@
 // From the tree of a table's definition to its Table.
 #include "practice/statements/define/Tables.h"
 
+#include "practice/statements/define/AlterTable.h"
 #include "practice/storage/SystemDatabases.h"
 #include "practice/values/SqlError.h"
 
@@ -311,12 +312,27 @@ void TableBuilder::CompleteForeignKey(ForeignKey& key, const Table& parent) cons
     }
 }
 
+namespace {
+
+// A check belongs to the column that it is about, wherever it was written; 0 when it is about several.
+int OnlyColumnIn(const std::string& condition, const std::string& alias, const Table& table) {
+    int only = 0;
+    for (const Column& column : table.columns)
+        if (MentionsName(condition, alias + "." + ColumnStorage(column.id))) {
+            if (only != 0)
+                return 0;
+            only = column.id;
+        }
+    return only;
+}
+
+} // namespace
+
 void TableBuilder::AddCheck(const tsql::ConstraintDefinition& definition, Column* of) {
     CheckConstraint check;
     check.id = m_engine.store.Shared().NextObjectId();
     check.systemNamed = definition.name.empty();
     check.name = ConstraintName(definition, "CK", of == nullptr ? "" : of->name, check.id);
-    check.columnId = of == nullptr ? 0 : of->id;
     check.text = KeptExpression(TextOf(definition.expressionText));
     // It must bind now: 207 and its like belong to the definition.
     Translator translator(m_engine);
@@ -324,7 +340,8 @@ void TableBuilder::AddCheck(const tsql::ConstraintDefinition& definition, Column
     Table copy = m_table;
     copy.rowSet = true;
     translator.AddTable(std::make_shared<const Table>(std::move(copy)), {}, scope);
-    translator.Condition(*definition.expression, &scope);
+    const std::string condition = translator.Condition(*definition.expression, &scope);
+    check.columnId = OnlyColumnIn(condition, scope.sources.front()->alias, m_table);
     added.push_back(check.id);
     m_table.checks.push_back(std::move(check));
 }

@@ -182,7 +182,20 @@ std::shared_ptr<const SchemaObject> Translator::FindSourceObject(const tsql::Nam
     return nullptr;
 }
 
+namespace {
+
+bool AsksForLock(const std::vector<std::string>& hints) {
+    constexpr std::string_view keeping[] = {"UPDLOCK",      "XLOCK",          "HOLDLOCK",
+                                            "SERIALIZABLE", "REPEATABLEREAD", "TABLOCKX"};
+    return std::any_of(hints.begin(), hints.end(), [&](const std::string& hint) {
+        return std::find(std::begin(keeping), std::end(keeping), hint) != std::end(keeping);
+    });
+}
+
+} // namespace
+
 std::string Translator::NamedSource(const tsql::NamedTable& source, Scope& scope) {
+    needs.locks = needs.locks || AsksForLock(source.hints);
     const tsql::Name& name = source.name;
     if (name.parts.size() == 1) {
         if (const TriggerFrame* frame = m_here.isModule ? nullptr : m_engine.context.CurrentTrigger())

@@ -28,6 +28,7 @@ struct Needs {
     std::set<ObjectId> reads;  // tables
     bool callsModules = false; // user functions: they may read anything
     bool systemViews = false;
+    bool locks = false; // a hint asks that what is read stays as it is
     // Table variables by name, with the table that each one was: another run may have other ones.
     std::vector<std::pair<std::string, ObjectId>> tableVariables;
     std::vector<std::string> liveVariables; // assigned by the very SELECT that reads them
