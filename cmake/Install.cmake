@@ -1,5 +1,6 @@
 # What `cmake --install` puts where, and the Debian package made of it.
 include(GNUInstallDirs)
+set(CMAKE_INSTALL_DOCDIR ${CMAKE_INSTALL_DATADIR}/doc/quillon)
 
 install(TARGETS quillon-console quillon-practice)
 install(FILES profiles/Harrowgate.qlnx DESTINATION ${CMAKE_INSTALL_DATADIR}/quillon)
@@ -24,9 +25,9 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION database)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The driver is loaded by name, and icons by a plug-in: no library list tells of them.
+# The driver is loaded by name: no library list tells of it.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "tdsodbc, odbcinst")
 if(QUILLON_DESKTOP)
-  string(APPEND CPACK_DEBIAN_PACKAGE_DEPENDS ", qt6-qpa-plugins")
+  set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-dejavu-core, qt6-wayland")
 endif()
 include(CPack)
