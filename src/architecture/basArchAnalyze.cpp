@@ -4,6 +4,7 @@
 
 #include "platform/Conversion.h"
 #include "platform/DataAccess.h"
+#include "platform/Failure.h"
 #include "platform/FrontEnd.h"
 #include "platform/Platform.h"
 #include "shell/Session.h"
@@ -36,6 +37,26 @@ bool BooleanOf(const data::Command& command, const char* parameter) {
     return conversion::ToBoolean(Value(std::move(text)));
 }
 
+std::int32_t AskServer(Structures& found) {
+    const auto command = ThePlatform().dataAccess().NewCommand();
+    command->SetActiveConnection(g_objConnection);
+    command->SetCommandText("AUDIT_prc_Analyze");
+    command->SetCommandType(data::CommandType::StoredProcedure);
+    command->AppendParameter({.Name = "RETURN_VALUE", .Direction = data::ParameterDirection::ReturnValue});
+    for (const Flag& flag : flags)
+        command->AppendParameter({.Name = flag.parameter,
+                                  .Type = data::DataType::Boolean,
+                                  .Direction = data::ParameterDirection::InputOutput,
+                                  .Size = 1});
+    command->Execute();
+    Structures read;
+    for (const Flag& flag : flags)
+        read.*flag.value = BooleanOf(*command, flag.parameter);
+    const std::int32_t result = conversion::ToLong(command->ParameterNamed("RETURN_VALUE").Value);
+    found = read;
+    return result;
+}
+
 Structures Found() {
     Structures found;
     Exec_AUDIT_prc_Analyze(found);
@@ -46,24 +67,13 @@ Structures Found() {
 
 std::int32_t Exec_AUDIT_prc_Analyze(Structures& found) {
     return g_objTrace->Procedure("basArchAnalyze.Exec_AUDIT_prc_Analyze", [&] {
-        const auto command = ThePlatform().dataAccess().NewCommand();
-        command->SetActiveConnection(g_objConnection);
-        command->SetCommandText("AUDIT_prc_Analyze");
-        command->SetCommandType(data::CommandType::StoredProcedure);
-        command->AppendParameter(
-            {.Name = "RETURN_VALUE", .Direction = data::ParameterDirection::ReturnValue});
-        for (const Flag& flag : flags)
-            command->AppendParameter({.Name = flag.parameter,
-                                      .Type = data::DataType::Boolean,
-                                      .Direction = data::ParameterDirection::InputOutput,
-                                      .Size = 1});
-        command->Execute();
-        Structures read;
-        for (const Flag& flag : flags)
-            read.*flag.value = BooleanOf(*command, flag.parameter);
-        const std::int32_t result = conversion::ToLong(command->ParameterNamed("RETURN_VALUE").Value);
-        found = read;
-        return result;
+        try {
+            return AskServer(found);
+        } catch (const Failure& failure) {
+            // Where our source stood says nothing about a database without the procedure.
+            g_objTrace->Report(failure.description(), failure.number(), 0);
+            return std::int32_t{0};
+        }
     });
 }
 

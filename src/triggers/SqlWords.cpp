@@ -24,13 +24,22 @@ bool SqlWords::SkipBlanksAndComments() {
         else if (IsAt("--"))
             m_at = std::min(m_text.find('\n', m_at), m_text.size());
         else if (IsAt("/*"))
-            m_at = std::min(m_text.find("*/", m_at + 2), m_text.size() - 2) + 2;
+            SkipBlockComment();
         else if (m_text[m_at] == '\'')
             TakeQuoted('\'');
         else
             return true;
     }
     return false;
+}
+
+// Block comments nest.
+void SqlWords::SkipBlockComment() {
+    int depth = 0;
+    do {
+        depth += IsAt("/*") ? 1 : IsAt("*/") ? -1 : 0;
+        m_at += IsAt("/*") || IsAt("*/") ? 2 : 1;
+    } while (depth > 0 && m_at < m_text.size());
 }
 
 // Past the closing quote; a doubled one stands for itself.

@@ -21,6 +21,7 @@ class SqlWords {
 
   private:
     bool SkipBlanksAndComments();
+    void SkipBlockComment();
     std::string TakeQuoted(char end);
     bool IsAt(std::string_view text) const { return m_text.substr(m_at, text.size()) == text; }
 

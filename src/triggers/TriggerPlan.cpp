@@ -1,10 +1,12 @@
 #include "triggers/TriggerPlan.h"
 
 #include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
 
 #include "execution/GoSplitter.h"
 #include "model/AuditObj.h"
-#include "shell/Session.h"
+#include "model/ServerObjects.h"
 #include "template/TextCase.h"
 #include "triggers/SqlWords.h"
 
@@ -23,16 +25,35 @@ std::string_view Trimmed(std::string_view text) {
                                            : text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
 }
 
-Existing FindTrigger(const std::string& name) {
-    for (const auto& table : *g_objAudit->Database()->Tables())
+// Names are told apart without regard to case.
+struct Folded {
+    std::size_t operator()(const std::string& name) const { return FoldedHash(name); }
+    bool operator()(const std::string& left, const std::string& right) const {
+        return EqualFolded(left, right);
+    }
+};
+using NameSet = std::unordered_set<std::string, Folded, Folded>;
+using ExistingTriggers = std::unordered_map<std::string, Existing, Folded, Folded>; // by "owner.name"
+
+ExistingTriggers TriggersOfModel() {
+    ExistingTriggers triggers;
+    for (const auto& table : *TheModel().Database()->Tables())
         for (const auto& trigger : *table->Triggers())
-            if (EqualFolded(trigger->Owner() + "." + trigger->Name(), name))
-                return {table->Owner() + "." + table->Name(), trigger.get()};
-    return {};
+            triggers.emplace(QualifiedName(trigger->Owner(), trigger->Name()),
+                             Existing{QualifiedName(table->Owner(), table->Name()), trigger.get()});
+    return triggers;
+}
+
+TriggerChange ChangeTo(std::string_view batch, const std::string& name, const ExistingTriggers& triggers) {
+    const auto existing = triggers.find(name);
+    if (existing == triggers.end())
+        return TriggerChange::Created;
+    return Trimmed(existing->second.trigger->Text()) == Trimmed(batch) ? TriggerChange::UpToDate
+                                                                       : TriggerChange::Replaced;
 }
 
 // The trigger that the batch makes: CREATE, ALTER or CREATE OR ALTER at its beginning.
-bool Makes(std::string_view batch, PlannedTrigger& planned) {
+bool Makes(std::string_view batch, const ExistingTriggers& triggers, PlannedTrigger& planned) {
     SqlWords words(batch);
     std::string word;
     if (!words.Take(word) || !(EqualFolded(word, "create") || EqualFolded(word, "alter")))
@@ -45,12 +66,7 @@ bool Makes(std::string_view batch, PlannedTrigger& planned) {
     if (!words.Take(word) || !EqualFolded(word, "on"))
         return false;
     planned.table = words.TakeName();
-    const Existing existing = FindTrigger(planned.name);
-    if (existing.trigger == nullptr)
-        planned.change = TriggerChange::Created;
-    else
-        planned.change = Trimmed(existing.trigger->Text()) == Trimmed(batch) ? TriggerChange::UpToDate
-                                                                             : TriggerChange::Replaced;
+    planned.change = ChangeTo(batch, planned.name, triggers);
     return true;
 }
 
@@ -78,22 +94,22 @@ const char* NameOf(TriggerChange change) {
 }
 
 std::vector<PlannedTrigger> PlanTriggers(std::string_view script) {
+    const ExistingTriggers triggers = TriggersOfModel();
     std::vector<PlannedTrigger> plan;
     std::vector<std::string> dropped;
+    NameSet made;
     for (const std::string_view batch : SplitAtGo(script, [] {})) {
         PlannedTrigger planned;
-        if (Makes(batch, planned))
+        if (Makes(batch, triggers, planned)) {
+            made.insert(planned.name);
             plan.push_back(std::move(planned));
-        else
+        } else {
             std::ranges::move(Dropped(batch), std::back_inserter(dropped));
+        }
     }
-    for (const std::string& name : dropped) {
-        const Existing existing = FindTrigger(name);
-        const bool isMadeAgain = std::ranges::any_of(
-            plan, [&](const PlannedTrigger& made) { return EqualFolded(made.name, name); });
-        if (existing.trigger != nullptr && !isMadeAgain)
-            plan.push_back({existing.table, name, TriggerChange::Dropped});
-    }
+    for (const std::string& name : dropped)
+        if (const auto existing = triggers.find(name); existing != triggers.end() && made.insert(name).second)
+            plan.push_back({existing->second.table, name, TriggerChange::Dropped});
     return plan;
 }
 
