@@ -51,6 +51,7 @@ struct TriggerFrame {
     std::shared_ptr<const Table> inserted;
     std::shared_ptr<const Table> deleted;
     std::vector<bool> updated; // by column id, index 0 unused: what UPDATE() and COLUMNS_UPDATED() tell
+    bool after = false;        // an AFTER trigger, which does not reach text, ntext and image
     std::int64_t rowCount = 0; // @@ROWCOUNT at the trigger's first statement
     // UPDATE(column): for an INSERT every column counts as updated; never for a DELETE.
     bool IsUpdated(int columnId) const {

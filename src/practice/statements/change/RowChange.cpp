@@ -123,6 +123,7 @@ TriggerFrame RowChange::Frame() const {
     frame.inserted = m_inserted->Definition();
     frame.deleted = m_deleted->Definition();
     frame.updated = m_updated;
+    frame.after = true;
     frame.rowCount = m_count;
     return frame;
 }

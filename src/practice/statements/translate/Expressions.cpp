@@ -94,6 +94,8 @@ Scalar Translator::ColumnScalar(const ColumnUse& use, const Scope& scope) {
     if (scope.insideAggregate == 0)
         scope.looseColumns.push_back(use);
     const SourceColumn& column = *use.column;
+    if (column.outOfReach)
+        throw SqlError(311);
     Scalar value;
     value.sql = column.sql;
     value.type = column.type;

@@ -21,6 +21,7 @@ struct SourceColumn {
     const Column* definition = nullptr; // of a table's column; lives as long as Source::table
     bool identity = false;
     bool readOnly = false;
+    bool outOfReach = false; // 311 for whoever names it
     std::string tableName;
     int baseColumn = 0;
 };

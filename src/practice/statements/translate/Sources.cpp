@@ -194,6 +194,14 @@ bool AsksForLock(const std::vector<std::string>& hints) {
 
 } // namespace
 
+std::string Translator::AddRowSet(const std::shared_ptr<const Table>& set, bool after,
+                                  const std::string& exposed, Scope& scope) {
+    const std::string text = AddTable(set, exposed, scope);
+    for (SourceColumn& column : scope.sources.back()->columns)
+        column.outOfReach = after && column.type.IsLegacyLob();
+    return text;
+}
+
 std::string Translator::NamedSource(const tsql::NamedTable& source, Scope& scope) {
     needs.locks = needs.locks || AsksForLock(source.hints);
     const tsql::Name& name = source.name;
@@ -201,7 +209,7 @@ std::string Translator::NamedSource(const tsql::NamedTable& source, Scope& scope
         if (const TriggerFrame* frame = m_here.isModule ? nullptr : m_engine.context.CurrentTrigger())
             for (const auto& set : {frame->inserted, frame->deleted})
                 if (set && SameName(set->name, name.Last()))
-                    return AddTable(set, source.alias, scope);
+                    return AddRowSet(set, frame->after, source.alias, scope);
         if (!m_recursions.empty() && SameName(m_recursions.back().table->name, name.Last()))
             return RecursiveUse(source, scope);
         if (const tsql::CommonTable* common = FindCommonTable(name))

@@ -166,6 +166,8 @@ class Translator {
     QuerySql Converted(QuerySql query, const std::vector<OutputColumn>& to);
 
     // Sources
+    std::string AddRowSet(const std::shared_ptr<const Table>& set, bool after, const std::string& exposed,
+                          Scope& scope);
     std::string NamedSource(const tsql::NamedTable& source, Scope& scope);
     std::string FunctionSource(const tsql::FunctionTable& source, Scope& scope);
     std::string VariableSource(const tsql::VariableTable& source, Scope& scope);
