@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QTextBlock>
 #include <QTextBrowser>
 
@@ -78,6 +79,10 @@ void ShowGuide(QWidget* parent, const QString& folder, const QString& topic) {
         browser->setOpenExternalLinks(true);
         browser->document()->setDocumentMargin(24);
         window->setCentralWidget(browser);
+        auto* leave = new QShortcut(Qt::Key_Escape, window);
+        QObject::connect(leave, &QShortcut::activated, window, &QWidget::close);
+        if (const QWidget* asking = QApplication::activeWindow())
+            window->move(asking->geometry().center() - window->rect().center());
     }
     auto* browser = static_cast<QTextBrowser*>(window->centralWidget());
     browser->setSearchPaths({folder});

@@ -1,5 +1,8 @@
 #include "desktop/Memory.h"
 
+#include <QGuiApplication>
+#include <QRect>
+#include <QScreen>
 #include <QSplitter>
 #include <QWidget>
 
@@ -21,12 +24,22 @@ Memory& Memory::Instance() {
     return memory;
 }
 
+// A window's place is told without its frame, whose size not every desktop tells in time.
 void Memory::Restore(QWidget& window) {
-    window.restoreGeometry(m_settings.value("window/" + window.objectName()).toByteArray());
+    const QRect place = m_settings.value("window/" + window.objectName()).toRect();
+    if (!place.isValid())
+        return;
+    window.resize(place.size().expandedTo(window.minimumSize()));
+    if (QGuiApplication::screenAt(place.center()) != nullptr)
+        window.move(place.topLeft());
+    if (m_settings.value("maximized/" + window.objectName()).toBool())
+        window.setWindowState(Qt::WindowMaximized);
 }
 
 void Memory::Keep(const QWidget& window) {
-    m_settings.setValue("window/" + window.objectName(), window.saveGeometry());
+    m_settings.setValue("maximized/" + window.objectName(), window.isMaximized());
+    if (!window.isMaximized())
+        m_settings.setValue("window/" + window.objectName(), QRect(window.pos(), window.size()));
 }
 
 void Memory::Follow(QSplitter& splitter) {

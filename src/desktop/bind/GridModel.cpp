@@ -51,6 +51,10 @@ bool GridModel::IsTicked(int row, int column) const {
         false);
 }
 
+int GridModel::IconNumber(int row, int column) const {
+    return m_grid.CellIcon(row + 1, column + 1);
+}
+
 QVariant GridModel::data(const QModelIndex& index, int role) const {
     const Grid::ColumnKind kind = ColumnAt(index.column()).Kind;
     switch (role) {
@@ -64,7 +68,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
             return IsTicked(index.row(), index.column()) ? Qt::Checked : Qt::Unchecked;
         return {};
     case Qt::DecorationRole:
-        if (const int number = m_grid.CellIcon(index.row() + 1, index.column() + 1))
+        if (const int number = IconNumber(index.row(), index.column()))
             return m_iconOf(number);
         return {};
     case Qt::TextAlignmentRole:
@@ -129,6 +133,9 @@ bool GridFilter::lessThan(const QModelIndex& left, const QModelIndex& right) con
     const Grid::Column& column = m_model.ColumnAt(left.column());
     if (column.Kind == Grid::ColumnKind::Check)
         return m_model.IsTicked(left.row(), left.column()) < m_model.IsTicked(right.row(), right.column());
+    if (column.Kind == Grid::ColumnKind::Icon)
+        return m_model.IconNumber(left.row(), left.column()) <
+               m_model.IconNumber(right.row(), right.column());
     const QString one = m_model.CellText(left.row(), left.column());
     const QString other = m_model.CellText(right.row(), right.column());
     if (column.Sort == Grid::SortKind::Number)

@@ -34,6 +34,7 @@ class GridModel : public QAbstractTableModel {
     // The text of a cell as it is shown, for sorting and filtering too.
     QString CellText(int row, int column) const;
     bool IsTicked(int row, int column) const;
+    int IconNumber(int row, int column) const;
     const Grid::Column& ColumnAt(int column) const { return m_columns[static_cast<std::size_t>(column)]; }
 
   private:

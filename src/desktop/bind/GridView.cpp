@@ -80,7 +80,8 @@ void GridView::SetFittingWidths() {
     }
 }
 
-// Room that is left goes to the first column of text, the name that rows are known by.
+// Room that is left goes to the first column of text, the name that rows are known by; room that lacks comes
+// from it.
 void GridView::FillWidth() {
     if (!m_widths.isEmpty())
         return;
@@ -94,7 +95,8 @@ void GridView::FillWidth() {
         taken += isName ? FittingWidth(column) : columnWidth(column);
     }
     if (name >= 0)
-        setColumnWidth(name, FittingWidth(name) + std::max(0, viewport()->width() - taken));
+        setColumnWidth(name, std::max(fontMetrics().averageCharWidth() * 16,
+                                      FittingWidth(name) + viewport()->width() - taken));
 }
 
 void GridView::resizeEvent(QResizeEvent* event) {

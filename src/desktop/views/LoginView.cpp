@@ -39,7 +39,7 @@ void UsePracticeServer(frmODBCLogon& screen, QWidget* parent) {
 }
 
 QPushButton* NewPracticeButton(frmODBCLogon& screen, QMainWindow& window) {
-    auto* button = new QPushButton("&Practice server");
+    auto* button = new QPushButton("P&ractice server");
     button->setObjectName("practiceServer");
     button->setToolTip(
         "Starts a small server of Quillon's own on this machine, with a sample database to try things on.");
