@@ -1,25 +1,39 @@
 #!/bin/sh
-# Runs the equal programs of programs/ in this engine, in Lua 5.4 and in wine's cscript, and prints user
-# seconds side by side. usage: compare.sh RUNNER [no-wine]   (RUNNER: the built vbscript_bench_run)
+# Runs the equal programs of programs/ in this engine, in Lua 5.4 and in wine's cscript, and prints seconds side
+# by side. usage: compare.sh RUNNER [no-wine]   (RUNNER: the built vbscript_bench_run)
+#
+# User seconds for this engine and Lua, the best of three. What runs the script for cscript is no child of the
+# command, so its time is taken by the clock, less what an empty script takes.
 here=$(dirname "$0")
 runner=$1
 export WINEDEBUG=-all
-user() { # best of three user times of a command; its output must be $expected, if that is set
-    best=
+scratch=$(mktemp -d)
+export WINEPREFIX="$scratch/wine"
+stop_wine() { wineserver -k 2> /dev/null || true; }
+trap 'stop_wine; rm -r "$scratch"' EXIT
+best() { # the user seconds of a command
     for turn in 1 2 3; do
-        seconds=$( { /usr/bin/env TIMEFORMAT=%U bash -c 'time "$@" > /tmp/compare.$$.out' compare "$@"; } 2>&1 | tail -1)
-        if [ -z "$best" ] || [ "$(echo "$seconds < $best" | bc)" = 1 ]; then best=$seconds; fi
-    done
-    echo "$best"
+        { /usr/bin/env TIMEFORMAT=%U bash -c 'time "$@" > "$0"' "$scratch/out" "$@"; } 2>&1 | tail -1
+    done | sort -n | head -1
 }
-wine_start=0
+by_cscript() { # one run of a program, which cscript wants in its own folder; it is given up after two minutes
+    (cd "$here/programs" && { /usr/bin/env TIMEFORMAT=%R bash -c 'time timeout 120 "$@" > /dev/null 2>&1' cscript \
+        wine cscript //nologo "$1"; } 2>&1 | tail -1)
+    stop_wine
+}
+if [ "$2" != no-wine ]; then
+    : > "$here/programs/empty.vbs"
+    by_cscript empty.vbs > /dev/null # the first run sets wine up
+    start=$(by_cscript empty.vbs)
+    rm "$here/programs/empty.vbs"
+fi
 printf '%-14s %10s %10s %10s\n' program vbscript lua cscript
 for program in strings loop calls collections generator; do
-    ours=$(user "$runner" "$here/programs/$program.vbs")
-    lua=$(user lua5.4 "$here/programs/$program.lua")
+    ours=$(best "$runner" "$here/programs/$program.vbs")
+    lua=$(best lua5.4 "$here/programs/$program.lua")
     other=-
     if [ "$2" != no-wine ]; then
-        other=$(user wine cscript //nologo "$here/programs/$program.vbs")
+        other=$(echo "$(by_cscript $program.vbs) - $start" | bc)
     fi
     printf '%-14s %10s %10s %10s\n' "$program" "$ours" "$lua" "$other"
     sum_ours="${sum_ours:-0} + $ours"

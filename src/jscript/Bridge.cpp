@@ -1,24 +1,17 @@
 #include "jscript/Bridge.h"
 
 #include "jscript/Encoding.h"
+#include "jscript/Members.h"
 #include "platform/FailureNumbers.h"
 
 namespace quillon::jscript {
 namespace {
 
 // Keys that scripts cannot spell.
-constexpr const char* WrappedKey = DUK_HIDDEN_SYMBOL("wrapped");
-constexpr const char* ProxyKey = DUK_HIDDEN_SYMBOL("proxy");
-constexpr const char* MemberKey = DUK_HIDDEN_SYMBOL("member");
 constexpr const char* NameKey = DUK_HIDDEN_SYMBOL("name");
 constexpr const char* HandlerKey = DUK_HIDDEN_SYMBOL("handler");
 
-Wrapped* WrappedIn(duk_context* context, duk_idx_t index) {
-    duk_get_prop_string(context, index, WrappedKey);
-    auto* const wrapped = static_cast<Wrapped*>(duk_get_pointer(context, -1));
-    duk_pop(context);
-    return wrapped;
-}
+constexpr std::int32_t FunctionResultAssigned = 5003;
 
 // The text at `index` into a frame's text. What is no text, a symbol say, becomes empty.
 void ReadName(duk_context* context, duk_idx_t index, Frame& frame) {
@@ -26,54 +19,6 @@ void ReadName(duk_context* context, duk_idx_t index, Frame& frame) {
     const char* const text =
         duk_is_symbol(context, index) ? nullptr : duk_get_lstring(context, index, &length);
     frame.text = text == nullptr ? std::string() : Utf8FromCesu8({text, length});
-}
-
-// --- members ---
-
-// A member that waits for its arguments: `object.Item`, not called yet.
-duk_ret_t CallMember(duk_context* context) {
-    Engine& engine = Engine::Of(context);
-    engine.Poll(context);
-    Frame& frame = engine.OpenFrame();
-    engine.ReadArguments(context, frame);
-    duk_push_current_function(context);
-    Wrapped* const wrapped = WrappedIn(context, -1);
-    duk_get_prop_string(context, -1, MemberKey);
-    const MemberId member = duk_get_int(context, -1);
-    const bool succeeded = engine.Shielded([&] {
-        const ObjectRef object = wrapped->object;
-        try {
-            frame.result = object->Invoke(member, InvokeKind::Get, frame.values);
-        } catch (const Failure& failure) {
-            // A property without parameters, used as a collection: `Tables(1)` is Tables, then its default
-            // member.
-            if (failure.number() != numbers::WrongArgumentCount || frame.values.empty())
-                throw;
-            const Value collection = object->Invoke(member, InvokeKind::Get, {});
-            const ObjectRef* const reference = collection.If<ObjectRef>();
-            if (reference == nullptr || !*reference)
-                throw;
-            frame.result = (*reference)->Invoke(DefaultMemberId, InvokeKind::Get, frame.values);
-        }
-    });
-    if (!succeeded)
-        engine.ThrowShielded(context);
-    engine.PushValue(context, frame.result);
-    engine.CloseFrame();
-    return 1;
-}
-
-// [... owner] to [... owner function]; owner carries the wrapped object and stays alive with the function.
-void PushMember(duk_context* context, duk_idx_t owner, MemberId member) {
-    owner = duk_normalize_index(context, owner);
-    Wrapped* const wrapped = WrappedIn(context, owner);
-    duk_push_c_function(context, CallMember, DUK_VARARGS);
-    duk_push_pointer(context, wrapped);
-    duk_put_prop_string(context, -2, WrappedKey);
-    duk_push_int(context, member);
-    duk_put_prop_string(context, -2, MemberKey);
-    duk_dup(context, owner);
-    duk_put_prop_string(context, -2, ProxyKey);
 }
 
 // What an object stands for where a text or a number is wanted.
@@ -123,6 +68,7 @@ duk_ret_t GetTrap(duk_context* context) {
     Engine& engine = Engine::Of(context);
     engine.Poll(context);
     const bool called = engine.TakeCalled(duk_get_heapptr(context, 1));
+    const bool assigned = called && engine.IsCalledToAssign();
     Wrapped* const wrapped = WrappedIn(context, 0);
     Frame& frame = engine.OpenFrame();
     ReadName(context, 1, frame);
@@ -140,7 +86,7 @@ duk_ret_t GetTrap(duk_context* context) {
             engine.ThrowShielded(context);
     }
     if (waits)
-        PushMember(context, 0, *member);
+        PushMember(context, 0, *member, assigned);
     else
         engine.PushValue(context, frame.result);
     engine.CloseFrame();
@@ -229,6 +175,33 @@ duk_ret_t Called(duk_context* context) {
     return 1; // the name itself
 }
 
+// The same in front of an assignment: `object.name(arguments) = value`.
+duk_ret_t CalledToAssign(duk_context* context) {
+    Engine& engine = Engine::Of(context);
+    engine.Poll(context);
+    engine.MarkCalled(duk_get_heapptr(context, 0), true);
+    return 1;
+}
+
+// What `object(arguments) = value` calls: of anything but a late-bound object the thing itself.
+duk_ret_t Indexed(duk_context* context) {
+    const Wrapped* const wrapped = Engine::Of(context).WrappedByProxy(duk_get_heapptr(context, 0));
+    if (wrapped == nullptr)
+        return 1;
+    duk_push_heapptr(context, wrapped->target);
+    PushMember(context, -1, DefaultMemberId, true);
+    return 1;
+}
+
+// The name under which the call just made takes the value; only members of late-bound objects take one.
+duk_ret_t Assigned(duk_context* context) {
+    Engine& engine = Engine::Of(context);
+    if (!engine.TakeAssignable())
+        engine.Throw(context, FunctionResultAssigned, "Cannot assign to a function result");
+    duk_push_string(context, AssignedName);
+    return 1;
+}
+
 duk_ret_t PollFunction(duk_context* context) {
     Engine& engine = Engine::Of(context);
     engine.Poll(context);
@@ -247,7 +220,7 @@ duk_ret_t GetGlobalMember(duk_context* context) {
     const MemberId member = duk_get_int(context, -1);
     duk_get_prop_string(context, -2, NameKey);
     if (engine.TakeCalled(duk_get_heapptr(context, -1))) {
-        PushMember(context, -3, member);
+        PushMember(context, -3, member, false);
         return 1;
     }
     Frame& frame = engine.OpenFrame();
@@ -313,6 +286,9 @@ void InstallBridge(duk_context* context) {
     duk_pop(context);
     DefineFixedGlobal(context, "$called", Called, 1);
     DefineFixedGlobal(context, "$poll", PollFunction, 0);
+    DefineFixedGlobal(context, "$put", CalledToAssign, 1);
+    DefineFixedGlobal(context, "$indexed", Indexed, 1);
+    DefineFixedGlobal(context, "$assigned", Assigned, 0);
 }
 
 void PushProxyPair(duk_context* context, Wrapped& wrapped) {

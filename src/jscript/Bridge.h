@@ -5,7 +5,8 @@
 
 namespace quillon::jscript {
 
-// Puts the handler that all proxies share into the engine's stash, and $called and $poll into the globals.
+// Puts the handler that all proxies share into the engine's stash, and the functions that the rewriter calls
+// into the globals.
 void InstallBridge(duk_context* context);
 
 // Pushes a new target that carries `wrapped`, and its proxy on top of it.

@@ -90,7 +90,15 @@ class Engine {
     // --- the bridge's bookkeeping ---
     Wrapped* WrappedByProxy(void* proxy) noexcept;
     void Forget(Wrapped* wrapped) noexcept; // its target is being finalized
-    void MarkCalled(void* name) noexcept { m_called = name; }
+    void MarkCalled(void* name, bool toAssign = false) noexcept {
+        m_called = name;
+        m_calledToAssign = toAssign;
+    }
+    bool IsCalledToAssign() const noexcept { return m_calledToAssign; }
+    // A member has kept its arguments for the value that is assigned next; whether one has, forgotten by
+    // asking.
+    void NoteAssignable() noexcept { m_isAssignable = true; }
+    bool TakeAssignable() noexcept { return std::exchange(m_isAssignable, false); }
     // Whether `name` was announced by $called just now; forgets it.
     bool TakeCalled(void* name) noexcept {
         return std::exchange(m_called, nullptr) == name && name != nullptr;
@@ -158,6 +166,8 @@ class Engine {
     std::string m_expression;               // what Eval got last
     std::string m_scratch;
     void* m_called = nullptr;
+    bool m_calledToAssign = false;
+    bool m_isAssignable = false;
     std::string m_thrownFile;
     std::int32_t m_thrownLine = 0;
     std::unique_ptr<Failure> m_failure; // what Shielded caught

@@ -49,8 +49,39 @@ class Rewriting {
         const Token& name = m_tokens[word];
         if (!Is(word + 1, "(") || name.text.find('\\') != std::string_view::npos)
             return;
+        const std::size_t closing = ClosingOf(word + 1);
+        const bool isAssigned = IsAssignment(closing + 1);
         Replace(m_tokens[word - 1], "");
-        Replace(name, "[$called(\"" + std::string(name.text) + "\")]");
+        Replace(name, (isAssigned ? "[$put(\"" : "[$called(\"") + std::string(name.text) + "\")]");
+        if (isAssigned)
+            InsertBehind(m_tokens[closing], "[$assigned()]");
+    }
+
+    // `f(x) = value`
+    bool MarkIndexed(std::size_t word) {
+        const std::size_t closing = Is(word + 1, "(") ? ClosingOf(word + 1) : m_tokens.size();
+        if (!IsAssignment(closing + 1) || IsOperatorWord(m_tokens[word].text))
+            return false;
+        Replace(m_tokens[word], "$indexed(" + std::string(m_tokens[word].text) + ")");
+        InsertBehind(m_tokens[closing], "[$assigned()]");
+        return true;
+    }
+
+    // The bracket that closes the one at `open`; the count of tokens if none does.
+    std::size_t ClosingOf(std::size_t open) const {
+        int depth = 0;
+        for (std::size_t i = open; i < m_tokens.size(); ++i) {
+            if (IsOpening(i))
+                ++depth;
+            else if (IsClosing(i) && --depth == 0)
+                return i;
+        }
+        return m_tokens.size();
+    }
+
+    // One equals sign and no more.
+    bool IsAssignment(std::size_t i) const {
+        return Is(i, "=") && !(Is(i + 1, "=") && m_tokens[i + 1].offset == m_tokens[i].offset + 1);
     }
 
     void FreeWord(std::size_t word) {
@@ -61,7 +92,9 @@ class Rewriting {
             PollInFor(word + 1);
         else if (text == "function")
             PollInFunction(word);
-        else if (m_isGlobalMember && Is(word + 1, "(") && !Is(word - 1, "function") && m_isGlobalMember(text))
+        else if (Is(word - 1, "function") || MarkIndexed(word))
+            return;
+        else if (m_isGlobalMember && Is(word + 1, "(") && m_isGlobalMember(text))
             Replace(m_tokens[word], "($called(\"" + std::string(text) + "\")," + std::string(text) + ")");
     }
 

@@ -20,7 +20,6 @@ bool IsLineEnd(char c) {
     return c == '\n' || c == '\r';
 }
 
-// Words behind which a slash begins a regular expression, although words are values otherwise.
 constexpr std::array<std::string_view, 12> Operators{
     "return", "typeof", "instanceof", "in", "new", "delete", "void", "throw", "case", "else", "do", "of"};
 
@@ -129,7 +128,7 @@ class Tokenizer {
             return true;
         const Token& last = m_tokens.back();
         if (last.kind == TokenKind::Word)
-            return std::ranges::find(Operators, last.text) != Operators.end();
+            return IsOperatorWord(last.text);
         if (last.kind != TokenKind::Mark)
             return false;
         return last.text != ")" && last.text != "]" && last.text != "}";
@@ -142,6 +141,10 @@ class Tokenizer {
 };
 
 } // namespace
+
+bool IsOperatorWord(std::string_view word) {
+    return std::ranges::find(Operators, word) != Operators.end();
+}
 
 std::vector<Token> Tokenize(std::string_view script) {
     return Tokenizer(script).Run();

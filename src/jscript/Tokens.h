@@ -19,6 +19,10 @@ struct Token {
     std::size_t offset;
 };
 
+// Words behind which an operand begins, a regular expression or a bracket, although words are values
+// otherwise.
+bool IsOperatorWord(std::string_view word);
+
 std::vector<Token> Tokenize(std::string_view script);
 
 } // namespace quillon::jscript

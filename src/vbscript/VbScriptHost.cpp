@@ -101,8 +101,8 @@ auto VbScriptHost::Guarded(std::string_view text, Work work) {
         raise(ErrorOf(failure, text));
     } catch (const Failure& failure) {
         raise(ErrorOf(failure));
-    } catch (const ScriptStopped&) {
-        raise(ErrorOf(Failure(numbers::ScriptStopped)));
+    } catch (const ScriptStopped& stopped) {
+        raise(ErrorOf(ScriptFailure(Failure(numbers::ScriptStopped), {}, stopped.place, stopped.text)));
     }
     throw Failure(numbers::InternalError);
 }

@@ -90,6 +90,25 @@ TEST_F(JScriptHostTest, SeveralTextsJoinOneModule) {
     EXPECT_EQ(host.Language(), "JScript");
 }
 
+TEST_F(JScriptHostTest, PropertiesWithParametersAreWritten) {
+    for (const char* code :
+         {"library.Books.Item(1) = library.Books(2);", "library.Books(1) = library.Books(2);",
+          "var shelf = library.Books; shelf(1) = shelf(2);"}) {
+        const ObjectRef emma = host.Eval("library.Books(1)").As<ObjectRef>();
+        host.AddCode(code);
+        EXPECT_EQ(Evaluate("library.Books(1).Title"), "Ulysses") << code;
+        Value arguments[] = {emma};
+        host.AddCode("function restore(book) { library.Books.Item(1) = book; }");
+        host.Run("restore", arguments);
+        EXPECT_EQ(Evaluate("library.Books(1).Title"), "Emma");
+    }
+    EXPECT_EQ(NumberOf("library.Books.Item(9) = library.Books(1);"), 9);
+    EXPECT_EQ(NumberOf("library.Books.Item(1) = 5;"), 424);
+    EXPECT_EQ(NumberOf("function f() { return {}; } f(1) = 5;"), 5003);
+    EXPECT_EQ(NumberOf("var o = { m: function () { return {}; } }; o.m(1) = 5;"), 5003);
+    EXPECT_EQ(host.Error().Line, 1);
+}
+
 TEST_F(JScriptHostTest, MembersOfObjects) {
     const std::pair<const char*, const char*> rows[] = {
         {"library.Books.Count", "2"},

@@ -77,7 +77,7 @@ class Book final : public Named {
     std::int32_t m_opened = 0;
 };
 
-// Count, Item (default, by number from 1 or by title), Each.
+// Count, Item (default, by number from 1; written to with another book).
 class Shelf final : public Named {
   public:
     explicit Shelf(std::vector<ObjectRef> books)
@@ -85,15 +85,20 @@ class Shelf final : public Named {
         , m_books(std::move(books)) {}
 
     std::string TypeName() const override { return "Shelf"; }
-    Value Invoke(MemberId member, InvokeKind, std::span<Value> arguments) override {
+    Value Invoke(MemberId member, InvokeKind kind, std::span<Value> arguments) override {
         if (member == 1)
             return static_cast<std::int32_t>(m_books.size());
-        Require(arguments.size() == 1, numbers::WrongArgumentCount);
+        Require(arguments.size() == (Writes(kind) ? 2 : 1), numbers::WrongArgumentCount);
         const auto* const index = arguments[0].If<std::int32_t>();
         Require(index != nullptr, numbers::TypeMismatch);
         Require(*index >= 1 && static_cast<std::size_t>(*index) <= m_books.size(),
                 numbers::SubscriptOutOfRange);
-        return m_books[static_cast<std::size_t>(*index) - 1];
+        ObjectRef& book = m_books[static_cast<std::size_t>(*index) - 1];
+        if (Writes(kind)) {
+            Require(arguments[1].IsObject(), numbers::ObjectRequired);
+            book = arguments[1].As<ObjectRef>();
+        }
+        return book;
     }
     std::unique_ptr<ObjectEnumerator> Enumerate() override {
         class Walk final : public ObjectEnumerator {
@@ -126,9 +131,9 @@ class Library final : public Named {
     Value Invoke(MemberId member, InvokeKind kind, std::span<Value> arguments) override {
         switch (member) {
         case 1:
+            Require(arguments.size() == (Writes(kind) ? 1 : 0), numbers::WrongArgumentCount);
             if (Writes(kind))
                 throw Failure(numbers::NotACollection, "Object not a collection: 'Books'");
-            Require(arguments.empty(), numbers::WrongArgumentCount);
             return books;
         case 2: Require(arguments.size() == 1, numbers::WrongArgumentCount); return kept = arguments[0];
         case 3:

@@ -164,7 +164,11 @@ TEST_F(Host, StopEndsAScriptFromWithin) {
     const auto spin = [&] { host.AddCode("On Error Resume Next\no.Stop\nDo\nLoop"); };
     EXPECT_EQ(NumberOf(spin), numbers::ScriptStopped);
     EXPECT_EQ(host.Error().Number, numbers::ScriptStopped);
+    EXPECT_EQ(host.Error().Line, 4);
+    EXPECT_EQ(host.Error().Text, "Loop");
+    EXPECT_FALSE(host.Error().Description.empty());
     EXPECT_EQ(host.Eval("1 + 1"), Value(std::int16_t{2})) << "the next call runs";
+    EXPECT_EQ(host.Error().Number, 0);
 }
 
 TEST_F(Host, AStepLimitEndsAnyLoop) {

@@ -20,7 +20,7 @@ TEST(Lexer, TellsTokensApart) {
         {u"", {EndOfText}},
         {u"a.b", {Name, Dot, Name, EndOfText}},
         {u"1 32768 1.5 1e3 .5", {Integer, Long, Double, Double, Double, EndOfText}},
-        {u"&HFF &hFFFFF &O7 &17&", {Integer, Long, Integer, Long, EndOfText}},
+        {u"&HFF &hFFFFF &O7 &HFFFF&", {Integer, Long, Integer, Long, EndOfText}},
         {u"a & b", {Name, Concatenate, Name, EndOfText}},
         {u"a &header", {Name, Concatenate, Name, EndOfText}},
         {u"\"a\"\"b\"", {String, EndOfText}},

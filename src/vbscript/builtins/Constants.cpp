@@ -6,6 +6,10 @@ namespace {
 
 using namespace std::string_view_literals;
 
+constexpr BuiltinConstant Long(std::string_view name, std::uint32_t number) {
+    return {name, static_cast<std::int32_t>(number), std::nullopt, true};
+}
+
 constexpr BuiltinConstant Texts[] = {
     {"vbCr", 0, u"\r"sv},        {"vbLf", 0, u"\n"sv},   {"vbCrLf", 0, u"\r\n"sv},
     {"vbNewLine", 0, u"\r\n"sv}, {"vbTab", 0, u"\t"sv},  {"vbVerticalTab", 0, u"\v"sv},
@@ -20,8 +24,9 @@ constexpr BuiltinConstant Compares[] = {
 };
 
 constexpr BuiltinConstant Colours[] = {
-    {"vbBlack", 0},       {"vbRed", 0x0000FF},     {"vbGreen", 0x00FF00}, {"vbYellow", 0x00FFFF},
-    {"vbBlue", 0xFF0000}, {"vbMagenta", 0xFF00FF}, {"vbCyan", 0xFFFF00},  {"vbWhite", 0xFFFFFF},
+    Long("vbBlack", 0),         Long("vbRed", 0x0000FF),   Long("vbGreen", 0x00FF00),
+    Long("vbYellow", 0x00FFFF), Long("vbBlue", 0xFF0000),  Long("vbMagenta", 0xFF00FF),
+    Long("vbCyan", 0xFFFF00),   Long("vbWhite", 0xFFFFFF),
 };
 
 constexpr BuiltinConstant Dates[] = {
@@ -50,10 +55,10 @@ constexpr BuiltinConstant Boxes[] = {
     {"vbDefaultButton4", 768},
     {"vbApplicationModal", 0},
     {"vbSystemModal", 4096},
-    {"vbMsgBoxHelpButton", 16384},
-    {"vbMsgBoxSetForeground", 65536},
-    {"vbMsgBoxRight", 524288},
-    {"vbMsgBoxRtlReading", 1048576},
+    Long("vbMsgBoxHelpButton", 16384),
+    Long("vbMsgBoxSetForeground", 65536),
+    Long("vbMsgBoxRight", 524288),
+    Long("vbMsgBoxRtlReading", 1048576),
     {"vbOK", 1},
     {"vbCancel", 2},
     {"vbAbort", 3},
@@ -74,7 +79,7 @@ constexpr BuiltinConstant States[] = {
     {"vbTrue", -1},
     {"vbFalse", 0},
     {"vbUseDefault", -2},
-    {"vbObjectError", static_cast<std::int32_t>(0x80040000U)},
+    Long("vbObjectError", 0x80040000U),
 };
 
 } // namespace

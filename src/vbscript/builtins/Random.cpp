@@ -33,7 +33,7 @@ Variant Randomize(BuiltinContext& context, Arguments arguments) {
     return {};
 }
 
-constexpr Builtin Table[] = {{"Rnd", 0, 1, Rnd}, {"Randomize", 0, 1, Randomize}};
+constexpr Builtin Table[] = {{"Rnd", 0, 1, Rnd}, {"Randomize", 0, 1, Randomize, BuiltinUse::AsStatement}};
 
 } // namespace
 

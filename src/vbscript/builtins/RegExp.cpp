@@ -112,6 +112,12 @@ class ReplacementWriter {
     std::int32_t m_groups;
 };
 
+// The text of an argument as automation objects take it: of a Boolean its number.
+Text TextOf(const Variant& argument) {
+    const Variant plain = PlainValue(argument);
+    return ToText(plain.kind() == Kind::Boolean ? Variant(ToInteger(plain)) : plain);
+}
+
 } // namespace
 
 ObjectRef RegExp::Create() {
@@ -145,18 +151,18 @@ Variant RegExp::Pattern(InvokeKind kind, std::span<Variant> arguments) {
     RequireCount(arguments, IsWrite(kind) ? 1 : 0);
     if (!IsWrite(kind))
         return m_pattern;
-    m_pattern = ToText(arguments[0]);
+    m_pattern = TextOf(arguments[0]);
     m_program.reset();
     return {};
 }
 
 Variant RegExp::Test(const Variant& argument) {
-    const Text text = ToText(argument);
+    const Text text = TextOf(argument);
     return Matcher(Compiled(), text.View()).Find(0);
 }
 
 Variant RegExp::Execute(const Variant& argument) {
-    const Text text = ToText(argument);
+    const Text text = TextOf(argument);
     const regexp::Program& program = Compiled();
     Matcher matcher(program, text.View());
     std::vector<Variant> matches;
@@ -170,7 +176,7 @@ Variant RegExp::Execute(const Variant& argument) {
 }
 
 Variant RegExp::Replace(const Variant& argument, const Variant& form) {
-    const Text text = ToText(argument), replacement = ToText(form);
+    const Text text = TextOf(argument), replacement = TextOf(form);
     const regexp::Program& program = Compiled();
     Matcher matcher(program, text.View());
     const ReplacementWriter writer(replacement.View(), text.View(), program.groups);

@@ -16,9 +16,9 @@ class Search {
 
     static constexpr std::size_t None = std::u16string_view::npos;
     // The first place at or after `from`, or None.
-    std::size_t Next(std::size_t from) const noexcept { return m_text.find(m_sought, from); }
+    std::size_t Next(std::size_t from) const;
     // The last place at or before `from`, or None.
-    std::size_t Last(std::size_t from) const noexcept { return m_text.rfind(m_sought, from); }
+    std::size_t Last(std::size_t from) const;
 
   private:
     std::u16string m_foldedText, m_foldedSought;

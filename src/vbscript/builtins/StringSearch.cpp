@@ -1,27 +1,10 @@
 // InStr, InStrRev, Replace.
-#include <algorithm>
 
 #include "vbscript/builtins/Arguments.h"
 #include "vbscript/builtins/Families.h"
 #include "vbscript/builtins/Searching.h"
 
 namespace quillon::vbscript {
-namespace {
-
-std::u16string Folded(std::u16string_view text) {
-    std::u16string folded(text);
-    std::ranges::transform(folded, folded.begin(), LowerOf);
-    return folded;
-}
-
-} // namespace
-
-Search::Search(std::u16string_view text, std::u16string_view sought, bool ignoreCase)
-    : m_foldedText(ignoreCase ? Folded(text) : std::u16string())
-    , m_foldedSought(ignoreCase ? Folded(sought) : std::u16string())
-    , m_text(ignoreCase ? std::u16string_view(m_foldedText) : text)
-    , m_sought(ignoreCase ? std::u16string_view(m_foldedSought) : sought) {}
-
 namespace {
 
 // The start comes first, and only if there are three arguments or more.

@@ -36,8 +36,11 @@ Variant Right(BuiltinContext&, Arguments arguments) {
 }
 
 Variant Mid(BuiltinContext&, Arguments arguments) {
-    const std::size_t length = IsGiven(arguments, 2) ? CountOf(arguments[2]) : Text::MaxLength;
+    const bool isCut = IsGiven(arguments, 2);
+    if (isCut)
+        (void)ToLong(arguments[2]); // of what is no number either argument is told before a wrong range
     const std::size_t offset = OffsetOf(arguments[1]);
+    const std::size_t length = isCut ? CountOf(arguments[2]) : Text::MaxLength;
     const Variant value = PlainValue(arguments[0]);
     return value.IsNull() ? value : Part(ToText(value), offset, length);
 }

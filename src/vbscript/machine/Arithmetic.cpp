@@ -218,7 +218,7 @@ Variant Negate(const Variant& operand) {
     }
 }
 
-Variant Plus(const Variant& operand) {
+Variant ToNumber(const Variant& operand) {
     const Variant plain = PlainValue(operand);
     if (plain.IsText())
         return ToDouble(plain);

@@ -34,7 +34,8 @@ ArrayBuffer::~ArrayBuffer() {
 }
 
 void ArrayBuffer::Reserve(std::size_t count) {
-    const std::size_t bytes = count * sizeof(Variant) + sizeof(ArrayBuffer);
+    constexpr std::size_t around = 64; // the bounds, and what the blocks of memory need themselves
+    const std::size_t bytes = count * sizeof(Variant) + sizeof(ArrayBuffer) + around;
     if (bytes > m_reserved)
         Heap::Reserve(bytes - m_reserved);
     else

@@ -19,6 +19,11 @@ std::int64_t SimplePlace(const Variant& container, const Variant& subscript) noe
     return array.Dimensions() == 1 && place <= array.UpperBound(0) ? place : -1;
 }
 
+void RequireResizable(const Variant& variable) {
+    if (variable.IsArray() && (variable.AsArray()->IsFixedSize() || variable.AsArray()->IsLocked()))
+        throw Failure(numbers::ArrayLocked);
+}
+
 } // namespace
 
 Machine::Step Machine::DoIndex(Step at) {
@@ -80,13 +85,19 @@ void Machine::DoReferElement(Step at) {
             *place = Variant();
 }
 
+// A Dim that has run already, in a loop or in a text that is added again, leaves the array as it is.
 void Machine::DoDimArray(Step at) {
     const ArrayShape& shape = Top().code->shapes[at->b];
+    const Variant& held = Read(at->a);
+    if (held.IsArray() && held.AsArray()->IsFixedSize() == shape.isFixed &&
+        (!shape.isFixed || held.AsArray()->UpperBounds() == shape.bounds))
+        return;
     Variant array(ArrayBuffer::Create(shape.bounds, shape.isFixed));
     Target(at->a).Swap(array);
 }
 
 void Machine::DoReDim(Step at, bool preserve) {
+    RequireResizable(Target(at->a));
     Variant* const first = Base(at->b);
     std::vector<std::int32_t> bounds;
     for (Variant* place = first; place != first + at->c; ++place)
@@ -94,10 +105,8 @@ void Machine::DoReDim(Step at, bool preserve) {
     if (bounds.size() > ArrayBuffer::MaxDimensions)
         throw Failure(numbers::SubscriptOutOfRange);
     Variant& variable = Target(at->a);
-    const bool isArray = variable.IsArray();
-    if (isArray && (variable.AsArray()->IsFixedSize() || variable.AsArray()->IsLocked()))
-        throw Failure(numbers::ArrayLocked);
-    if (isArray && preserve && variable.AsArray()->Dimensions() != 0) {
+    RequireResizable(variable); // reading the bounds may have run code
+    if (variable.IsArray() && preserve && variable.AsArray()->Dimensions() != 0) {
         OwnArray(variable)->Resize(bounds);
         return;
     }

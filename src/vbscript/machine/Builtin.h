@@ -39,6 +39,13 @@ class BuiltinContext {
 
 using BuiltinFunction = Variant (*)(BuiltinContext& context, std::span<const Variant> arguments);
 
+// Where a call may stand. Elsewhere its arguments are looked at, and then it is an error.
+enum class BuiltinUse : std::uint8_t {
+    Anywhere,
+    AsValue,     // 458 as a statement
+    AsStatement, // 13 as a value
+};
+
 struct Builtin {
     static constexpr std::uint8_t AnyCount = 255;
 
@@ -46,13 +53,15 @@ struct Builtin {
     std::uint8_t minArguments;
     std::uint8_t maxArguments; // AnyCount: no limit
     BuiltinFunction function;
+    BuiltinUse use = BuiltinUse::Anywhere;
 };
 
-// A Long or, where `text` is set, a text.
+// An Integer, a Long if `isLong`, or a text where `text` is set.
 struct BuiltinConstant {
     std::string_view name;
     std::int32_t number = 0;
     std::optional<std::u16string_view> text = std::nullopt;
+    bool isLong = false;
 };
 
 // What New and CreateObject can make. `name` as New takes it ("RegExp"), `programId` as CreateObject does

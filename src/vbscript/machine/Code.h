@@ -62,7 +62,6 @@ enum class Op : std::uint16_t {
     Concatenate, // a = b & c
     Join,        // a = c values from register b on, joined
     Negate,
-    Plus,
     Not,
     And,
     Or,
@@ -115,7 +114,7 @@ enum class Op : std::uint16_t {
     Execute,      // base a: runs the text there; b: kind of ExecuteKind
     GetReference, // base a: the procedure named there
     // --- arrays ---
-    DimArray, // a = new array of shape b
+    DimArray, // a = new array of shape b, unless it is one
     ReDim,    // a, bounds from register b on, c of them
     ReDimPreserve,
     Erase, // a

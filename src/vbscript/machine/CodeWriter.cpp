@@ -126,8 +126,12 @@ void CodeWriter::EmitClear() {
 void CodeWriter::EmitClearBut(std::uint16_t place) {
     if (m_objectsEnd != 0 && m_objectsBegin < place)
         Emit(Op::Clear, m_objectsBegin, std::min(m_objectsEnd, place));
-    if (m_objectsEnd > place + 1)
-        Emit(Op::Clear, std::max<unsigned>(m_objectsBegin, place + 1u), m_objectsEnd);
+    EmitClearFrom(place + 1u);
+}
+
+void CodeWriter::EmitClearFrom(unsigned place) {
+    if (m_objectsEnd > place)
+        Emit(Op::Clear, std::max<unsigned>(m_objectsBegin, place), m_objectsEnd);
     m_objectsEnd = 0;
 }
 

@@ -45,6 +45,7 @@ class CodeWriter {
     bool HasObjects() const noexcept { return m_objectsEnd != 0; }
     void ForgetObjectIn(std::uint16_t place) noexcept; // it was moved elsewhere
     void EmitClearBut(std::uint16_t place);            // of all noted registers but one
+    void EmitClearFrom(unsigned place);                // of those from a place on
     void EmitClear();                                  // of all noted registers
 
     // --- statements ---
@@ -62,7 +63,7 @@ class CodeWriter {
     void Aim(std::size_t use, std::int64_t target);
 
     Code& m_code;
-    Place m_place;
+    Place m_place{1, 0};
     std::uint16_t m_firstTemporary = 0;
     std::uint16_t m_next = 0;
     std::uint16_t m_objectsBegin = 0;

@@ -58,6 +58,11 @@ Operand ProcedureCompiler::NamedCall(const NameExpression& name, std::span<Argum
     case Binding::Kind::Builtin: {
         const std::uint16_t base = Arguments(arguments, false);
         m_write.Emit(Op::CallBuiltin, base, static_cast<unsigned>(binding.place), count);
+        const BuiltinUse use = m_context.builtins.functions[binding.place]->use;
+        if (isStatement && use == BuiltinUse::AsValue)
+            RaiseHere(numbers::VariantTypeNotSupported);
+        if (!isStatement && use == BuiltinUse::AsStatement)
+            RaiseHere(numbers::TypeMismatch);
         return FinishCall(base, place);
     }
     case Binding::Kind::Special:
@@ -138,9 +143,10 @@ Operand ProcedureCompiler::SpecialCall(BuiltinNames::Special special, std::span<
 Operand ProcedureCompiler::ObjectOf(const MemberExpression& member) {
     if (member.object != nullptr)
         return Value(*member.object);
-    if (m_withs.empty())
-        throw CompileFailure(numbers::InvalidReference, member.place);
-    return m_withs.back();
+    if (!m_withs.empty())
+        return m_withs.back();
+    RaiseHere(numbers::InvalidReference);
+    return m_write.Constant({});
 }
 
 Operand ProcedureCompiler::MemberValue(const MemberExpression& member, std::span<Argument> arguments) {

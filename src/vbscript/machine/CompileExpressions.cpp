@@ -33,9 +33,7 @@ Op OpOf(BinaryOperator operation) noexcept {
 }
 
 Op OpOf(UnaryOperator operation) noexcept {
-    return operation == UnaryOperator::Negate ? Op::Negate
-           : operation == UnaryOperator::Plus ? Op::Plus
-                                              : Op::Not;
+    return operation == UnaryOperator::Negate ? Op::Negate : Op::Not;
 }
 
 const BinaryExpression* AsBinary(const Expression* expression) noexcept {

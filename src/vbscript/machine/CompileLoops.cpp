@@ -91,7 +91,7 @@ void ProcedureCompiler::CompileFor(const ForStatement& loop) {
     else
         m_write.Emit(Op::Copy, step, Value(*loop.step));
     m_write.ReleaseTo(scratch);
-    m_write.EmitClear();
+    m_write.EmitClearFrom(scratch); // start, limit and step are yet to be used
     Label exit, body;
     m_write.EmitJump(Op::ForBegin, exit, variable, limit);
     m_write.SetResume(head); // a head that fails runs the body once

@@ -27,6 +27,7 @@ void ProcedureCompiler::CompileStatement(const Statement& statement) {
     switch (statement.kind) {
     case StatementKind::Assign: CompileAssign(static_cast<const AssignStatement&>(statement)); break;
     case StatementKind::Call: CompileCall(static_cast<const CallStatement&>(statement)); break;
+    case StatementKind::Dim: CompileDim(static_cast<const DimStatement&>(statement)); break;
     case StatementKind::ReDim: CompileReDim(static_cast<const ReDimStatement&>(statement)); break;
     case StatementKind::Erase: CompileErase(static_cast<const EraseStatement&>(statement)); break;
     case StatementKind::Exit: CompileExit(static_cast<const ExitStatement&>(statement)); break;
@@ -199,6 +200,11 @@ void ProcedureCompiler::CompileCall(const CallStatement& call) {
         const Operand callee = Value(*call.callee);
         (void)DynamicCall(callee, NoName, call.arguments, true);
     }
+}
+
+void ProcedureCompiler::CompileDim(const DimStatement& dim) {
+    for (const Declaration& array : dim.arrays)
+        m_write.Emit(Op::DimArray, OperandOf(Find(array.name)), m_write.ShapeOf(array));
 }
 
 void ProcedureCompiler::CompileReDim(const ReDimStatement& redim) {

@@ -181,6 +181,16 @@ void UnitCompiler::CompileMember(ClassInfo& info, const ClassNames& names, const
 
 } // namespace
 
+namespace {
+
+Variant ValueOf(const BuiltinConstant& constant) {
+    if (constant.text)
+        return *constant.text;
+    return constant.isLong ? Variant(constant.number) : Variant(static_cast<std::int16_t>(constant.number));
+}
+
+} // namespace
+
 BuiltinNames::BuiltinNames(Names& names) {
     for (const std::span<const Builtin> family : BuiltinFunctions())
         for (const Builtin& function : family) {
@@ -190,8 +200,10 @@ BuiltinNames::BuiltinNames(Names& names) {
         }
     for (const std::span<const BuiltinConstant> family : BuiltinConstants())
         for (const BuiltinConstant& constant : family)
-            constants.emplace(names.InternAscii(constant.name),
-                              constant.text ? Variant(*constant.text) : Variant(constant.number));
+            constants.emplace(names.InternAscii(constant.name), ValueOf(constant));
+    for (const CreatableObject& creatable : CreatableObjects())
+        if (!creatable.name.empty())
+            creatables.emplace(names.InternAscii(creatable.name), &creatable);
     specials = {{names.InternAscii("Execute"), Special::Execute},
                 {names.InternAscii("ExecuteGlobal"), Special::ExecuteGlobal},
                 {names.InternAscii("Eval"), Special::Eval},

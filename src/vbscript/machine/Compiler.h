@@ -26,6 +26,7 @@ struct BuiltinNames {
     std::unordered_map<NameId, std::uint16_t> functionsByName;
     std::unordered_map<NameId, Variant> constants;
     std::unordered_map<NameId, Special> specials;
+    std::unordered_map<NameId, const CreatableObject*> creatables; // by the name that New takes
 };
 
 struct CompileContext {

@@ -165,16 +165,22 @@ std::optional<double> NumberIn(std::u16string_view text) {
     return conversion::ParseNumber(ToUtf8(text));
 }
 
+std::optional<bool> BooleanIn(std::u16string_view text) noexcept {
+    if (CompareIgnoringCase(text, u"true") == 0 || CompareIgnoringCase(text, u"#true#") == 0)
+        return true;
+    if (CompareIgnoringCase(text, u"false") == 0 || CompareIgnoringCase(text, u"#false#") == 0)
+        return false;
+    return std::nullopt;
+}
+
 bool ToBoolean(const Variant& value) {
     if (value.IsWhole())
         return value.Number() != 0;
     if (value.IsObject())
         return ToBoolean(PlainValue(value));
     if (value.kind() == Kind::Text) {
-        if (CompareIgnoringCase(value.View(), u"true") == 0)
-            return true;
-        if (CompareIgnoringCase(value.View(), u"false") == 0)
-            return false;
+        if (const std::optional<bool> boolean = BooleanIn(value.View()))
+            return *boolean;
     }
     return RealOf(value) != 0;
 }

@@ -35,6 +35,8 @@ double DoubleOf(CurrencyValue value) noexcept;
 
 // A number in a text as CDbl reads it; none if it is none.
 std::optional<double> NumberIn(std::u16string_view text);
+// "True", "False", and as databases write them "#TRUE#", "#FALSE#", without regard to case; none otherwise.
+std::optional<bool> BooleanIn(std::u16string_view text) noexcept;
 
 // Text comparison: by character code, or (for vbTextCompare) without regard to case. Negative, 0, positive.
 int CompareBinary(std::u16string_view left, std::u16string_view right) noexcept;

@@ -69,7 +69,8 @@ class ErrObject final : public NativeObject {
         if (arguments.empty() || arguments.size() > 5)
             throw Failure(numbers::WrongArgumentCount);
         const std::int32_t number = ToLong(arguments[0]);
-        if (number == 0)
+        constexpr std::int32_t largest = 0xFFFF; // negative ones are automation errors
+        if (number == 0 || number > largest)
             throw Failure(numbers::InvalidCall);
         const auto text = [&](std::size_t place, const std::string& otherwise) {
             const bool given = place < arguments.size() && !arguments[place].IsMissing();
@@ -77,9 +78,11 @@ class ErrObject final : public NativeObject {
         };
         const std::string source = text(1, m_state->source);
         const std::string description = text(2, m_state->description);
-        m_state->helpFile = text(3, m_state->helpFile);
+        const std::string helpFile = text(3, m_state->helpFile);
         if (arguments.size() > 4 && !arguments[4].IsMissing())
             m_state->helpContext = ToLong(arguments[4]);
+        m_state->helpFile = helpFile;
+        m_state->isRaising = true;
         throw Failure(LowNumber(number), description, source);
     }
 
@@ -88,20 +91,21 @@ class ErrObject final : public NativeObject {
 
 } // namespace
 
-std::int32_t LowNumber(std::int32_t number) noexcept {
-    constexpr std::uint32_t facility = 0x800A0000;
-    const auto bits = static_cast<std::uint32_t>(number);
-    return (bits & 0xFFFF0000u) == facility ? static_cast<std::int32_t>(bits & 0xFFFF) : number;
-}
-
 std::string DescriptionOf(const Failure& failure) {
-    return failure.description().empty() ? "Unknown runtime error" : failure.description();
+    if (!failure.description().empty())
+        return failure.description();
+    const std::string_view known = FailureText(LowNumber(failure.number()));
+    return std::string(known.empty() ? "Unknown runtime error" : known);
 }
 
 void ErrState::Take(const Failure& failure) {
     number = LowNumber(failure.number());
     description = DescriptionOf(failure);
     source = failure.source().empty() ? std::string(RuntimeSource) : failure.source();
+    if (!std::exchange(isRaising, false)) {
+        helpFile.clear();
+        helpContext = 0;
+    }
 }
 
 ObjectRef MakeErr(std::shared_ptr<ErrState> state) {

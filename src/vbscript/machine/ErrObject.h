@@ -17,13 +17,14 @@ struct ErrState {
     std::string source;
     std::string helpFile;
     std::int32_t helpContext = 0;
+    bool isRaising = false; // Err.Raise is on its way, with a help topic of its own
 
     void Clear() { *this = {}; }
     void Take(const Failure& failure);
 };
 
-// Numbers of automation errors that stand for an error of the language (0x800A000D is 13), others as they
-// are.
+// Numbers of automation errors that stand for an error of the language (0x800A000D is 13, 0x8007000E is 7),
+// others as they are.
 std::int32_t LowNumber(std::int32_t number) noexcept;
 // The text of an error that brings none.
 std::string DescriptionOf(const Failure& failure);

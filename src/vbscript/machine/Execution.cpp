@@ -153,7 +153,8 @@ void Machine::Link(const std::shared_ptr<Unit>& unit) {
     for (const auto& [place, code] : unit->procedures)
         define(place, Variant::Internal(Kind::Procedure, code.get()));
     for (const auto& [place, info] : unit->classes)
-        define(place, Variant::Internal(Kind::Class, info.get()));
+        if (!m_builtins.creatables.contains(m_globals.NameAt(place))) // New keeps making the language's own
+            define(place, Variant::Internal(Kind::Class, info.get()));
     for (auto& [place, value] : unit->constants)
         define(place, Variant::Internal(Kind::Constant, &value));
     for (const std::uint16_t place : unit->variables) {

@@ -42,6 +42,12 @@ ScriptFailure Machine::Placed(const Failure& failure, const Code& code, Step at)
                          LineOf(code.unit, place.line));
 }
 
+void Machine::Locate(ScriptStopped& stopped) const {
+    const Code& code = *m_frames.back().code;
+    stopped.place = MarkOf(code, m_at).place;
+    stopped.text = LineOf(code.unit, stopped.place.line);
+}
+
 // Goes back through the frames to one that resumes at its next statement; what none handles leaves the loop.
 Machine::Step Machine::Recover(const Failure& failure) {
     const ScriptFailure placed = Placed(failure, *Top().code, m_at);
@@ -80,7 +86,7 @@ void Machine::PollSlowly() {
     m_untilPoll = PollInterval;
     m_steps += PollInterval;
     if (m_stop.load(std::memory_order_relaxed) || (m_stepLimit != 0 && m_steps > m_stepLimit))
-        throw ScriptStopped();
+        throw ScriptStopped{};
 }
 
 } // namespace quillon::vbscript

@@ -1,7 +1,7 @@
 #include "vbscript/machine/Globals.h"
 
-#include "platform/Failure.h"
 #include "platform/FailureNumbers.h"
+#include "vbscript/source/Place.h"
 
 namespace quillon::vbscript {
 
@@ -16,7 +16,7 @@ std::uint16_t Globals::PlaceOf(NameId name) {
         return found->second;
     if (m_names.size() == SpaceSize) {
         m_places.erase(found);
-        throw Failure(numbers::OutOfMemory);
+        throw CompileFailure(numbers::CompileOutOfMemory, {1, 0});
     }
     m_names.push_back(name);
     m_variables[found->second] = Variant::Internal(Kind::Unset, nullptr);

@@ -17,7 +17,7 @@ class Globals {
     Globals(const Globals&) = delete;
     Globals& operator=(const Globals&) = delete;
 
-    // The place of a name; a new one is Unset. Raises 7 when all places are taken.
+    // The place of a name; a new one is Unset. Raises 1001 when all places are taken.
     std::uint16_t PlaceOf(NameId name);
     std::optional<std::uint16_t> Find(NameId name) const;
     NameId NameAt(std::uint16_t place) const { return m_names[place]; }

@@ -25,10 +25,8 @@ Bits BitsOf(const Variant& operand) {
     case Kind::Byte:
     case Kind::Integer: return {static_cast<std::int32_t>(operand.Number()), operand.kind()};
     case Kind::Text:
-        if (CompareIgnoringCase(operand.View(), u"true") == 0)
-            return {-1, Kind::Boolean};
-        if (CompareIgnoringCase(operand.View(), u"false") == 0)
-            return {0, Kind::Boolean};
+        if (const std::optional<bool> boolean = BooleanIn(operand.View()))
+            return {*boolean ? -1 : 0, Kind::Boolean};
         [[fallthrough]];
     default: return {ToLong(operand), Kind::Long};
     }

@@ -43,7 +43,12 @@ void Machine::RunLoop() {
             at = Recover(failure);
         } catch (const std::bad_alloc&) {
             at = Recover(Failure(numbers::OutOfMemory));
-        } catch (...) { // told to stop, or a failure of the surroundings that is none of a script's
+        } catch (ScriptStopped& stopped) {
+            if (stopped.place.line == 0)
+                Locate(stopped);
+            UnwindToBoundary();
+            throw;
+        } catch (...) { // a failure of the surroundings that is none of a script's
             UnwindToBoundary();
             throw;
         }
@@ -112,10 +117,6 @@ void Machine::Loop(Step at) {
             break;
         case Op::Negate:
             Store(at->a, Negate(Read(at->b)));
-            ++at;
-            break;
-        case Op::Plus:
-            Store(at->a, Plus(Read(at->b)));
             ++at;
             break;
         case Op::Not:

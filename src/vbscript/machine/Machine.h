@@ -48,7 +48,10 @@ class ScriptFailure : public Failure {
 };
 
 // Ends a script that was told to stop; no Resume Next holds it.
-class ScriptStopped {};
+struct ScriptStopped {
+    Place place; // of the statement that was running
+    std::string text;
+};
 
 class Machine final : public BuiltinContext {
   public:
@@ -153,6 +156,7 @@ class Machine final : public BuiltinContext {
     [[noreturn]] void RaiseNamed(std::int32_t number, NameId name);
     static const StatementMark& MarkOf(const Code& code, Step at) noexcept;
     ScriptFailure Placed(const Failure& failure, const Code& code, Step at);
+    void Locate(ScriptStopped& stopped) const; // where it met the script
     void UnwindToBoundary() noexcept;
 
     // --- instructions (Calls.cpp, Members.cpp, ArrayOperations.cpp, Moves.cpp, Execution.cpp) ---

@@ -148,12 +148,11 @@ Machine::Step Machine::DoNew(Step at) {
         *base = Variant(instance);
         return info.initialize == nullptr ? at + 1 : Enter(*info.initialize, base + 1, 0, instance, false);
     }
-    for (const CreatableObject& creatable : CreatableObjects())
-        if (!creatable.name.empty() && m_names.FindUtf8(creatable.name) == name) {
-            *base = Variant(creatable.create());
-            return at + 1;
-        }
-    RaiseNamed(numbers::ClassNotDefined, name);
+    const auto creatable = m_builtins.creatables.find(name);
+    if (creatable == m_builtins.creatables.end())
+        RaiseNamed(numbers::ClassNotDefined, name);
+    *base = Variant(creatable->second->create());
+    return at + 1;
 }
 
 } // namespace quillon::vbscript

@@ -81,7 +81,7 @@ Machine::Step Machine::DoForBegin(Step at) {
     for (int i : {2, 0, 1}) {
         if (hidden[i].IsNull())
             throw Failure(numbers::InvalidUseOfNull);
-        hidden[i] = Plus(hidden[i]);
+        hidden[i] = ToNumber(hidden[i]);
         if (hidden[i].kind() == Kind::Boolean || hidden[i].IsEmpty())
             hidden[i] = ToInteger(hidden[i]);
     }
@@ -110,10 +110,12 @@ Machine::Step Machine::DoEachNext(Step at) {
     CountStep();
     const Variant walk = *Base(at->b);
     if (!walk.IsObject())
-        throw Failure(numbers::ForLoopNotInitialized);
+        throw Failure(numbers::NotACollection);
     Variant element;
-    if (!static_cast<WalkObject*>(ScriptObjectIn(walk))->Next(element))
+    if (!static_cast<WalkObject*>(ScriptObjectIn(walk))->Next(element)) {
+        Store(at->a, {}); // a loop that has come to its end leaves Empty in its variable
         return at + 2;
+    }
     AssignVariable(Target(at->a), element.IsObject() ? element : AssignedValue(element), element.IsObject());
     return JumpTarget(at);
 }

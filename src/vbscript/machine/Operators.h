@@ -26,7 +26,9 @@ Variant WholeDivide(const Variant& left, const Variant& right);
 Variant Modulo(const Variant& left, const Variant& right);
 Variant Power(const Variant& left, const Variant& right);
 Variant Negate(const Variant& operand);
-Variant Plus(const Variant& operand);
+// What a counted loop counts with: text becomes a Double, everything else keeps its sub-type; 13 for no
+// number.
+Variant ToNumber(const Variant& operand);
 
 // Null with a text is the text; Null with Null is Null.
 Variant Concatenate(const Variant& left, const Variant& right);

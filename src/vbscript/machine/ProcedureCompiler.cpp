@@ -68,7 +68,7 @@ Operand ProcedureCompiler::GlobalOperand(NameId name) const {
 
 void ProcedureCompiler::DimArrays(const std::vector<Declaration>& declarations) {
     for (const Declaration& declaration : declarations) {
-        if (!declaration.isArray)
+        if (!declaration.isArray || declaration.isStatement)
             continue;
         const std::size_t mark = m_write.BeginMark(declaration.place);
         m_write.Emit(Op::DimArray, OperandOf(Find(declaration.name)), m_write.ShapeOf(declaration));

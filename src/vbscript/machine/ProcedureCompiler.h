@@ -120,6 +120,7 @@ class ProcedureCompiler {
     Operand ElementPlace(const Expression& target);
     void StoreElement(Operand array, std::span<Argument> subscripts, const Expression& value, bool isSet);
     void CompileCall(const CallStatement& call);
+    void CompileDim(const DimStatement& dim);
     void CompileReDim(const ReDimStatement& redim);
     void CompileErase(const EraseStatement& erase);
     void CompileIf(const IfStatement& branches);

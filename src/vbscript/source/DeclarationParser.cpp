@@ -7,12 +7,6 @@ bool IsProperty(ProcedureKind kind) noexcept {
     return kind >= ProcedureKind::PropertyGet;
 }
 
-Keyword EndWordOf(ProcedureKind kind) noexcept {
-    return kind == ProcedureKind::Sub        ? Keyword::Sub
-           : kind == ProcedureKind::Function ? Keyword::Function
-                                             : Keyword::Property;
-}
-
 std::int32_t EndFailureOf(ProcedureKind kind) noexcept {
     return kind == ProcedureKind::Sub        ? numbers::ExpectedSub
            : kind == ProcedureKind::Function ? numbers::ExpectedFunction
@@ -27,9 +21,8 @@ std::size_t IndexCount(const Procedure& member) noexcept {
 } // namespace
 
 void StatementParser::Declare(NameId name, Place place) {
-    if (std::ranges::find(m_declared, name) != m_declared.end())
+    if (!m_declared.insert(name).second)
         throw CompileFailure(numbers::NameRedefined, place);
-    m_declared.push_back(name);
 }
 
 // The names behind Dim, Public or Private: `a, b(3), c()`.
@@ -93,10 +86,8 @@ bool DeclarationParser::IsPropertyStart() const noexcept {
     return Is(Keyword::Property) && (next == Keyword::Get || next == Keyword::Let || next == Keyword::Set);
 }
 
-bool DeclarationParser::ParseModuleItem() {
-    if (Is(Keyword::Option))
-        Fail(numbers::SyntaxError);
-    if (Is(Keyword::Class)) {
+bool DeclarationParser::ParseModuleItem(bool isTopLevel) {
+    if (Is(Keyword::Class) && isTopLevel) {
         ParseClass();
         EndStatement();
         return true;
@@ -148,7 +139,7 @@ Procedure DeclarationParser::ParseProcedure(const Modifiers& modifiers, bool inC
         (procedure.kind == ProcedureKind::PropertyLet || procedure.kind == ProcedureKind::PropertySet))
         throw CompileFailure(numbers::DefaultNotGet, procedure.place);
 
-    std::vector<NameId> outer = std::exchange(m_declared, {});
+    std::unordered_set<NameId> outer = std::exchange(m_declared, {});
     Scope* const outerScope = std::exchange(m_scope, &procedure);
     const int outerDo = std::exchange(m_doDepth, 0), outerFor = std::exchange(m_forDepth, 0);
     const int outerWith = std::exchange(m_withDepth, 0);
@@ -162,7 +153,7 @@ Procedure DeclarationParser::ParseProcedure(const Modifiers& modifiers, bool inC
     m_forDepth = outerFor;
     m_scope = outerScope;
     m_declared = std::move(outer);
-    if (!inClass && std::ranges::find(m_declared, procedure.name) != m_declared.end())
+    if (!inClass && m_declared.contains(procedure.name))
         throw CompileFailure(numbers::NameRedefined, procedure.place);
     return procedure;
 }
@@ -219,13 +210,16 @@ void DeclarationParser::ParseClass() {
     Skip();
     declaration.name = TakeName();
     Declare(declaration.name, declaration.place);
-    std::vector<NameId> outer = std::exchange(m_declared, {});
+    EndStatement();
+    std::unordered_set<NameId> outer = std::exchange(m_declared, {});
+    m_inClass = true;
     for (;;) {
         SkipSeparators();
         if (Is(Keyword::End) || Is(TokenKind::EndOfText))
             break;
         ParseClassMember(declaration);
     }
+    m_inClass = false;
     Expect(Keyword::End, numbers::ExpectedEnd);
     Expect(Keyword::Class, numbers::ExpectedClass);
     m_declared = std::move(outer);

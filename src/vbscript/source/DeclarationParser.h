@@ -13,7 +13,7 @@ class DeclarationParser : protected StatementParser {
         , m_terminate(names.InternAscii("Class_Terminate")) {}
     ~DeclarationParser() = default;
 
-    bool ParseModuleItem() final;
+    bool ParseModuleItem(bool isTopLevel) final;
 
   private:
     struct Modifiers {

@@ -43,6 +43,14 @@ const OperatorRow* OperatorOf(const Token& token) noexcept {
     return nullptr;
 }
 
+// `(f)(x)` calls f as `f(x)` does.
+Expression* WithoutBrackets(Expression* callee) noexcept {
+    Expression* inner = callee;
+    while (inner->kind == ExpressionKind::Bracket)
+        inner = static_cast<BracketExpression*>(inner)->inner;
+    return inner->kind == ExpressionKind::Name ? inner : callee;
+}
+
 } // namespace
 
 std::uint16_t ExpressionParser::Deeper(std::size_t depth) const {
@@ -85,9 +93,10 @@ Expression* ExpressionParser::ParseUnary(int level) {
     if (Take(Keyword::Not)) {
         node.operation = UnaryOperator::Not;
         node.operand = ParseOperators(std::max(level, NotLevel));
-    } else if (Is(TokenKind::Minus) || Is(TokenKind::Plus)) {
-        node.operation = Is(TokenKind::Minus) ? UnaryOperator::Negate : UnaryOperator::Plus;
-        Skip();
+    } else if (Take(TokenKind::Plus)) {
+        return MakeBracket(ParseOperators(SignLevel), node.place);
+    } else if (Take(TokenKind::Minus)) {
+        node.operation = UnaryOperator::Negate;
         node.operand = ParseOperators(SignLevel);
         if (const LiteralExpression* number = NegatedLiteral(node))
             return const_cast<LiteralExpression*>(number);
@@ -100,7 +109,7 @@ Expression* ExpressionParser::ParseUnary(int level) {
 
 // A number with a minus before it is a literal too; null for anything else.
 const LiteralExpression* ExpressionParser::NegatedLiteral(const UnaryExpression& unary) {
-    if (unary.operation != UnaryOperator::Negate || unary.operand->kind != ExpressionKind::Literal)
+    if (unary.operand->kind != ExpressionKind::Literal)
         return nullptr;
     LiteralExpression literal = static_cast<const LiteralExpression&>(*unary.operand);
     if (literal.literal < LiteralKind::Integer || literal.literal > LiteralKind::Double ||
@@ -118,22 +127,32 @@ Expression* ExpressionParser::ParseOperand() {
         return const_cast<LiteralExpression*>(literal);
     if (Is(Keyword::New))
         return ParseNew();
-    Expression* operand = nullptr;
-    if (Is(TokenKind::OpenBracket)) {
-        BracketExpression node{};
-        node.kind = ExpressionKind::Bracket;
-        node.place = Now().place;
-        Skip();
-        node.inner = ParseExpression();
-        Expect(TokenKind::CloseBracket, numbers::ExpectedCloseBracket);
-        node.depth = Deeper(node.inner->depth);
-        operand = Make(node);
-    } else {
-        operand = ParsePrimary();
-    }
-    while (Expression* longer = ParsePostfix(operand, true))
-        operand = longer;
-    return operand;
+    return ParseChain();
+}
+
+// A name or something in brackets, with the members, elements and calls behind it.
+Expression* ExpressionParser::ParseChain() {
+    Expression* chain = Is(TokenKind::OpenBracket) ? ParseBracketed() : ParsePrimary();
+    while (Expression* longer = ParsePostfix(chain, true))
+        chain = longer;
+    return chain;
+}
+
+Expression* ExpressionParser::ParseBracketed() {
+    const Place place = Now().place;
+    Skip();
+    Expression* inner = ParseExpression();
+    Expect(TokenKind::CloseBracket, numbers::ExpectedCloseBracket);
+    return MakeBracket(inner, place);
+}
+
+Expression* ExpressionParser::MakeBracket(Expression* inner, Place place) {
+    BracketExpression node{};
+    node.kind = ExpressionKind::Bracket;
+    node.place = place;
+    node.depth = Deeper(inner->depth);
+    node.inner = inner;
+    return Make(node);
 }
 
 Expression* ExpressionParser::ParseNew() {
@@ -172,13 +191,11 @@ Expression* ExpressionParser::ParsePrimary() {
         return Make(node);
     }
     if (Is(TokenKind::Dot)) {
-        if (m_withDepth == 0)
-            Fail(numbers::InvalidReference);
         Skip();
         MemberExpression node{};
         node.kind = ExpressionKind::Member;
         node.place = place;
-        node.object = nullptr;
+        node.object = nullptr; // outside a With it is an error when it runs
         node.name = TakeMemberName();
         return Make(node);
     }
@@ -209,7 +226,7 @@ Expression* ExpressionParser::MakeCall(Expression* callee, std::span<Expression*
     CallExpression node{};
     node.kind = ExpressionKind::Call;
     node.place = place;
-    node.callee = callee;
+    node.callee = WithoutBrackets(callee);
     node.arguments = arguments;
     std::size_t depth = callee->depth;
     for (const Expression* argument : arguments)

@@ -11,6 +11,7 @@ class ExpressionParser : protected ParserBase {
     using ParserBase::ParserBase;
 
     Expression* ParseExpression() { return ParseOperators(0); }
+    Expression* ParseChain();
     // What a chain of members and argument lists can begin with.
     Expression* ParsePrimary();
     // One step of what follows a primary: a member or an argument list; null if nothing follows.
@@ -30,6 +31,8 @@ class ExpressionParser : protected ParserBase {
     Expression* ParseOperators(int level);
     Expression* ParseUnary(int level);
     Expression* ParseOperand();
+    Expression* ParseBracketed();
+    Expression* MakeBracket(Expression* inner, Place place);
     const LiteralExpression* NegatedLiteral(const UnaryExpression& unary);
     Expression* ParseNew();
     Expression* Combine(BinaryOperator operation, Expression* left, Expression* right, Place place);

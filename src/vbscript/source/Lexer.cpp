@@ -41,7 +41,12 @@ class Lexer {
         , m_names(names) {}
 
     TokenList Run() {
-        while (Next()) {
+        try {
+            while (Next()) {
+            }
+        } catch (const CompileFailure& failure) {
+            m_list.failure = failure;
+            Add(TokenKind::EndOfText, 0);
         }
         return std::move(m_list);
     }
@@ -177,12 +182,20 @@ class Lexer {
         }
         const std::u16string_view spelling = m_program.substr(m_at, length);
         const double number = NumberOf(spelling);
-        if (IsNamePart(Peek(length)))
+        if (!MayEndNumber(length))
             Fail(numbers::InvalidNumber);
         const TokenKind kind = !whole || number > INT32_MAX ? TokenKind::Double
                                : number > INT16_MAX         ? TokenKind::Long
                                                             : TokenKind::Integer;
         Add(kind, length).number = number;
+    }
+
+    // A word of the language may follow a number without a blank (`If x = 1Then`), a name may not.
+    bool MayEndNumber(std::size_t length) const {
+        std::size_t end = length;
+        while (IsNamePart(Peek(end)))
+            ++end;
+        return end == length || KeywordOf(m_program.substr(m_at + length, end - length)) != Keyword::None;
     }
 
     double NumberOf(std::u16string_view spelling) const {
@@ -207,7 +220,7 @@ class Lexer {
         for (int digit = DigitOf(Peek(length)); digit < static_cast<int>(base);
              digit = DigitOf(Peek(++length)))
             value = std::min<std::uint64_t>(value * base + static_cast<unsigned>(digit), UINT64_C(1) << 40);
-        if (IsNamePart(Peek(length))) {
+        if (!MayEndNumber(length)) {
             if (letter == u'h' || letter == u'o')
                 return false; // a name behind the operator
             Fail(numbers::InvalidNumber);
@@ -220,11 +233,12 @@ class Lexer {
         return true;
     }
 
+    // Without the & behind it a number of 16 bits has its sign in the highest of them.
     void AddBased(std::uint32_t value, bool isLong, std::size_t length) {
-        if (!isLong && value <= UINT16_MAX)
-            Add(TokenKind::Integer, length).number = static_cast<std::int16_t>(value);
-        else
-            Add(TokenKind::Long, length).number = static_cast<std::int32_t>(value);
+        const std::int32_t number = !isLong && value <= UINT16_MAX ? static_cast<std::int16_t>(value)
+                                                                   : static_cast<std::int32_t>(value);
+        const bool isInteger = number >= INT16_MIN && number <= INT16_MAX;
+        Add(isInteger ? TokenKind::Integer : TokenKind::Long, length).number = number;
     }
 
     void ReadString() {

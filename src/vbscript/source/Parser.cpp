@@ -18,19 +18,33 @@ class ProgramParser final : public DeclarationParser {
         m_program.end = Now().place;
     }
 
+    // A text without an expression is Empty.
     void ParseSingleExpression() {
         AssignStatement node{};
         node.kind = StatementKind::Assign;
+        SkipLineEnds();
         node.place = Now().place;
-        SkipSeparators();
-        node.value = ParseExpression();
-        SkipSeparators();
+        node.value = Is(TokenKind::EndOfText) ? MakeEmpty() : ParseExpression();
+        SkipLineEnds();
         if (!Is(TokenKind::EndOfText))
             Fail(numbers::ExpectedEndOfStatement);
         m_program.body = Keep(std::vector<Statement*>{Make(node)});
     }
 
   private:
+    void SkipLineEnds() {
+        while (Take(TokenKind::NewLine)) {
+        }
+    }
+
+    Expression* MakeEmpty() {
+        LiteralExpression node{};
+        node.kind = ExpressionKind::Literal;
+        node.place = Now().place;
+        node.literal = LiteralKind::Empty;
+        return Make(node);
+    }
+
     void ParseOption() {
         SkipSeparators();
         if (!Take(Keyword::Option))
@@ -41,16 +55,27 @@ class ProgramParser final : public DeclarationParser {
     }
 };
 
+bool IsBefore(Place left, Place right) noexcept {
+    return left.line < right.line || (left.line == right.line && left.column < right.column);
+}
+
 } // namespace
 
 std::unique_ptr<Program> Parse(std::u16string_view text, Names& names, ProgramKind kind) {
     auto program = std::make_unique<Program>();
     const TokenList tokens = Tokenize(text, names);
     ProgramParser parser(tokens, *program, names);
-    if (kind == ProgramKind::Expression)
-        parser.ParseSingleExpression();
-    else
-        parser.ParseModule();
+    try {
+        if (kind == ProgramKind::Expression)
+            parser.ParseSingleExpression();
+        else
+            parser.ParseModule();
+    } catch (const CompileFailure& failure) {
+        if (!tokens.failure || IsBefore(failure.place(), tokens.failure->place()))
+            throw;
+    }
+    if (tokens.failure) // the parser got no farther than the word that cannot be read
+        throw CompileFailure(*tokens.failure);
     return program;
 }
 

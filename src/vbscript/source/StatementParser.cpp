@@ -4,6 +4,12 @@
 
 namespace quillon::vbscript {
 
+Keyword StatementParser::EndWordOf(ProcedureKind kind) noexcept {
+    return kind == ProcedureKind::Sub        ? Keyword::Sub
+           : kind == ProcedureKind::Function ? Keyword::Function
+                                             : Keyword::Property;
+}
+
 void StatementParser::SkipSeparators() {
     while (Is(TokenKind::NewLine) || Is(TokenKind::Colon))
         Skip();
@@ -12,8 +18,12 @@ void StatementParser::SkipSeparators() {
 void StatementParser::EndStatement() {
     if (IsStatementEnd())
         return;
-    if (m_singleLine && (Is(Keyword::Else) || (Is(Keyword::End) && Ahead().keyword == Keyword::If)))
+    const bool isEnd = Is(Keyword::End);
+    if (m_singleLine && (Is(Keyword::Else) || (isEnd && Ahead().keyword == Keyword::If)))
         return;
+    const Keyword ended = m_inProcedure ? EndWordOf(m_procedureKind) : Keyword::Class;
+    if ((m_inProcedure || m_inClass) && isEnd && Ahead().keyword == ended)
+        return; // `Sub s() x = 1 End Sub`
     Fail(numbers::ExpectedEndOfStatement);
 }
 
@@ -41,7 +51,7 @@ Block StatementParser::ParseBlock(BlockEnd end) {
         SkipSeparators();
         if (Is(TokenKind::EndOfText) || AtBlockEnd(end))
             break;
-        if (end == BlockEnd::Text && ParseModuleItem())
+        if (!m_inProcedure && ParseModuleItem(end == BlockEnd::Text))
             continue;
         if (Statement* statement = ParseStatement())
             statements.push_back(statement);
@@ -65,10 +75,7 @@ Statement* StatementParser::ParseStatement() {
 Statement* StatementParser::ParseKeywordStatement() {
     Statement* statement = nullptr;
     switch (Now().keyword) {
-    case Keyword::Dim:
-        Skip();
-        ParseDim(m_scope->variables, true);
-        break;
+    case Keyword::Dim: statement = ParseDimStatement(); break;
     case Keyword::Const: ParseConst(); break;
     case Keyword::Call: statement = ParseCall(); break;
     case Keyword::Set: statement = ParseSet(); break;
@@ -160,12 +167,25 @@ Statement* StatementParser::FinishAssign(Expression* target, bool isSet, Place p
     return Make(node);
 }
 
+Statement* StatementParser::ParseDimStatement() {
+    auto node = Begin<DimStatement>(StatementKind::Dim);
+    Skip();
+    std::vector<Declaration> arrays, variables;
+    ParseDim(variables, true);
+    for (Declaration& variable : variables) {
+        variable.isStatement = true;
+        if (variable.isArray)
+            arrays.push_back(variable);
+        m_scope->variables.push_back(variable);
+    }
+    node.arrays = Keep(arrays);
+    return arrays.empty() ? nullptr : Make(node);
+}
+
 Statement* StatementParser::ParseCall() {
     const Place place = Now().place;
     Skip();
-    Expression* callee = ParsePrimary();
-    while (Expression* longer = ParsePostfix(callee, true))
-        callee = longer;
+    Expression* callee = ParseChain();
     if (callee->kind != ExpressionKind::Call)
         return FinishCall(callee, {}, place);
     const auto* call = static_cast<const CallExpression*>(callee);
@@ -233,10 +253,7 @@ Statement* StatementParser::ParseExit() {
     case Keyword::Function:
     case Keyword::Property: {
         node.exit = ExitKind::Procedure;
-        const Keyword own = m_procedureKind == ProcedureKind::Sub        ? Keyword::Sub
-                            : m_procedureKind == ProcedureKind::Function ? Keyword::Function
-                                                                         : Keyword::Property;
-        fits = m_inProcedure && Is(own);
+        fits = m_inProcedure && Is(EndWordOf(m_procedureKind));
         break;
     }
     default: break;

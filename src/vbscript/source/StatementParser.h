@@ -1,6 +1,7 @@
 // Reads statements and blocks of them.
 #pragma once
 
+#include <unordered_set>
 #include <utility>
 
 #include "vbscript/source/ExpressionParser.h"
@@ -14,6 +15,9 @@ class StatementParser : protected ExpressionParser {
     // What may end a block; the word itself stays.
     enum class BlockEnd { Text, Procedure, If, Case, Loop, Next, Wend, With };
 
+    // The word behind End, and behind Exit.
+    static Keyword EndWordOf(ProcedureKind kind) noexcept;
+
     Block ParseBlock(BlockEnd end);
     // Ends of lines, and the rest of the line behind a statement.
     void SkipSeparators();
@@ -23,15 +27,17 @@ class StatementParser : protected ExpressionParser {
     void ParseDim(std::vector<Declaration>& into, bool isPublic);
     void ParseConst();
     void Declare(NameId name, Place place); // raises 1041 for a second declaration in the scope
-    // Declarations that a module's level allows: procedures, classes, Public, Private; false if none is here.
-    virtual bool ParseModuleItem() { return false; }
+    // Declarations outside procedures: procedures, Public, Private, and classes where `isTopLevel`, not
+    // within a block; false if none is here.
+    virtual bool ParseModuleItem(bool isTopLevel) = 0;
 
     ~StatementParser() = default;
 
     int m_doDepth = 0;
     int m_forDepth = 0;
-    std::vector<NameId> m_declared; // in the scope, for 1041
+    std::unordered_set<NameId> m_declared; // in the scope, for 1041
     bool m_inProcedure = false;
+    bool m_inClass = false;
     ProcedureKind m_procedureKind = ProcedureKind::Sub;
     bool m_singleLine = false;
 
@@ -42,6 +48,7 @@ class StatementParser : protected ExpressionParser {
     Statement* ParseNameStatement();
     Statement* FinishCall(Expression* callee, std::span<Expression* const> arguments, Place place);
     Statement* FinishAssign(Expression* target, bool isSet, Place place);
+    Statement* ParseDimStatement();
     Statement* ParseCall();
     Statement* ParseSet();
     Statement* ParseReDim();

@@ -32,7 +32,7 @@ enum class LiteralKind : std::uint8_t {
     Date,
 };
 
-enum class UnaryOperator : std::uint8_t { Negate, Plus, Not };
+enum class UnaryOperator : std::uint8_t { Negate, Not };
 
 enum class BinaryOperator : std::uint8_t {
     Power,
@@ -91,7 +91,7 @@ struct BinaryExpression : Expression {
 struct NewExpression : Expression {
     NameId name;
 };
-struct BracketExpression : Expression {
+struct BracketExpression : Expression { // brackets, or a plus sign, which does nothing either
     Expression* inner;
 };
 
@@ -100,6 +100,7 @@ struct BracketExpression : Expression {
 enum class StatementKind : std::uint8_t {
     Assign,
     Call,
+    Dim,
     ReDim,
     Erase,
     If,
@@ -200,6 +201,10 @@ struct Declaration {
     bool isPublic;                        // of a class
     std::span<const std::int32_t> bounds; // none: an array without a size
     Place place;
+    bool isStatement = false; // made by a DimStatement, not where the scope begins
+};
+struct DimStatement : Statement { // the arrays of a Dim: until it runs, their variables are Empty
+    std::span<const Declaration> arrays;
 };
 struct ConstantDeclaration {
     NameId name;

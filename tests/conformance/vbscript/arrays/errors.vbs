@@ -7,6 +7,7 @@ fixed(3) = 1 : Say Err.Number : Err.Clear '= 9
 x = UBound(dyn) : Say Err.Number : Err.Clear '= 9
 dyn(0) = 1 : Say Err.Number : Err.Clear '= 9
 ReDim fixed(5) : Say Err.Number : Err.Clear '= 10
+ReDim fixed("abc") : Say Err.Number : Err.Clear '= 10
 ReDim Preserve fixed(5) : Say Err.Number : Err.Clear '= 10
 ReDim x(1, 1) : ReDim Preserve x(2, 1) : Say Err.Number : Err.Clear '= 9
 x = 5

@@ -39,6 +39,7 @@ End Class
 Set o = New Holder
 Say o.Sees '= 27
 On Error Resume Next
+Say TypeName(Eval("")), Eval(vbLf & "1 + 1" & vbLf) '= Empty 2
 Execute "x = = 1"
 Say Err.Number '= 1023
 Err.Clear

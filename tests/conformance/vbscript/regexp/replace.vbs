@@ -15,3 +15,5 @@ r.Pattern = "x*"
 Say r.Replace("axb", "-") '= -a--b-
 r.Pattern = "nowhere"
 Say r.Replace("abc", "x") '= abc
+r.Pattern = "b"
+Say r.Replace("abc", True) '= a-1c

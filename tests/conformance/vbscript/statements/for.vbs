@@ -29,3 +29,19 @@ Say i '= 5
 For i = 32766 To 32768
 Next
 Say i, TypeName(i) '= 32769 Long
+Dim first
+first = 2
+For i = first To first + 1
+  Say i '= 2 | 3
+Next
+For i = Array(5)(0) To Len("123456")
+  Say i '= 5 | 6
+Next
+Function Between(from, limit, pace)
+  For i = from To limit Step pace
+    Between = Between & i & " "
+  Next
+End Function
+Say Between(1, 2, 1) '= "1 2 "
+Say Between("1", "2", "0.5") '= "1 1.5 2 "
+Say Between(3, 1, True) '= "3 2 1 "

@@ -25,5 +25,16 @@ For Each x In d
   d(1) = 7
   Say x '= 1 | 7
 Next
+For Each x In Array(1) : Next
+Say TypeName(x) '= Empty
+For Each x In Host.Items : Next
+Say TypeName(x) '= Empty
+On Error Resume Next
+x = 6
+For Each x In 1 / 0
+  Say Err.Number, x '= 11 6
+Next
+Say Err.Number '= 451
+On Error GoTo 0
 For Each x In 5 '! 451
 Next

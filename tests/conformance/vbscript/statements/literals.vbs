@@ -2,6 +2,7 @@ Say 10, -5, 1.5, .5, 1e3, 1E-2 '= 10 -5 1.5 0.5 1000 0.01
 Say &HFF, &HFFFF, &HFFFF&, &H10000, &O17, &17 '= 255 -1 65535 65536 15 15
 Say TypeName(1), TypeName(32767), TypeName(32768), TypeName(2147483648) '= Integer Integer Long Double
 Say TypeName(-32768), TypeName(&H8000), TypeName(&H8000&) '= Long Integer Long
+Say TypeName(&H10&), TypeName(&HFFFFFFFF&), TypeName(&H10000) '= Integer Integer Long
 Say TypeName(1.5), TypeName(#1/2/2003#), TypeName("a"), TypeName(True) '= Double Date String Boolean
 Say TypeName(Empty), TypeName(Null), TypeName(Nothing) '= Empty Null Nothing
 Say "say ""hi""" '= say "hi"

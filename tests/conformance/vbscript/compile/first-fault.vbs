@@ -1,0 +1,2 @@
+x = = 2 '! 1023
+y = "never closed
