@@ -23,6 +23,10 @@ class AuditObj : public ModelObject {
     void SetCancelled(bool value) { m_cancelled = value; }
     void Cancel() { m_cancelled = true; }
 
+    // The ticks stored for the database have been added, or these have been stored.
+    bool HasStoredSelection() const noexcept { return m_hasStoredSelection; }
+    void SetHasStoredSelection() { m_hasStoredSelection = true; }
+
     // Made with the root, never nothing.
     const std::shared_ptr<mdDatabase>& Database() const noexcept { return m_database; }
     const std::shared_ptr<mdIncludes>& Includes() const noexcept { return m_includes; }
@@ -52,6 +56,7 @@ class AuditObj : public ModelObject {
     std::string m_legal;
     std::string m_author;
     bool m_cancelled = false;
+    bool m_hasStoredSelection = false;
 };
 
 // g_objAudit; raises 91 while there is none, as between a login and the next pick of a database.

@@ -41,17 +41,21 @@ void OpenRoads() {
     OpenTriggerRoads();
 }
 
-// A user without the default profile gets the one that came with the program; one that is there is the user's own.
+// A user without the default profile gets the one that came with the program; one that is there is the user's
+// own.
 void ProvideDefaultProfile(Files& files) {
-    const std::string own = files.ApplicationFolder() + "\\" + settings::DefaultArch.Default;
-    if (files.Exists(own))
-        return;
-    const std::string folder = adapters::FromNative(adapters::ExecutableFolder());
-    for (const char* place : {"\\", "\\..\\share\\quillon\\"})
-        if (const std::string shipped = folder + place + settings::DefaultArch.Default; files.Exists(shipped)) {
-            files.Replace(own, files.ReadAll(shipped));
+    g_objTrace->Procedure("Program.ProvideDefaultProfile", [&] {
+        const std::string own = files.ApplicationFolder() + "\\" + settings::DefaultArch.Default;
+        if (files.Exists(own))
             return;
-        }
+        const std::string folder = adapters::FromNative(adapters::ExecutableFolder());
+        for (const char* place : {"\\", "\\..\\share\\quillon\\"})
+            if (const std::string shipped = folder + place + settings::DefaultArch.Default;
+                files.Exists(shipped)) {
+                files.Replace(own, files.ReadAll(shipped));
+                return;
+            }
+    });
 }
 
 template <class... Screens>
@@ -82,10 +86,7 @@ Program::~Program() {
     ForgetScreens<frmTemplate, frmIncludes, frmInstall, frmResults, frmScriptResults, frmDDL, frmOptions,
                   frmTip, frmAbout, frmODBCLogon, frmMain>();
     settings::ForgetProcessValues();
-    g_objArch.reset();
-    g_objAudit.reset();
-    g_objConnection.reset();
-    g_objSQLServer.reset();
+    EndSession();
     g_objTrace.reset();
 }
 

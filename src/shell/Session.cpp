@@ -28,4 +28,16 @@ data::Connection& SessionConnection() {
     return *g_objConnection;
 }
 
+void EndSession() {
+    g_objArch.reset();
+    g_objAudit.reset();
+    g_objUndoConnection.reset();
+    g_objConnection.reset();
+    g_objSQLServer.reset();
+    g_objSQLDMOApp.reset();
+    g_strExceptionFile = g_strServer = g_strUser = g_strPassword = g_strDatabase = {};
+    g_strArchFile = g_strOutputFile = {};
+    g_bolConnected = g_bolStop = g_bolJScript = false;
+}
+
 } // namespace quillon

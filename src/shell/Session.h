@@ -69,4 +69,7 @@ extern bool g_bolJScript;
 // g_objConnection, created if this is its first use.
 data::Connection& SessionConnection();
 
+// Every variable back to what it is before the start. Connections go while what carries them is still there.
+void EndSession();
+
 } // namespace quillon

@@ -68,7 +68,7 @@ struct SessionRoads {
     Road<void(bool force)> RegisterLanguages{"basLanguages.RegisterLanguages"};
 
     // --- shell/ ---
-    // The selection of the current database, to and from its files.
+    // The selection of the current database, to its files as it is left, and from them.
     Road<void()> SaveProfile{"basProfile.SaveProfile"};
     Road<void()> RetrieveProfile{"basProfile.RetrieveProfile"};
     // The columns of the three grids, with their reading and editing.

@@ -19,7 +19,8 @@ std::map<std::string, std::string>& ProcessValues() {
 }
 
 std::string Lowered(std::string key) {
-    std::ranges::transform(key, key.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    std::ranges::transform(key, key.begin(),
+                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     return key;
 }
 

@@ -10,7 +10,7 @@ namespace quillon {
 
 void OpenShellRoads() {
     SessionRoads& roads = TheRoads();
-    roads.SaveProfile = basProfile::SaveProfile;
+    roads.SaveProfile = basProfile::SaveOnLeaving;
     roads.RetrieveProfile = [] { basProfile::RetrieveProfile(); };
     roads.Load_GridExColumns = [](frmMain& main) { main.Load_GridExColumns(); };
     roads.ShowTip = [] { TheScreen<frmTip>().ShowModal(); };

@@ -116,12 +116,18 @@ void SaveProfile() {
         Files& files = ThePlatform().files();
         files.Replace(PathOf(FieldFile), selection.fields);
         files.Replace(PathOf(AuditFile), selection.operations);
+        g_objAudit->SetHasStoredSelection();
         g_objTrace->SetNote("");
         if (!selection.unfit.empty())
             throw Failure(numbers::InvalidCall, "A name with a double quote cannot be kept in the selection "
                                                 "files.  All ticks are saved but those of:" +
                                                     selection.unfit);
     });
+}
+
+void SaveOnLeaving() {
+    if (g_objAudit && g_objAudit->HasStoredSelection())
+        SaveProfile();
 }
 
 bool RetrieveProfile() {
@@ -136,6 +142,7 @@ bool RetrieveProfile() {
             table.SetAudit4Update(IsOne(record[2]));
             table.SetAudit4Delete(IsOne(record[3]));
         });
+        TheModel().SetHasStoredSelection();
         TheScreen<frmMain>().grxFields.Refetch();
         TheScreen<frmMain>().grxTables.Refetch();
         return true;

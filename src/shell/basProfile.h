@@ -12,6 +12,10 @@ namespace quillon::basProfile {
 // name no file can bear; existing files are then left alone.
 void SaveProfile();
 
+// The same when the database is left, but nothing for a model that never got its stored ticks because its
+// load was stopped or failed: saving it would wipe them.
+void SaveOnLeaving();
+
 // Adds the stored ticks to those of the model and sets the stored operations. What is stored about tables and
 // columns that are gone is passed over. The result is true unless it failed.
 bool RetrieveProfile();

@@ -174,6 +174,14 @@ TEST_F(MainJob, TheSelectionComesBackWithTheDatabase) {
     EXPECT_TRUE(country->Audit4Insert() && country->Audit4Delete() && !country->Audit4Update());
     EXPECT_TRUE(country->IsSelectedForAudit());
     EXPECT_EQ(home.folder.Read("app/Sales_AuditSel.apr"), "\"dbo.Country\",1,0,1\r\n");
+
+    Pick("master");
+    frontEnd.OnDoEvents = [this] { Main().Menus.mnuStop.Click(); };
+    Pick(); // stopped: no tables, no ticks
+    EXPECT_EQ(Main().grxTables.ItemCount(), 0);
+    frontEnd.OnDoEvents = {};
+    Pick();
+    EXPECT_TRUE(g_objAudit->Database()->Tables()->Named("dbo.Country")->IsSelectedForAudit());
 }
 
 } // namespace

@@ -19,8 +19,6 @@ class FilledSession : public SessionTest {
         Main().Load_GridExColumns();
         Show();
     }
-    ~FilledSession() override { g_bolConnected = false; }
-
     FakeDatabase& sales{catalogue.Server().AddDatabase("Sales")};
 
     // As the end of a pick leaves the screen.

@@ -56,6 +56,21 @@ TEST_F(SelectionFilesTest, NothingIsSavedWithoutAConnectionOrAModel) {
     EXPECT_TRUE(Files().empty());
 }
 
+// A load that was stopped or failed has no ticks; leaving it must not wipe those of last time.
+TEST_F(SelectionFilesTest, AModelThatNeverGotItsTicksIsNotSavedAsItIsLeft) {
+    Files()[Fields] = "old fields";
+    basProfile::SaveOnLeaving();
+    EXPECT_EQ(Files()[Fields], "old fields");
+    plan.FailAt("Files.ReadAll", 1, Failure(numbers::PermissionDenied));
+    frontEnd.ExpectFailure("Permission denied");
+    basProfile::RetrieveProfile();
+    basProfile::SaveOnLeaving();
+    EXPECT_EQ(Files()[Fields], "old fields");
+    basProfile::RetrieveProfile();
+    basProfile::SaveOnLeaving();
+    EXPECT_EQ(Files()[Fields], "");
+}
+
 TEST_F(SelectionFilesTest, ReadingMergesColumnsAndReplacesTheOperationsOfItsTables) {
     Field("dbo.Order", "id").SetIsChecked(true);
     Table("dbo.Order").SetAudit4Delete(true);

@@ -84,18 +84,7 @@ struct DoubledPlatform {
 // Every session variable back to what it is before the start.
 inline void ForgetSession() {
     g_objTrace.reset();
-    g_strExceptionFile.clear();
-    g_objSQLDMOApp.reset();
-    g_objSQLServer.reset();
-    g_strServer = g_strUser = g_strPassword = g_strDatabase = {};
-    g_objConnection.reset();
-    g_bolConnected = false;
-    g_objUndoConnection.reset();
-    g_objAudit.reset();
-    g_objArch.reset();
-    g_strArchFile.clear();
-    g_strOutputFile.clear();
-    g_bolStop = g_bolJScript = false;
+    EndSession();
     ForgetScreen<frmMain>();
     TheRoads() = SessionRoads();
 }
