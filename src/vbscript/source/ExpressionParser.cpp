@@ -43,15 +43,14 @@ const OperatorRow* OperatorOf(const Token& token) noexcept {
     return nullptr;
 }
 
-// `(f)(x)` calls f as `f(x)` does.
-Expression* WithoutBrackets(Expression* callee) noexcept {
+} // namespace
+
+Expression* ExpressionParser::WithoutBrackets(Expression* callee) noexcept {
     Expression* inner = callee;
     while (inner->kind == ExpressionKind::Bracket)
         inner = static_cast<BracketExpression*>(inner)->inner;
     return inner->kind == ExpressionKind::Name ? inner : callee;
 }
-
-} // namespace
 
 std::uint16_t ExpressionParser::Deeper(std::size_t depth) const {
     if (depth >= DeepestExpression)

@@ -18,6 +18,8 @@ class ExpressionParser : protected ParserBase {
     Expression* ParsePostfix(Expression* primary, bool dotAfterBlank);
     // The arguments up to the end of the statement, or up to `)` after one.
     std::span<Expression* const> ParseArguments(bool bracketed);
+    // `(f)(x)` calls f as `f(x)` does.
+    static Expression* WithoutBrackets(Expression* callee) noexcept;
     Expression* MakeCall(Expression* callee, std::span<Expression* const> arguments, Place place);
     Expression* MakeName(NameId name, Place place);
     const LiteralExpression* ParseLiteral(); // null if the word here is none

@@ -187,7 +187,7 @@ Statement* StatementParser::ParseCall() {
     Skip();
     Expression* callee = ParseChain();
     if (callee->kind != ExpressionKind::Call)
-        return FinishCall(callee, {}, place);
+        return FinishCall(WithoutBrackets(callee), {}, place);
     const auto* call = static_cast<const CallExpression*>(callee);
     return FinishCall(call->callee, call->arguments, place);
 }
