@@ -118,7 +118,7 @@ void clsExecuteSQLScript::AddRows(data::Recordset& results) {
     for (; !results.Eof(); results.MoveNext(), ++count) {
         std::string line;
         for (std::size_t field = 0; field < results.FieldCount(); ++field) {
-            const Value value = results.FieldAt(field).Value;
+            const Value& value = results.FieldAt(field).Value;
             line += FixedWidth(value.IsNull() ? "NULL" : conversion::ToText(value)) + " ";
         }
         m_results.push_back(std::move(line));

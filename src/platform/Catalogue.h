@@ -85,8 +85,8 @@ class Database {
     virtual std::string Owner() const = 0;
     virtual bool SystemObject() const = 0;
     virtual std::size_t TableCount() = 0;
-    // From 0, in the catalogue's order. Who walks the tables wants what is in them: what can be loaded for all
-    // at once is loaded here, so that it fails once and not at every table.
+    // From 0, in the catalogue's order. Who walks the tables wants what is in them: what can be loaded for
+    // all at once is loaded here, so that it fails once and not at every table.
     virtual Table& TableAt(std::size_t index) = 0;
     // "owner.name" or a bare name, without regard to case.
     virtual Table& TableNamed(const std::string& qualifiedName) = 0;

@@ -36,9 +36,10 @@ struct Error {
     std::string SqlState;
 };
 
+// A field of a recordset's current row, seen in place: good until the recordset moves or closes.
 struct Field {
-    std::string Name;
-    quillon::Value Value; // of the current row
+    const std::string& Name;
+    const quillon::Value& Value; // Empty where there is no row
 };
 
 struct Parameter {

@@ -74,10 +74,8 @@ data::Field FakeRecordset::FieldAt(std::size_t index) const {
     RequireOpen();
     if (index >= Current().Columns.size())
         throw Failure(numbers::ItemNotFound);
-    data::Field field{Current().Columns[index], {}};
-    if (!Eof())
-        field.Value = Current().Rows[m_row].at(index);
-    return field;
+    static const Value none;
+    return {Current().Columns[index], Eof() ? none : Current().Rows[m_row].at(index)};
 }
 
 data::Field FakeRecordset::FieldNamed(const std::string& name) const {

@@ -23,26 +23,33 @@ DateValue DateOf(const SQL_TIMESTAMP_STRUCT& moment) {
     const auto whole =
         conversion::DateOf(moment.year, moment.month, moment.day, moment.hour, moment.minute, moment.second);
     // A fraction of a second has no place in the date's text, but it counts when dates are compared.
-    const double seconds = moment.fraction / 1e9;
-    return {whole.days + std::copysign(seconds / 86400, whole.days)};
+    constexpr double nanosecondsOfDay = 86400e9;
+    return {whole.days + std::copysign(moment.fraction / nanosecondsOfDay, whole.days)};
 }
 
 // "12.300" as "12.3", "5.00" as "5", ".5" as "0.5".
-std::string WithoutTrailingZeros(std::string_view digits) {
-    if (digits.find('.') == digits.npos)
-        return std::string(digits);
-    while (digits.ends_with('0'))
-        digits.remove_suffix(1);
-    if (digits.ends_with('.'))
-        digits.remove_suffix(1);
-    std::string plain;
+void SetDigits(std::string_view digits, std::string& plain) {
+    if (digits.find('.') != digits.npos) {
+        digits.remove_suffix(digits.size() - digits.find_last_not_of('0') - 1);
+        if (digits.ends_with('.'))
+            digits.remove_suffix(1);
+    }
+    plain.clear();
     if (digits.starts_with('-')) {
         plain = '-';
         digits.remove_prefix(1);
     }
     if (digits.empty() || digits.front() == '.')
         plain += '0';
-    return plain.append(digits);
+    plain.append(digits);
+}
+
+// A value of this sub-type in place: the former row's, with its memory, if it was one.
+template <class T>
+T& InPlace(Value& value) {
+    if (!value.Is<T>())
+        value = Value(T());
+    return const_cast<T&>(value.As<T>()); // the value around it is ours to change
 }
 
 std::string Uppered(std::string digits) {
@@ -51,7 +58,7 @@ std::string Uppered(std::string digits) {
     return digits;
 }
 
-CurrencyValue CurrencyOf(const std::string& digits) {
+CurrencyValue CurrencyOf(std::string_view digits) {
     const bool negative = digits.starts_with('-');
     std::int64_t whole = 0;
     int decimals = -1;
@@ -155,41 +162,47 @@ std::string Columns::ReadLong(Column& column, SQLUSMALLINT number, bool& isNull)
     }
 }
 
-Value Columns::ValueOf(Column& column, SQLUSMALLINT number) {
-    std::string text;
-    if (!column.isBound) {
-        bool isNull = false;
-        text = ReadLong(column, number, isNull);
-        if (isNull)
-            return NullValue{};
-    } else if (column.length == SQL_NULL_DATA) {
-        return NullValue{};
-    } else if (column.cType == SQL_C_CHAR) {
-        text.assign(column.buffer.data(),
-                    std::min(static_cast<std::size_t>(column.length), column.buffer.size() - 1));
-    }
+void Columns::SetText(Column& column, std::string_view text, Value& value) {
     switch (column.form) {
-    case Form::Long: return Value(std::int32_t{As<SQLINTEGER>(column.buffer)});
-    case Form::Integer: return Value(std::int16_t{As<SQLSMALLINT>(column.buffer)});
-    case Form::Byte: return Value(std::uint8_t{As<SQLCHAR>(column.buffer)});
-    case Form::Boolean: return Value(As<SQLCHAR>(column.buffer) != 0);
-    case Form::Double: return Value(As<double>(column.buffer));
-    case Form::Single: return Value(As<float>(column.buffer));
-    case Form::Currency: return Value(CurrencyOf(text));
-    case Form::Date: return Value(DateOf(As<SQL_TIMESTAMP_STRUCT>(column.buffer)));
-    case Form::Digits: return Value(DecimalValue{WithoutTrailingZeros(text)});
-    case Form::Guid: return Value("{" + text + "}");
-    case Form::Binary: return Value("0x" + Uppered(std::move(text)));
-    case Form::Text: break;
+    case Form::Currency: value = Value(CurrencyOf(text)); return;
+    case Form::Digits: SetDigits(text, InPlace<DecimalValue>(value).digits); return;
+    case Form::Guid: value = Value("{" + std::string(text) + "}"); return;
+    case Form::Binary: value = Value("0x" + Uppered(std::string(text))); return;
+    default: InPlace<std::string>(value).assign(text);
     }
-    return Value(std::move(text));
+}
+
+void Columns::SetBound(Column& column, Value& value) {
+    switch (column.form) {
+    case Form::Long: value = Value(std::int32_t{As<SQLINTEGER>(column.buffer)}); return;
+    case Form::Integer: value = Value(std::int16_t{As<SQLSMALLINT>(column.buffer)}); return;
+    case Form::Byte: value = Value(std::uint8_t{As<SQLCHAR>(column.buffer)}); return;
+    case Form::Boolean: value = Value(As<SQLCHAR>(column.buffer) != 0); return;
+    case Form::Double: value = Value(As<double>(column.buffer)); return;
+    case Form::Single: value = Value(As<float>(column.buffer)); return;
+    case Form::Date: value = Value(DateOf(As<SQL_TIMESTAMP_STRUCT>(column.buffer))); return;
+    default: break;
+    }
+    const auto length = std::min(static_cast<std::size_t>(column.length), column.buffer.size() - 1);
+    SetText(column, {column.buffer.data(), length}, value);
 }
 
 void Columns::ReadRow(std::vector<Value>& values) {
-    values.clear();
-    values.reserve(m_columns.size());
-    for (std::size_t index = 0; index < m_columns.size(); ++index)
-        values.push_back(ValueOf(m_columns[index], static_cast<SQLUSMALLINT>(index + 1)));
+    values.resize(m_columns.size());
+    for (std::size_t index = 0; index < m_columns.size(); ++index) {
+        Column& column = m_columns[index];
+        if (!column.isBound) {
+            bool isNull = false;
+            const std::string text = ReadLong(column, static_cast<SQLUSMALLINT>(index + 1), isNull);
+            column.length = isNull ? SQL_NULL_DATA : 0;
+            if (!isNull)
+                SetText(column, text, values[index]);
+        } else if (column.length != SQL_NULL_DATA) {
+            SetBound(column, values[index]);
+        }
+        if (column.length == SQL_NULL_DATA)
+            values[index] = NullValue{};
+    }
 }
 
 } // namespace quillon::adapters

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "adapters/odbc/Handles.h"
@@ -54,7 +55,8 @@ class Columns {
     };
 
     void Describe(Column& column, SQLUSMALLINT number);
-    Value ValueOf(Column& column, SQLUSMALLINT number);
+    static void SetText(Column& column, std::string_view text, Value& value);
+    static void SetBound(Column& column, Value& value);
     // A value of any length, read piece by piece.
     std::string ReadLong(Column& column, SQLUSMALLINT number, bool& isNull);
 

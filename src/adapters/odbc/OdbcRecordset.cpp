@@ -9,6 +9,7 @@ namespace quillon::adapters {
 namespace {
 
 constexpr int CommandTimeout = 30; // seconds, the data access library's default
+const Value NoValue;
 
 } // namespace
 
@@ -58,10 +59,8 @@ void OdbcRecordset::RequireFirstRow() {
     }
 }
 
-void OdbcRecordset::RequireRow() const {
+void OdbcRecordset::Look() const {
     RequireOpen();
-    if (m_isStarted)
-        return;
     auto& self = const_cast<OdbcRecordset&>(*this); // what is read late counts as read
     self.m_isStarted = true;
     self.ReadRow();
@@ -136,7 +135,7 @@ data::Field OdbcRecordset::FieldAt(std::size_t index) const {
     if (m_open)
         RequireRow();
     // Names can be had without a row, values cannot.
-    return {m_names[index], m_open && !m_eof ? m_row[index] : Value()};
+    return {m_names[index], m_open && !m_eof ? m_row[index] : NoValue};
 }
 
 data::Field OdbcRecordset::FieldNamed(const std::string& name) const {

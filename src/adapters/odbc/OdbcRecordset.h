@@ -40,7 +40,11 @@ class OdbcRecordset : public data::Recordset {
     void ReadRow();
     // Stands on the first row, as an open recordset is seen to do. Read at the first look, so that a row that
     // cannot be had is a failure of the look and not of the step that came to this result.
-    void RequireRow() const;
+    void RequireRow() const {
+        if (!m_open || !m_isStarted)
+            Look();
+    }
+    void Look() const;
     // For Open, which leaves the recordset closed when it fails.
     void RequireFirstRow();
 

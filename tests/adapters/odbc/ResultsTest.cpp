@@ -113,6 +113,43 @@ TEST_F(ScriptRunTest, ABatchThatFailsFirstLeavesTheNextOne) {
               (Lines{"Server: Msg 102", "Incorrect syntax near 'x\n'.", "n", "7", "(1 row(s) affected)"}));
 }
 
+// The driver hands errors over first; the log has them where the server put them.
+TEST_F(ScriptRunTest, MessagesOfOneAnswerStandInServerOrder) {
+    const auto say = [](ResultSink& sink, std::int32_t number, const char* text, int line) {
+        auto message = wire::Message(number, number == 0 || number == 3621 ? 0 : 16, text);
+        message.line = line;
+        sink.Message(message);
+    };
+    const auto end = [](ResultSink& sink) {
+        sink.Done({practice::EndScope::Batch, practice::StatementKind::Other, std::nullopt, true});
+    };
+    answers["last"] = [&](ResultSink& sink) {
+        for (const char* text : {"a", "b", "c"})
+            say(sink, 0, text, 1);
+        say(sink, 266, "count", 0);
+        end(sink);
+    };
+    EXPECT_EQ(Run("last"), (Lines{"a", "b", "c", "Server: Msg 266", "count"}));
+    answers["terminated"] = [&](ResultSink& sink) {
+        say(sink, 0, "a", 1);
+        say(sink, 0, "b", 1);
+        say(sink, 2627, "twice", 1);
+        say(sink, 3621, "ended", 1);
+        end(sink);
+    };
+    EXPECT_EQ(Run("terminated"), (Lines{"a", "b", "Server: Msg 2627", "twice", "Server: Msg 3621", "ended"}));
+    answers["among"] = [&](ResultSink& sink) {
+        say(sink, 0, "a", 1);
+        say(sink, 8134, "x", 2);
+        say(sink, 0, "b", 3);
+        say(sink, 0, "c", 4);
+        say(sink, 8134, "y", 5);
+        say(sink, 0, "d", 6);
+        end(sink);
+    };
+    EXPECT_EQ(Run("among"), (Lines{"a", "Server: Msg 8134", "x", "b", "c", "Server: Msg 8134", "y", "d"}));
+}
+
 TEST_F(ScriptRunTest, CountsGiveNoLineAndOneMessageIsTold) {
     answers["dml"] = [](ResultSink& sink) {
         wire::TellCount(sink, practice::StatementKind::Update, 3);
