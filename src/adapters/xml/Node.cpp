@@ -32,8 +32,8 @@ void ReplaceAll(std::string& text, std::string_view what, std::string_view by) {
         text.replace(at, what.size(), by);
 }
 
-std::string WithLineEnds(std::string text, std::string_view lineEnd) {
-    ReplaceAll(text, "\r\n", "\n");
+std::string WithLineEnds(std::string_view source, std::string_view lineEnd) {
+    std::string text = WithLineFeeds(source);
     if (lineEnd != "\n")
         ReplaceAll(text, "\n", lineEnd);
     return text;
@@ -53,6 +53,18 @@ std::string Section(std::string text) {
 }
 
 } // namespace
+
+std::string WithLineFeeds(std::string_view text) {
+    std::string result;
+    result.reserve(text.size());
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] != '\r')
+            result += text[at];
+        else if (at + 1 == text.size() || text[at + 1] != '\n')
+            result += '\n';
+    }
+    return result;
+}
 
 bool Node::IsLayout() const {
     return m_kind == Kind::Text && m_text.find_first_not_of(" \t\r\n") == std::string::npos;

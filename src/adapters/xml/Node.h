@@ -71,4 +71,7 @@ class Node : public XmlNode {
     bool m_changed = false; // of a leaf: its text is no longer that of the source
 };
 
+// The text as XML reads its line ends: CR LF and CR are LF.
+std::string WithLineFeeds(std::string_view text);
+
 } // namespace quillon::adapters

@@ -10,18 +10,7 @@ namespace {
 
 constexpr std::string_view SectionOpen = "<![CDATA[";
 constexpr std::string_view SectionClose = "]]>";
-
-std::string WithLineFeeds(std::string_view text) {
-    std::string result;
-    result.reserve(text.size());
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (text[at] != '\r')
-            result += text[at];
-        else if (at + 1 == text.size() || text[at + 1] != '\n')
-            result += '\n';
-    }
-    return result;
-}
+constexpr const char* Unreadable = "The document cannot be read";
 
 void AppendUtf8(std::string& text, std::uint32_t code) {
     if (code < 0x80) {
@@ -59,6 +48,8 @@ std::string Decoded(std::string_view source) {
     for (std::size_t mark; (mark = source.find('&', at)) != std::string_view::npos;) {
         text += WithLineFeeds(source.substr(at, mark - at));
         const auto end = source.find(';', mark);
+        if (end == std::string_view::npos)
+            throw Failure(numbers::InvalidCall, Unreadable);
         text += Referenced(source.substr(mark + 1, end - mark - 1));
         at = end + 1;
     }
@@ -98,7 +89,7 @@ class Reader {
     std::size_t EndOf(std::string_view close, std::size_t from) const {
         const auto found = m_text.find(close, from);
         if (found == std::string_view::npos)
-            throw Failure(numbers::InvalidCall, "The document cannot be read");
+            throw Failure(numbers::InvalidCall, Unreadable);
         return found + close.size();
     }
     // The source from here to the end of `close`.
@@ -158,7 +149,7 @@ class Reader {
     void ReadCloseTag() {
         m_open.back()->ReadCloseTag(std::string(Take(m_at, ">")));
         if (m_open.size() == 1)
-            throw Failure(numbers::InvalidCall, "The document cannot be read");
+            throw Failure(numbers::InvalidCall, Unreadable);
         m_open.pop_back();
     }
 

@@ -38,6 +38,10 @@ std::string EncodingOf(const xmlDoc& tree, std::string_view bytes) {
     return declared == nullptr ? "UTF-8" : reinterpret_cast<const char*>(declared);
 }
 
+// What the library says of encodings it prints for all to see, whatever the parser was told; the reason goes
+// to the caller.
+void KeepSilent(void*, const char*, ...) {}
+
 } // namespace
 
 Judgement JudgeXml(std::string_view bytes) {
@@ -45,6 +49,7 @@ Judgement JudgeXml(std::string_view bytes) {
         return {false, {}, "the file is larger than 64 MB"};
     if (std::ranges::count_if(bytes, IsMark) > MostMarks)
         return {false, {}, "the document has more than " + std::to_string(MostMarks) + " parts"};
+    xmlSetGenericErrorFunc(nullptr, &KeepSilent);
     const Context context(xmlNewParserCtxt(), &xmlFreeParserCtxt);
     if (!context)
         return {false, {}, "out of memory"};

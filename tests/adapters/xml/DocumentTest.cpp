@@ -94,10 +94,13 @@ TEST_F(Document, ReadsBackWhatItWrote) {
         ASSERT_TRUE(Load(written));
         EXPECT_EQ(First("DDL/text()").Text(), text) << written;
     }
+    First("DDL/text()").SetText("a\r\r\nb\rc\n\r"); // every one of them ends a line
+    ASSERT_TRUE(Load(Saved()));
+    EXPECT_EQ(First("DDL/text()").Text(), "a\n\nb\nc\n\n");
     for (const char* text : {"a\x01z", "caf\xE9", "\xC3", "\xED\xA0\x80", "\xEF\xBF\xBF", "\xC0\x80"}) {
         EXPECT_THROW(First("DDL/text()").SetText(text), Failure)
             << text; // a file with it could not be opened
-        EXPECT_EQ(First("DDL/text()").Text(), " blanks \n");
+        EXPECT_EQ(First("DDL/text()").Text(), "a\n\nb\nc\n\n");
     }
 }
 
