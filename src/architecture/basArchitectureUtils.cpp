@@ -11,15 +11,12 @@
 #include "template/basStringFunctions.h"
 
 namespace quillon::basArchitectureUtils {
-namespace {
 
 clsQlnTemplate& TheProfile() {
     if (!g_objArch)
         g_objArch = std::make_shared<clsQlnTemplate>();
     return *g_objArch;
 }
-
-} // namespace
 
 bool LoadProfile(const std::string& path) {
     return TheProfile().Load(path);

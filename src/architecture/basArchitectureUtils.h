@@ -3,14 +3,20 @@
 
 #include <string>
 
+namespace quillon {
+class clsQlnTemplate;
+}
+
 namespace quillon::basArchitectureUtils {
+
+// The session's profile, g_objArch, which is made at its first use.
+clsQlnTemplate& TheProfile();
 
 // True when the session's profile can be used, loading it from g_strArchFile if need be; asks for a file when
 // none is selected.
 bool CheckForArch();
 
-// Loads a file into the session's profile, which is made if this is its first use. True; raises what Load
-// raises.
+// Loads a file into it. True; raises what Load raises.
 bool LoadProfile(const std::string& path);
 
 // Lets the user choose a profile file and loads it into g_objArch; true when one was chosen.

@@ -1,11 +1,11 @@
 #include "architecture/basManageArchitechures.h"
 
+#include "architecture/basArchitectureUtils.h"
 #include "execution/basExecScript.h"
 #include "execution/frmScriptResults.h"
 #include "platform/FrontEnd.h"
 #include "platform/Platform.h"
 #include "shell/ScreenInstances.h"
-#include "shell/Session.h"
 #include "shell/Trace.h"
 
 namespace quillon::basManageArchitechures {
@@ -36,9 +36,10 @@ std::span<const Part> Parts() {
 }
 
 RunLog InstallParts(std::span<const Part* const> chosen) {
+    const Profile& profile = basArchitectureUtils::TheProfile();
     RunLog log;
     for (const Part* part : chosen)
-        Run(((*g_objArch).*part->script)(), part->name, log);
+        Run((profile.*part->script)(), part->name, log);
     return log;
 }
 

@@ -1,14 +1,16 @@
 #include "template/frmIncludes.h"
 
+#include "architecture/basArchitectureUtils.h"
 #include "architecture/clsQlnTemplate.h"
 #include "platform/FrontEnd.h"
 #include "platform/Platform.h"
-#include "shell/Session.h"
 #include "shell/Trace.h"
 #include "template/basFileDlg.h"
 #include "template/basStringFunctions.h"
 
 namespace quillon {
+
+using basArchitectureUtils::TheProfile;
 
 frmIncludes::frmIncludes()
     : Screen("frmIncludes") {
@@ -43,19 +45,21 @@ void frmIncludes::LoadIncludes() {
         ShowModal();
         if (m_cancelled || !m_changed)
             return;
-        g_objArch->ClearIncludes();
+        clsQlnTemplate& profile = TheProfile();
+        profile.ClearIncludes();
         for (const auto& row : m_rows) {
             const std::string file(basStringFunctions::Trim(row));
             if (!file.empty())
-                g_objArch->AddInclude(file);
+                profile.AddInclude(file);
         }
     });
 }
 
 void frmIncludes::FillList() {
+    const clsQlnTemplate& profile = TheProfile();
     lstIncludes.Clear();
-    for (std::int16_t index = 0; index < g_objArch->IncludeCount(); ++index)
-        lstIncludes.AddRow({.Text = " " + g_objArch->Includes(index),
+    for (std::int16_t index = 0; index < profile.IncludeCount(); ++index)
+        lstIncludes.AddRow({.Text = " " + profile.Includes(index),
                             .SubItems = {},
                             .Icon = "include",
                             .Key = {},

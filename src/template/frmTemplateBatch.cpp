@@ -1,4 +1,5 @@
 // The generation run's use of the template editor: the same form, hidden, one table after another.
+#include "architecture/basArchitectureUtils.h"
 #include "architecture/clsQlnTemplate.h"
 #include "model/AuditObj.h"
 #include "platform/Failure.h"
@@ -19,7 +20,7 @@ std::int32_t frmTemplate::ProcessTemplateBatch(bool isFirstTable, const std::str
             "If ActiveX Error 429 occurs you need Microsoft XML Parser version 3.0 which is a "
             "required component of Quillon");
         Load();
-        cdmCodeMax[TemplateTab].SetText(g_objArch ? g_objArch->TemplateText() : std::string());
+        cdmCodeMax[TemplateTab].SetText(basArchitectureUtils::TheProfile().TemplateText());
         const std::int32_t number = ProcessTemplate();
         if (number != 0) {
             Show();

@@ -110,6 +110,11 @@ TEST_F(IncludesScreen, AFileTwiceInTheListIsOneEntryOfTheModel) {
     EXPECT_EQ(InModel(), (Names{"a.vbs", "\\lib\\b.vbs"}));
 }
 
+TEST_F(IncludesScreen, ASessionWithoutAProfileHasNone) {
+    g_objArch.reset();
+    Edit([&](frmIncludes& screen) { EXPECT_TRUE(Shown(screen).empty()); });
+}
+
 TEST_F(IncludesScreen, HelpOpensItsTopic) {
     Edit([&](frmIncludes& screen) {
         frontEnd.ExpectHelp("Includes.htm");

@@ -241,6 +241,20 @@ TEST_F(Run, WhatIsNotTheScriptsShowsTheHostsLastState) {
     EXPECT_EQ(RunTest::Run("a"), numbers::InvalidPropertyValue);
 }
 
+// The translator reports for itself; the run goes on with the empty body that it gave.
+TEST_F(Run, ATranslationThatFailsIsReportedOnceAndGivesNothing) {
+    Form().Load();
+    const std::pair<const char*, int> faults[] = {{"Files.ReadAll", 1}, {"FileWriter.Write", 2}};
+    for (const auto& [operation, nth] : faults) {
+        plan.FailAt(operation, nth, Failure(numbers::DiskFull));
+        frontEnd.ExpectFailure("Disk full");
+        EXPECT_EQ(RunTest::Run("a"), 0) << operation;
+        EXPECT_EQ(Results(), "") << operation;
+        EXPECT_EQ(frontEnd.Failures().back().Procedures,
+                  (Log{"frmTemplate.ProcessTemplate", "basNewTemplate.ProcessFile"}));
+    }
+}
+
 TEST_F(Run, WithoutAModelTheRunFailsAsAnyOther) {
     Form().Load();
     g_objAudit.reset();
@@ -313,6 +327,11 @@ TEST_F(Batch, WithoutAProfileNothingIsRun) {
     EXPECT_EQ(Form().ProcessTemplateBatch(true, "dbo.Country"), 0);
     EXPECT_EQ(frontEnd.Failures().back().Number, static_cast<double>(static_cast<std::int32_t>(0x80040096)));
     EXPECT_FALSE(Exists("\\app\\template.txt"));
+}
+
+TEST_F(Batch, AProfileThatWasNeverReadHasAnEmptyTemplate) {
+    EXPECT_EQ(Form().ProcessTemplateBatch(true, "dbo.Country"), 0);
+    EXPECT_EQ(memory.Contents["\\app\\triggers.sql"], "\r\n");
 }
 
 // The note says what a failure before the output would come from; then what is written.
