@@ -80,6 +80,8 @@ class Reader {
             else
                 ReadOpenTag();
         }
+        if (m_open.size() > 1)
+            throw Failure(numbers::InvalidCall, Unreadable);
     }
 
   private:
@@ -147,9 +149,11 @@ class Reader {
     }
 
     void ReadCloseTag() {
-        m_open.back()->ReadCloseTag(std::string(Take(m_at, ">")));
-        if (m_open.size() == 1)
+        const auto source = Take(m_at, ">");
+        const auto name = source.substr(2, source.find_first_of(" \t\r\n>", 2) - 2);
+        if (m_open.size() == 1 || name != m_open.back()->Name())
             throw Failure(numbers::InvalidCall, Unreadable);
+        m_open.back()->ReadCloseTag(std::string(source));
         m_open.pop_back();
     }
 
@@ -174,6 +178,9 @@ class Reader {
 } // namespace
 
 void ReadNodes(std::string_view text, Node& document, const MakeNode& make) {
+    // For the library a document ends at a NUL, whatever stands behind it.
+    if (text.find('\0') != std::string_view::npos)
+        throw Failure(numbers::InvalidCall, "The file holds a NUL");
     Reader(text, document, make).Read();
 }
 

@@ -181,6 +181,7 @@ TEST_F(Document, RefusesWhatIsNoXmlAndKeepsWhatItHad) {
                                "<t>\x01</t>",
                                nested,
                                std::string("<t>\0</t>", 8),
+                               std::string("<t></t>\0<b>", 11),
                                "<!DOCTYPE t [<!ENTITY e SYSTEM 'file:///etc/passwd'>]><t>&e;",
                                "<?xml version='1.0' encoding='UTF-16'?><t>eight bits</t>",
                                "<?xml version='1.0' encoding='no-such'?><t/>",
