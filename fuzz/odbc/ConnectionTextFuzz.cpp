@@ -49,7 +49,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (!parts.integrated)
             Require(elements["UID"] == parts.user && elements["PWD"] == parts.password);
     } catch (const quillon::Failure&) {
-        Require(text.find("};") != std::string::npos);
+        const std::string values =
+            parts.server + "\n" + parts.database + "\n" + parts.user + "\n" + parts.password;
+        Require(values.find("};") != std::string::npos);
     }
     return 0;
 }
