@@ -40,8 +40,7 @@ void ConsoleFrontEnd::Print(const std::string& line) {
     std::fputs((TerminalLines(line) + "\n").c_str(), m_errors);
 }
 
-Answer ConsoleFrontEnd::Message(const std::string& text, const std::string& title, Icon,
-                                Buttons buttons) {
+Answer ConsoleFrontEnd::Message(const std::string& text, const std::string& title, Icon, Buttons buttons) {
     Print(title + ": " + text);
     return CautiousAnswer(buttons);
 }

@@ -30,4 +30,8 @@ Interruption::~Interruption() {
     std::signal(SIGINT, SIG_DFL);
 }
 
+void Interruption::EndAtOnce() {
+    std::signal(SIGINT, SIG_DFL);
+}
+
 } // namespace quillon::console

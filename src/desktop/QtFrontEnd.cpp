@@ -53,6 +53,7 @@ void QtFrontEnd::ShowScreen(Screen& screen) {
 }
 
 void QtFrontEnd::ShowModal(Screen& screen) {
+    ++m_boxes;
     if (WindowOf(screen) != nullptr) // its window stands already; it is what the person is asked to look at
         return ShowScreen(screen);
     const Pointer before = m_pointer;
@@ -117,8 +118,11 @@ bool QtFrontEnd::eventFilter(QObject* watched, QEvent* event) {
     if (window == nullptr)
         return false;
     m_seenKey = &key;
+    const int boxes = m_boxes;
     bool taken = window->KeyPressed(widget, key);
     m_seenKey = nullptr;
+    // A key that has opened a box, which is gone again, has done its work: nobody else may have it now.
+    taken = taken || m_boxes != boxes;
     if (!taken && key.key() == Qt::Key_F1) {
         Help(window->Shown().Name());
         taken = true;
@@ -129,6 +133,7 @@ bool QtFrontEnd::eventFilter(QObject* watched, QEvent* event) {
 // --- dialogues ---
 
 Answer QtFrontEnd::Message(const std::string& text, const std::string& title, Icon icon, Buttons buttons) {
+    ++m_boxes;
     const Answer answer = ShowMessage(Parent(), Text(text), Text(title), icon, buttons);
     ThrowIfEnded();
     return answer;
@@ -144,6 +149,7 @@ std::string QtFrontEnd::AskText(const std::string& prompt, const std::string& ti
 }
 
 void QtFrontEnd::ReportFailure(const FailureReport& report) {
+    ++m_boxes;
     const Pointer before = m_pointer;
     SetPointer(Pointer::Default);
     ShowFailure(Parent(), report);

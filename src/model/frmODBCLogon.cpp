@@ -165,15 +165,17 @@ void frmODBCLogon::cmdOK_Click() {
     });
 }
 
+// A login that fails leaves the session on the server where it is.
 void frmODBCLogon::Connect() {
-    g_objSQLServer = ThePlatform().catalogue().NewServer();
-    g_objSQLServer->SetOption(true);
+    const auto server = ThePlatform().catalogue().NewServer();
+    server->SetOption(true);
     if (optType[Windows].Value()) {
-        g_objSQLServer->SetLoginSecure(true);
-        g_objSQLServer->Connect(cboServer.Text());
+        server->SetLoginSecure(true);
+        server->Connect(cboServer.Text());
     } else {
-        g_objSQLServer->Connect(cboServer.Text(), txtUID.Text(), txtPWD.Text());
+        server->Connect(cboServer.Text(), txtUID.Text(), txtPWD.Text());
     }
+    g_objSQLServer = server;
 }
 
 void frmODBCLogon::Publish() {

@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 
 #include "adapters/files/NativePath.h"
+#include "console/Interruption.h"
 #include "console/ServerOptions.h"
 #include "console/StandardOutput.h"
 #include "console/commands/Commands.h"
@@ -27,6 +28,7 @@ void Execute(const CLI::App& app, const Options& options) {
     if (script.starts_with("\xEF\xBB\xBF"))
         script.erase(0, 3);
     LogInToDatabase(app);
+    Interruption::EndAtOnce();
     RunLog log;
     basExecScript::ProcScript(
         script, options.name.empty() ? basStringFunctions::JustFileName(path) : options.name, log);

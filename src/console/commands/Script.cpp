@@ -11,6 +11,7 @@
 
 #include "adapters/files/NativePath.h"
 #include "adapters/script/ScriptControl.h"
+#include "console/Interruption.h"
 #include "console/StandardOutput.h"
 #include "console/commands/Commands.h"
 #include "platform/Conversion.h"
@@ -93,6 +94,7 @@ Value ReturnThis(ScriptHost& host) {
 }
 
 void RunScript(const Options& options) {
+    Interruption::EndAtOnce();
     ConsoleSite site;
     adapters::ScriptControl host(&site);
     host.SetLanguage(options.language);

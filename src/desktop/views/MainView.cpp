@@ -9,6 +9,8 @@
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QToolBar>
@@ -17,11 +19,13 @@
 #include "desktop/Memory.h"
 #include "desktop/bind/BarWidgets.h"
 #include "desktop/bind/Binding.h"
+#include "desktop/bind/ElidedLabel.h"
 #include "desktop/bind/GridView.h"
 #include "desktop/bind/ListWidgets.h"
 #include "desktop/bind/SimpleWidgets.h"
 #include "desktop/bind/Text.h"
 #include "desktop/views/Layout.h"
+#include "platform/Conversion.h"
 #include "shell/Session.h"
 #include "shell/frmMain.h"
 
@@ -42,6 +46,13 @@ QIcon TriggerIcon(int number) {
     return IconOf(number == 3 ? "check" : "");
 }
 
+// Calls `refresh` now and whenever the control changes, as long as the widget lives.
+void Follow(QWidget& widget, Control& control, const std::function<void()>& refresh) {
+    const std::size_t number = control.Observe([refresh](ControlChange) { refresh(); });
+    QObject::connect(&widget, &QObject::destroyed, [&control, number] { control.EndObservation(number); });
+    refresh();
+}
+
 // A ribbon above everything as long as the session is on a server that the person has marked.
 QFrame* NewProductionRibbon(frmMain& screen) {
     auto* ribbon = new QFrame;
@@ -50,16 +61,11 @@ QFrame* NewProductionRibbon(frmMain& screen) {
     row->setContentsMargins(12, 4, 12, 4);
     auto* text = new QLabel;
     row->addWidget(text);
-    auto* watcher = new QObject(ribbon);
-    const auto refresh = [ribbon, text] {
+    Follow(*ribbon, screen.stbStatus, [ribbon, text] {
         const QString server = Text(g_strServer);
         text->setText("Production server: " + server);
         ribbon->setVisible(Memory::Instance().IsProduction(server));
-    };
-    const std::size_t number = screen.stbStatus.Observe([refresh](ControlChange) { refresh(); });
-    QObject::connect(watcher, &QObject::destroyed,
-                     [&screen, number] { screen.stbStatus.EndObservation(number); });
-    refresh();
+    });
     return ribbon;
 }
 
@@ -73,7 +79,7 @@ QWidget* NewChoices(frmMain& screen) {
     profile->setMinimumWidth(profile->fontMetrics().averageCharWidth() * 24);
     auto* databaseLabel = new QLabel("&Database:");
     databaseLabel->setBuddy(database);
-    auto* profileLabel = new QLabel("Pro&file:");
+    auto* profileLabel = new QLabel("Profi&le:");
     profileLabel->setBuddy(profile);
     database->setMinimumWidth(database->fontMetrics().averageCharWidth() * 30);
     grid->addWidget(databaseLabel, 0, 0);
@@ -101,6 +107,10 @@ GridView* NewGrid(Grid& grid, QIcon (*iconOf)(int)) {
     view->SetWidths(Memory::Instance().Widths(name));
     view->OnWidthsChosen = [name](const QList<int>& widths) { Memory::Instance().SetWidths(name, widths); };
     return view;
+}
+
+QString CellText(Grid& grid, int row, int column) {
+    return Text(conversion::ToText(grid.CellValue(row, column))).trimmed();
 }
 
 // The line above a grid, of one height whatever stands in it, so that neighbours line up.
@@ -134,8 +144,15 @@ QWidget* NewFields(frmMain& screen) {
     auto* column = new QVBoxLayout(panel);
     column->setContentsMargins(4, 0, 0, 4);
     QHBoxLayout* head = NewHead();
-    head->addWidget(Heading("Columns"));
-    head->addStretch();
+    auto* heading = new ElidedLabel;
+    heading->setObjectName("heading");
+    Follow(*heading, screen.grxTables, [heading, &tables = screen.grxTables] {
+        const int row = tables.Row();
+        heading->SetFullText(row == 0
+                                 ? QString("Columns")
+                                 : "Columns of " + CellText(tables, row, 2) + "." + CellText(tables, row, 1));
+    });
+    head->addWidget(heading, 1);
     for (CheckBox* box : {&screen.chkSelectAll, &screen.chkUnselectAll, &screen.chkAllTables})
         head->addWidget(NewCheckBox(*box));
     column->addLayout(head);
@@ -173,12 +190,23 @@ QSplitter* NewGrids(frmMain& screen) {
     return grids;
 }
 
+// In a low window it scrolls; nothing of it may get out of reach.
+QWidget* NewModuleBar(frmMain& screen) {
+    auto* area = new QScrollArea;
+    area->setObjectName("modules");
+    area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setWidgetResizable(true);
+    QToolBar* bar = NewToolBar(screen.btnModules, IconOf, true);
+    area->setWidget(bar);
+    area->setFixedWidth(bar->sizeHint().width() + area->verticalScrollBar()->sizeHint().width());
+    return area;
+}
+
 void BuildBars(frmMain& screen, QMainWindow& window) {
     ShowMenuBar(*window.menuBar(), screen);
     QToolBar* tools = NewToolBar(screen.asxToolbar1, IconOf);
-    QToolBar* modules = NewToolBar(screen.btnModules, IconOf, true);
     window.addToolBar(Qt::TopToolBarArea, tools);
-    window.addToolBar(Qt::LeftToolBarArea, modules);
     window.setContextMenuPolicy(Qt::NoContextMenu);
     ShowPanels(*window.statusBar(), screen.stbStatus, {26, 22, 18, 0});
     QProgressBar* progress = NewProgressBar(screen.ProgressBar1);
@@ -204,7 +232,13 @@ void BuildMainView(frmMain& screen, QMainWindow& window) {
     column->addLayout(NewTicks(screen));
     column->addWidget(NewGrids(screen), 1);
     all->addLayout(column, 1);
-    window.setCentralWidget(content);
+    auto* beside = new QWidget;
+    auto* row = new QHBoxLayout(beside);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addWidget(NewModuleBar(screen));
+    row->addWidget(content, 1);
+    window.setCentralWidget(beside);
 }
 
 } // namespace quillon::desktop

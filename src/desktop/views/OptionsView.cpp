@@ -84,8 +84,18 @@ void BuildOptionsView(frmOptions& screen, QMainWindow& window) {
     window.resize(560, 380);
     QVBoxLayout* column = Content(window);
     column->addWidget(NewTabStrip(screen.tbsOptions));
-    for (std::size_t panel = 0; panel < frmOptions::Panels; ++panel)
-        column->addWidget(NewPanel(screen, panel), 1);
+    // One place for all panels, as high as the highest: the window must not change with the tab.
+    auto* place = new QWidget;
+    auto* panels = new QVBoxLayout(place);
+    panels->setContentsMargins(0, 0, 0, 0);
+    int height = 0;
+    for (std::size_t panel = 0; panel < frmOptions::Panels; ++panel) {
+        QWidget* shown = NewPanel(screen, panel);
+        panels->addWidget(shown);
+        height = std::max(height, shown->sizeHint().height());
+    }
+    place->setMinimumHeight(height);
+    column->addWidget(place, 1);
     column->addLayout(NewAppearance());
     column->addLayout(ButtonRow({NewButton(screen.cmdOK), NewButton(screen.cmdCancel)}));
 }
