@@ -110,11 +110,13 @@ void Editor::SetLanguage(const std::string& name) {
 }
 
 void Editor::SetColor(int slot, std::uint32_t colour) {
+    std::erase_if(m_colors, [slot](const auto& entry) { return entry.first == slot; });
     m_colors.emplace_back(slot, colour);
     Changed();
 }
 
 void Editor::SetFontStyle(int slot, int style) {
+    std::erase_if(m_fontStyles, [slot](const auto& entry) { return entry.first == slot; });
     m_fontStyles.emplace_back(slot, style);
     Changed();
 }

@@ -96,8 +96,7 @@ TEST_F(ResultsScreenTest, ShowsTheLinesAndRegistersTheLanguageWhenItIsMissing) {
     EXPECT_EQ(registrations, 1);
     const std::vector<std::pair<int, std::uint32_t>> colours{
         {6, 0x800080}, {16, 0x400000}, {20, 255}, {24, 16384}, {22, 0x400000}, {15, 128}, {14, 0xFFFFFF}};
-    EXPECT_EQ(screen.cdmResults.Colors().size() % colours.size(), 0u);
-    EXPECT_TRUE(std::equal(colours.begin(), colours.end(), screen.cdmResults.Colors().begin()));
+    EXPECT_EQ(screen.cdmResults.Colors(), colours); // not twice, after two showings
 }
 
 TEST_F(ResultsScreenTest, ClosingHidesSoThatTheScreenStays) {
