@@ -3,7 +3,6 @@
 #include <optional>
 
 #include "console/ConsoleFrontEnd.h"
-#include "console/OpenDatabase.h"
 #include "console/StandardOutput.h"
 #include "execution/frmResults.h"
 #include "execution/frmScriptResults.h"
@@ -56,7 +55,7 @@ void WriteScript(const std::string& script, const std::string& file) {
         WriteStandardOutput(script);
         FlushStandardOutput();
     } else {
-        ThePlatform().files().Replace(PathGiven(file), script);
+        ThePlatform().files().Replace(file, script);
     }
 }
 

@@ -20,7 +20,7 @@ std::string GenerateScript(frmMain& main, ConsoleFrontEnd& frontEnd);
 // Runs the script on the database and gives the run log; raises as above.
 RunLog GenerateAndExecute(frmMain& main, ConsoleFrontEnd& frontEnd);
 
-// Writes the script to a file, or to the standard output for an empty name.
+// Writes the script to a file, named as the session names it, or to the standard output for an empty name.
 void WriteScript(const std::string& script, const std::string& file);
 
 } // namespace quillon::console

@@ -20,9 +20,9 @@ namespace quillon::console {
 namespace {
 
 void UseProfile(const std::string& profile) {
+    g_strArchFile = profile.empty() ? frmMain::DefaultProfile() : PathGiven(profile);
     if (profile.empty())
         return;
-    g_strArchFile = PathGiven(profile);
     if (!ThePlatform().files().Exists(g_strArchFile))
         throw Failure(numbers::FileNotFound, "File not found: " + profile);
 }
@@ -52,6 +52,8 @@ frmMain* Opened(frmMain& main) {
 } // namespace
 
 std::string PathGiven(const std::string& path) {
+    if (path.empty())
+        return path;
     const std::string own = adapters::FromNative(path);
     return own.starts_with('\\') ? own : ThePlatform().files().CurrentFolder() + "\\" + own;
 }

@@ -41,16 +41,21 @@ void frmMain::Form_Load() {
     });
 }
 
-// The profile is only remembered here; it is loaded when a database is picked.
-void frmMain::RememberDefaultProfile() {
-    Files& files = ThePlatform().files();
+std::string frmMain::DefaultProfile() {
+    const Files& files = ThePlatform().files();
     std::string path = settings::Read(settings::DefaultArch);
     if (!path.empty() && JustFileName(path) == path)
         path = files.ApplicationFolder() + "\\" + path;
-    if (path.empty() || !files.Exists(path))
+    return path.empty() || !files.Exists(path) ? "" : path;
+}
+
+// The profile is only remembered here; it is loaded when a database is picked.
+void frmMain::RememberDefaultProfile() {
+    const std::string path = DefaultProfile();
+    if (path.empty())
         return;
     g_strArchFile = path;
-    files.ChangeFolder(JustFilePath(path));
+    ThePlatform().files().ChangeFolder(JustFilePath(path));
 }
 
 void frmMain::Form_Activate() {

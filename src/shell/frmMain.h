@@ -108,6 +108,9 @@ class frmMain : public Screen {
     void Process();
     bool ProcessValidation();
 
+    // The architecture profile that a session begins with, by the settings; empty when its file is not there.
+    static std::string DefaultProfile();
+
   protected:
     void Form_Load() override;
     void Form_Activate() override;

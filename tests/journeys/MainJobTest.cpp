@@ -1,6 +1,8 @@
 // The main job from the login to audit rows, its stops and its failures.
 #include "journeys/Journey.h"
 
+#include "adapters/files/NativePath.h"
+#include "architecture/basArchitectureUtils.h"
 #include "architecture/clsQlnTemplate.h"
 #include "execution/frmResults.h"
 #include "platform/Platform.h"
@@ -56,6 +58,48 @@ TEST_F(MainJob, ASecondRunReplacesAndDropsWhatIsNoLongerTicked) {
     Execute();
     EXPECT_EQ(Ask("SELECT name FROM sys.triggers WHERE parent_id = OBJECT_ID(N'dbo.Country')"),
               (Lines{"AUDIT_Update_Country"}));
+}
+
+TEST_F(MainJob, EachOperationAloneMakesItsOwnTrigger) {
+    Start();
+    Pick();
+    Install();
+    for (const char* operation : {"Insert", "Update", "Delete"}) {
+        const std::string name = operation;
+        Tick("dbo.Country", name == "Insert", name == "Update", name == "Delete");
+        Execute();
+        EXPECT_EQ(Ask("SELECT name FROM sys.triggers WHERE parent_id = OBJECT_ID(N'dbo.Country')"),
+                  (Lines{"AUDIT_" + name + "_Country"}));
+    }
+}
+
+TEST_F(MainJob, AnotherProfileTakesOverAndGivesBack) {
+    const auto triggers = [&] {
+        return Ask("SELECT name FROM sys.triggers WHERE parent_id = OBJECT_ID(N'dbo.Country') ORDER BY name");
+    };
+    home.folder.Write(
+        "other.qlnx",
+        "<template><header><name>n</name><scriptlanguage>VBScript</scriptlanguage></header><includes/>"
+        "<templatecode><![CDATA[CREATE TRIGGER dbo.Other ON dbo.Country AFTER INSERT AS\r\n"
+        "-- <TAG>QUILLON GENERATED - DO NOT REMOVE</TAG>\r\nSET NOCOUNT ON\r\nGO\r\n]]>"
+        "</templatecode></template>");
+    Start();
+    Pick();
+    Install();
+    Tick("dbo.Country", true, false, true);
+    Execute();
+    const std::string own = g_strArchFile;
+    ASSERT_TRUE(basArchitectureUtils::LoadProfile(
+        adapters::FromNative((home.folder.path() / "other.qlnx").string())));
+    Execute();
+    EXPECT_EQ(triggers(), (Lines{"AUDIT_Delete_Country", "AUDIT_Insert_Country", "Other"}));
+    EXPECT_EQ(g_objAudit->Database()->Tables()->Item(Value(std::string("dbo.Country")))->Triggers()->Count(),
+              3)
+        << "the model knows the triggers of every profile";
+    ASSERT_TRUE(basArchitectureUtils::LoadProfile(own));
+    Execute();
+    EXPECT_EQ(triggers(), (Lines{"AUDIT_Delete_Country", "AUDIT_Insert_Country"}))
+        << "two profiles do not log the same change twice";
 }
 
 TEST_F(MainJob, TriggersAreNotMadeWithoutTheLog) {

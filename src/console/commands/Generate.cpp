@@ -39,6 +39,7 @@ void PrintPlan(const std::vector<PlannedTrigger>& plan, bool asJson) {
 }
 
 void Generate(const CLI::App& app, const Options& options, ConsoleFrontEnd& frontEnd) {
+    const std::string output = PathGiven(options.output);
     frmMain* main = OpenDatabase(app, options.profile);
     if (main == nullptr)
         return;
@@ -48,7 +49,7 @@ void Generate(const CLI::App& app, const Options& options, ConsoleFrontEnd& fron
     else if (options.isDryRun)
         PrintPlan(PlanTriggers(GenerateScript(*main, frontEnd)), options.asJson);
     else
-        WriteScript(GenerateScript(*main, frontEnd), options.output);
+        WriteScript(GenerateScript(*main, frontEnd), output);
 }
 
 } // namespace

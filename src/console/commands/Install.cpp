@@ -1,4 +1,4 @@
-// install --profile P.qlnx [--parts ddl,views,...]: runs the profile's scripts on the database.
+// install [--profile P.qlnx] [--parts ddl,views,...]: runs the profile's scripts on the database.
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
@@ -47,9 +47,8 @@ void Install(const CLI::App& app, const Options& options) {
 void AddInstall(CLI::App& app, ChosenCommand& chosen) {
     const auto options = std::make_shared<Options>();
     CLI::App* command = app.add_subcommand("install", "Install a profile's audit structures in the database");
-    command->add_option("--profile", options->profile, "The architecture profile")
-        ->type_name("FILE")
-        ->required();
+    command->add_option("--profile", options->profile, "The architecture profile; else the default one")
+        ->type_name("FILE");
     command->add_option("--parts", options->parts, "Some parts only; else all but identity")
         ->type_name("PART,...")
         ->delimiter(',')

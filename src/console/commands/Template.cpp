@@ -24,11 +24,12 @@ SelectionOptions Completed(SelectionOptions options) {
 }
 
 void RunTemplate(const Options& options, ConsoleFrontEnd& frontEnd) {
+    const std::string output = PathGiven(options.output);
     frmMain* main = OpenSnapshot(options.snapshot, options.profile);
     if (main == nullptr)
         return;
     ApplySelection(Completed(*options.selection));
-    WriteScript(GenerateScript(*main, frontEnd), options.output);
+    WriteScript(GenerateScript(*main, frontEnd), output);
 }
 
 } // namespace
