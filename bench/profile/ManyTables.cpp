@@ -126,6 +126,7 @@ void MeasureStop(const Console& console, long bytesOfATable) {
 }
 
 int Main() {
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
     const std::filesystem::path bin = std::filesystem::canonical("/proc/self/exe").parent_path();
     const ServerProcess server(bin, {}, {"--sample"});
     OdbcClient client(server.Port(), "7.4", server.Password());
