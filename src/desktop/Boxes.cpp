@@ -40,18 +40,22 @@ QMessageBox::StandardButtons ButtonsFor(Buttons buttons) {
     case Buttons::OkCancel: return QMessageBox::Ok | QMessageBox::Cancel;
     case Buttons::YesNo: return QMessageBox::Yes | QMessageBox::No;
     case Buttons::YesNoCancel: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case Buttons::AbortRetryIgnore: return QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
+    case Buttons::RetryCancel: return QMessageBox::Retry | QMessageBox::Cancel;
     default: return QMessageBox::Ok;
     }
 }
 
-Answer AnswerFor(int button, Buttons buttons) {
+// Leaving a box by Escape or its corner is its most cautious button.
+Answer AnswerFor(int button) {
     switch (button) {
     case QMessageBox::Ok: return Answer::Ok;
     case QMessageBox::Yes: return Answer::Yes;
     case QMessageBox::No: return Answer::No;
-    // Closing the box by its corner: the cautious answer that it offers.
-    default:
-        return buttons == Buttons::Ok ? Answer::Ok : buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
+    case QMessageBox::Abort: return Answer::Abort;
+    case QMessageBox::Retry: return Answer::Retry;
+    case QMessageBox::Ignore: return Answer::Ignore;
+    default: return Answer::Cancel;
     }
 }
 
@@ -71,7 +75,7 @@ QStringList Filters(const std::string& filter) {
 Answer ShowMessage(QWidget* parent, const QString& text, const QString& title, Icon icon, Buttons buttons) {
     QMessageBox box(QMessageBox::NoIcon, title, QString(text).remove('\r'), ButtonsFor(buttons), parent);
     Dress(box, "message", icon);
-    return AnswerFor(box.exec(), buttons);
+    return AnswerFor(box.exec());
 }
 
 std::optional<std::string> ShowFileDialog(QWidget* parent, const FileDialog& dialog) {
@@ -91,10 +95,14 @@ std::optional<std::string> ShowFileDialog(QWidget* parent, const FileDialog& dia
     return adapters::FromNative(Text(shown.selectedFiles().front()));
 }
 
-std::string ShowTextQuestion(QWidget* parent, const std::string& prompt, const std::string& title,
-                             const std::string& defaultText) {
-    return Text(
-        QInputDialog::getText(parent, Text(title), Text(prompt), QLineEdit::Normal, Text(defaultText)));
+std::optional<QString> ShowTextQuestion(QWidget* parent, const QString& prompt, const QString& title,
+                                        const QString& defaultText) {
+    QInputDialog question(parent);
+    question.setObjectName("question");
+    question.setWindowTitle(title);
+    question.setLabelText(prompt);
+    question.setTextValue(defaultText);
+    return question.exec() == QDialog::Accepted ? std::optional(question.textValue()) : std::nullopt;
 }
 
 void ShowFailure(QWidget* parent, const FailureReport& report) {

@@ -16,8 +16,9 @@ namespace quillon::desktop {
 Answer ShowMessage(QWidget* parent, const QString& text, const QString& title, Icon icon, Buttons buttons);
 // Paths in the system's form.
 std::optional<std::string> ShowFileDialog(QWidget* parent, const FileDialog& dialog);
-std::string ShowTextQuestion(QWidget* parent, const std::string& prompt, const std::string& title,
-                             const std::string& defaultText);
+// Nothing after Cancel.
+std::optional<QString> ShowTextQuestion(QWidget* parent, const QString& prompt, const QString& title,
+                                        const QString& defaultText);
 void ShowFailure(QWidget* parent, const FailureReport& report);
 // The page of the guide for a help topic such as "login.htm"; its contents for a topic that has none.
 void ShowGuide(QWidget* parent, const QString& folder, const QString& topic);

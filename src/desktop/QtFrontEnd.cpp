@@ -145,7 +145,8 @@ std::optional<std::string> QtFrontEnd::ChooseFile(const FileDialog& dialog) {
 
 std::string QtFrontEnd::AskText(const std::string& prompt, const std::string& title,
                                 const std::string& defaultText) {
-    return ShowTextQuestion(Parent(), prompt, title, defaultText);
+    const auto answer = ShowTextQuestion(Parent(), Text(prompt), Text(title), Text(defaultText));
+    return answer ? Text(*answer) : std::string();
 }
 
 void QtFrontEnd::ReportFailure(const FailureReport& report) {

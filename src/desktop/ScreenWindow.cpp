@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QToolButton>
 
 #include "desktop/Icons.h"
 #include "desktop/Memory.h"
@@ -51,14 +52,9 @@ void ScreenWindow::ShowTitle() {
     setWindowTitle(Text(m_screen.Title()));
 }
 
-ScreenWindow* ScreenWindow::Of(QObject* widget) {
-    for (QObject* at = widget; at != nullptr; at = at->parent()) {
-        if (auto* window = dynamic_cast<ScreenWindow*>(at))
-            return window;
-        if (at->isWidgetType() && static_cast<QWidget*>(at)->isWindow())
-            return nullptr; // a box over the screen has keys of its own
-    }
-    return nullptr;
+// The guide and the boxes of a screen are windows of their own, although they are its children.
+ScreenWindow* ScreenWindow::Of(QWidget* widget) {
+    return widget == nullptr ? nullptr : dynamic_cast<ScreenWindow*>(widget->window());
 }
 
 bool ScreenWindow::KeyPressed(QWidget& focus, const QKeyEvent& event) {
@@ -66,12 +62,20 @@ bool ScreenWindow::KeyPressed(QWidget& focus, const QKeyEvent& event) {
     if (!key)
         return false;
     // A button that has the focus is pressed by Enter, whatever the screen's own Enter does.
-    if (auto* button = dynamic_cast<QPushButton*>(&focus); button != nullptr && key == Key::Enter) {
-        button->click();
+    const bool isButton = dynamic_cast<QPushButton*>(&focus) || dynamic_cast<QToolButton*>(&focus);
+    if (isButton && key == Key::Enter) {
+        static_cast<QAbstractButton&>(focus).click();
         return true;
     }
     Act([&] { m_screen.KeyDown(*key, ShiftOf(event)); });
     return !m_screen.IsVisible();
+}
+
+void ScreenWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && isModal())
+        close();
+    else
+        QMainWindow::keyPressEvent(event);
 }
 
 void ScreenWindow::closeEvent(QCloseEvent* event) {

@@ -58,7 +58,10 @@ void frmResults::BindCommands() {
     asxToolbar1.OnClick = [this](std::size_t position, const std::string&) { PressTool(position); };
     BindOption(chkLeftMargin, &Editor::SetLeftMargin, settings::LeftMargin.Key);
     BindOption(chkShowLineNumbers, &Editor::SetLineNumbers, settings::LineNumbers.Key);
-    cdmCodeMax.OnSelectionChange = [this] { ShowCaret(stbStatus, cdmCodeMax); };
+    cdmCodeMax.OnSelectionChange = [this] {
+        ShowCaret(stbStatus, cdmCodeMax);
+        EditSubMenu();
+    };
     cdmCodeMax.OnRightClick = [this] {
         EditSubMenu();
         ThePlatform().frontEnd().PopUpMenu(mnuRightClick);

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -14,22 +13,12 @@
 #include "program/Program.h"
 #include "shell/Session.h"
 #include "shell/frmMain.h"
+#include "support/OwnHome.h"
 #include "support/ScriptedFrontEnd.h"
-#include "support/TemporaryFolder.h"
 
 namespace quillon::tests {
 
 using Lines = std::vector<std::string>;
-
-// Files and settings of this test alone; before the program looks for them.
-class OwnHome {
-  public:
-    OwnHome() {
-        setenv("QUILLON_HOME", (folder.path() / "app").c_str(), 1);
-        setenv("XDG_CONFIG_HOME", (folder.path() / "config").c_str(), 1);
-    }
-    TemporaryFolder folder;
-};
 
 class Journey : public testing::Test {
   protected:

@@ -53,7 +53,7 @@ QProgressBar* NewProgressBar(ProgressBar& bar) {
 
 namespace {
 
-void AddButton(QToolBar& widget, ToolBar& bar, std::size_t place, const QIcon& icon) {
+QToolButton* NewToolButton(QToolBar& widget, ToolBar& bar, std::size_t place, const QIcon& icon) {
     const auto& item = bar.Items()[place];
     auto* button = new QToolButton;
     button->setObjectName(QString("%1.%2").arg(Text(bar.Name()), Text(item.Key)));
@@ -73,6 +73,7 @@ void AddButton(QToolBar& widget, ToolBar& bar, std::size_t place, const QIcon& i
     QObject::connect(button, &QToolButton::clicked,
                      [&bar, position = place + 1] { Act([&] { bar.Press(position); }); });
     widget.addWidget(button);
+    return button;
 }
 
 } // namespace
@@ -83,17 +84,23 @@ QToolBar* NewToolBar(ToolBar& bar, const std::function<QIcon(const std::string&)
     widget->setOrientation(vertical ? Qt::Vertical : Qt::Horizontal);
     widget->setToolButtonStyle(vertical ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
     widget->setWindowTitle(vertical ? "Module bar" : "Tool bar");
-    new Binding(*widget, bar, [widget, &bar, iconOf](ControlChange change) {
-        if (change != ControlChange::Items)
+    const auto buttons = std::make_shared<std::vector<QToolButton*>>(); // none for a separator
+    new Binding(*widget, bar, [widget, &bar, iconOf, buttons](ControlChange change) {
+        if (change != ControlChange::Items) {
+            for (std::size_t i = 0; i < buttons->size(); ++i)
+                if (QToolButton* button = buttons->at(i))
+                    button->setEnabled(bar.Items()[i].Enabled);
             return;
+        }
         widget->clear();
+        buttons->assign(bar.Items().size(), nullptr);
         for (std::size_t i = 0; i < bar.Items().size(); ++i) {
             const auto& item = bar.Items()[i];
             if (item.Separator) {
                 widget->addSeparator();
                 continue;
             }
-            AddButton(*widget, bar, i, iconOf(item.Icon));
+            buttons->at(i) = NewToolButton(*widget, bar, i, iconOf(item.Icon));
         }
     });
     return widget;

@@ -1,9 +1,9 @@
 #include "desktop/bind/EditorWidget.h"
 
 #include <QContextMenuEvent>
-#include <QInputDialog>
 #include <QKeyEvent>
 
+#include "desktop/Boxes.h"
 #include "desktop/Theme.h"
 #include "desktop/bind/Act.h"
 #include "desktop/bind/Binding.h"
@@ -159,15 +159,31 @@ void EditorWidget::ChangeCase(QString (*change)(const QString&)) {
         replaceSelectedText(change(selectedText()));
 }
 
+bool EditorWidget::AskWhatToFind(const QString& title) {
+    const auto sought =
+        ShowTextQuestion(this, "Text to find:", title, hasSelectedText() ? selectedText() : m_sought);
+    if (!sought || sought->isEmpty())
+        return false;
+    m_sought = *sought;
+    return true;
+}
+
+void EditorWidget::ReplaceAll() {
+    if (!AskWhatToFind("Replace"))
+        return;
+    const auto replacement = ShowTextQuestion(this, "Put in every place of it:", "Replace", "");
+    if (!replacement)
+        return;
+    beginUndoAction();
+    for (bool found = findFirst(m_sought, false, false, false, false, true, 0, 0); found; found = findNext())
+        replace(*replacement);
+    endUndoAction();
+}
+
 void EditorWidget::Find(bool again, bool backward) {
     if (!again || m_sought.isEmpty()) {
-        bool accepted = false;
-        const QString sought =
-            QInputDialog::getText(this, "Find", "Text to find:", QLineEdit::Normal,
-                                  hasSelectedText() ? selectedText() : m_sought, &accepted);
-        if (!accepted || sought.isEmpty())
+        if (!AskWhatToFind("Find"))
             return;
-        m_sought = sought;
     }
     int line = -1;
     int column = -1;
@@ -191,6 +207,7 @@ void EditorWidget::Execute(EditorCommand command) {
     case EditorCommand::Find: Find(false, false); break;
     case EditorCommand::FindNext: Find(true, false); break;
     case EditorCommand::FindPrev: Find(true, true); break;
+    case EditorCommand::Replace: ReplaceAll(); break;
     case EditorCommand::ShowWhitespace:
         setWhitespaceVisibility(whitespaceVisibility() == WsInvisible ? WsVisible : WsInvisible);
         break;

@@ -38,6 +38,9 @@ class EditorWidget : public QsciScintilla, public EditorView {
     void TakeText();
     void TakeSelection();
     void ChangeCase(QString (*change)(const QString&));
+    // False when there is nothing to look for.
+    bool AskWhatToFind(const QString& title);
+    void ReplaceAll();
     void Find(bool again, bool backward);
 
     Editor& m_editor;

@@ -120,14 +120,36 @@ void GridView::SectionResized() {
 }
 
 void GridView::ShowSelection() {
-    if (selectionModel() == nullptr)
+    if (selectionModel() == nullptr || m_grid.Row() == 0)
         return;
     const QModelIndex current = m_filter.mapFromSource(m_model.index(m_grid.Row() - 1, 0));
-    if (!current.isValid() || (m_grid.Row() == RowOf(currentIndex()) && selectionModel()->hasSelection()))
+    if (current.isValid() && m_grid.Row() != RowOf(currentIndex())) {
+        const QModelIndex place = current.siblingAtColumn(std::max(0, currentIndex().column()));
+        selectionModel()->setCurrentIndex(place, QItemSelectionModel::NoUpdate);
+        scrollTo(place);
+    }
+    ShowSelectedRows();
+}
+
+void GridView::ShowSelectedRows() {
+    std::vector<int> rows = m_grid.SelectedRows();
+    if (rows.empty())
+        rows.push_back(m_grid.Row());
+    if (rows == SelectedRows())
         return;
-    const QModelIndex place = current.siblingAtColumn(std::max(0, currentIndex().column()));
-    selectionModel()->setCurrentIndex(place, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    scrollTo(place);
+    QItemSelection selection;
+    for (const int row : rows)
+        if (const QModelIndex index = m_filter.mapFromSource(m_model.index(row - 1, 0)); index.isValid())
+            selection.select(index, index);
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+std::vector<int> GridView::SelectedRows() const {
+    std::vector<int> rows;
+    for (const QModelIndex& index : selectionModel()->selectedRows())
+        rows.push_back(RowOf(index));
+    std::ranges::sort(rows);
+    return rows;
 }
 
 int GridView::RowOf(const QModelIndex& index) const {
@@ -137,10 +159,7 @@ int GridView::RowOf(const QModelIndex& index) const {
 void GridView::SelectionMoved() {
     if (m_binding == nullptr || m_binding->IsWriting())
         return;
-    std::vector<int> rows;
-    for (const QModelIndex& index : selectionModel()->selectedRows())
-        rows.push_back(RowOf(index));
-    std::ranges::sort(rows);
+    const std::vector<int> rows = SelectedRows();
     Act([&] {
         if (const int row = RowOf(currentIndex()); row > 0)
             m_grid.SetRow(row);
@@ -196,22 +215,16 @@ void GridView::TickSelected() {
     if (column < 0 || current == 0)
         return;
     const bool tick = !m_model.IsTicked(current - 1, column);
-    std::vector<int> rows;
-    for (const QModelIndex& index : selectionModel()->selectedRows())
-        rows.push_back(RowOf(index));
+    std::vector<int> rows = SelectedRows();
     if (rows.empty())
         rows.push_back(current);
-    std::ranges::sort(rows);
-    const QItemSelection selection = selectionModel()->selection();
-    const QModelIndex place = currentIndex();
     Act([&] {
         for (const int row : rows)
             m_grid.EditCell(row, column + 1, Value(tick));
+        // Editing a row has made it the current one; the person's rows are given back.
+        m_grid.SetRow(current);
+        m_grid.SetSelectedRows(rows);
     });
-    // Editing a row makes it the current one; the person's rows are given back.
-    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    selectionModel()->setCurrentIndex(place, QItemSelectionModel::NoUpdate);
-    Act([&] { m_grid.SetRow(current); });
     viewport()->update();
 }
 

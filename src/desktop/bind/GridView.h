@@ -36,6 +36,9 @@ class GridView : public QTableView {
     int FittingWidth(int column) const;
     void SectionResized();
     void ShowSelection();
+    void ShowSelectedRows();
+    // Of those shown, in ascending order.
+    std::vector<int> SelectedRows() const;
     void SelectionMoved();
     // Gives all selected rows the opposite of the current row's tick.
     void TickSelected();

@@ -1,6 +1,7 @@
 #include "desktop/bind/ListWidgets.h"
 
 #include <QHeaderView>
+#include <QSignalBlocker>
 #include <QTabBar>
 #include <QTreeWidget>
 
@@ -12,6 +13,15 @@ namespace quillon::desktop {
 namespace {
 
 constexpr double twentiethsOfAPointToPixels = 96.0 / 72.0 / 20.0;
+
+// Getting the focus picks no entry, although the toolkit makes the first one current then.
+class PickingTree : public QTreeWidget {
+  protected:
+    void focusInEvent(QFocusEvent* event) override {
+        const QSignalBlocker isNoPick(this);
+        QTreeWidget::focusInEvent(event);
+    }
+};
 
 QIcon Picture(const IconLookup& iconOf, const std::string& key) {
     return iconOf && !key.empty() ? iconOf(key) : QIcon();
@@ -54,7 +64,7 @@ void ShowSelection(QTreeWidget& widget, const ListView& list) {
 } // namespace
 
 QTreeWidget* NewListView(ListView& list, IconLookup iconOf) {
-    auto* widget = new QTreeWidget;
+    auto* widget = new PickingTree;
     widget->setRootIsDecorated(false);
     widget->setUniformRowHeights(true);
     widget->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -94,7 +104,7 @@ QTreeWidget* NewListView(ListView& list, IconLookup iconOf) {
 }
 
 QTreeWidget* NewTreeView(TreeView& tree, IconLookup iconOf) {
-    auto* widget = new QTreeWidget;
+    auto* widget = new PickingTree;
     widget->setHeaderHidden(true);
     widget->setContextMenuPolicy(Qt::CustomContextMenu);
     constexpr int nodeRole = Qt::UserRole;

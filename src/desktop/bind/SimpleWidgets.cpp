@@ -84,8 +84,29 @@ QRadioButton* NewOption(OptionButton& option) {
     return widget;
 }
 
+namespace {
+
+// Some boxes act when they are clicked: the one that names the profile opens the choice of another.
+class TextWidget : public QLineEdit {
+  public:
+    explicit TextWidget(TextBox& box)
+        : m_box(box) {}
+
+  protected:
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        QLineEdit::mouseReleaseEvent(event);
+        if (m_box.OnClick && event->button() == Qt::LeftButton)
+            Act(m_box.OnClick);
+    }
+
+  private:
+    TextBox& m_box;
+};
+
+} // namespace
+
 QLineEdit* NewTextBox(TextBox& box) {
-    auto* widget = new QLineEdit;
+    auto* widget = new TextWidget(box);
     auto* binding = new Binding(*widget, box, [widget, &box](ControlChange change) {
         widget->setEchoMode(box.IsPassword() ? QLineEdit::Password : QLineEdit::Normal);
         widget->setReadOnly(box.IsReadOnly());

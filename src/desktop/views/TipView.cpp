@@ -2,6 +2,7 @@
 #include "desktop/views/ScreenViews.h"
 
 #include <QCheckBox>
+#include <QScrollArea>
 
 #include "desktop/bind/SimpleWidgets.h"
 #include "desktop/views/Layout.h"
@@ -16,7 +17,11 @@ void BuildTipView(frmTip& screen, QMainWindow& window) {
     QLabel* tip = NewLabel(screen.lblTip);
     tip->setWordWrap(true);
     tip->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    column->addWidget(tip, 1);
+    auto* room = new QScrollArea; // tips of the user's own may be long
+    room->setFrameShape(QFrame::NoFrame);
+    room->setWidgetResizable(true);
+    room->setWidget(tip);
+    column->addWidget(room, 1);
     column->addWidget(NewCheckBox(screen.chkLoadTipsAtStartup));
     column->addLayout(ButtonRow({NewButton(screen.cmdOK), NewButton(screen.cmdNextTip)}));
 }
