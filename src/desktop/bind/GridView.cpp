@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QTimer>
 
 #include "desktop/bind/Act.h"
 #include "desktop/bind/Binding.h"
@@ -48,7 +49,7 @@ void GridView::Follow(ControlChange change) {
         if (m_grid.Generation() != m_generation || m_model.columnCount() != std::ssize(m_grid.Columns()))
             m_model.Renew();
         m_generation = m_grid.Generation();
-        FitColumns();
+        FitColumnsSoon();
     }
     if (change == ControlChange::Items || change == ControlChange::Selection)
         ShowSelection();
@@ -61,6 +62,15 @@ int GridView::FittingWidth(int column) const {
     if (m_model.ColumnAt(column).Kind != Grid::ColumnKind::Text)
         return heading;
     return std::clamp(sizeHintForColumn(column) + 2 * letter, std::max(heading, 12 * letter), 36 * letter);
+}
+
+// Once for all changes of one act: a grid may be filled anew for each of ten thousand rows that are ticked.
+void GridView::FitColumnsSoon() {
+    if (!std::exchange(m_fitIsDue, true))
+        QTimer::singleShot(0, this, [this] {
+            m_fitIsDue = false;
+            FitColumns();
+        });
 }
 
 void GridView::FitColumns() {

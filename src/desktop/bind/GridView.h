@@ -31,6 +31,7 @@ class GridView : public QTableView {
   private:
     void Follow(ControlChange change);
     void FitColumns();
+    void FitColumnsSoon();
     void SetFittingWidths();
     void FillWidth();
     int FittingWidth(int column) const;
@@ -52,6 +53,7 @@ class GridView : public QTableView {
     Binding* m_binding = nullptr;
     int m_generation = -1;
     bool m_isFitting = false;
+    bool m_fitIsDue = false;
     QList<int> m_widths; // chosen by a person; empty without
 };
 

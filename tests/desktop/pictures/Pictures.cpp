@@ -1,5 +1,5 @@
-// Takes pictures of every screen as a person meets them on the main job, for docs/pictures. No test: it stands in a
-// program of its own, which tools/pictures runs for each palette and scale.
+// Takes pictures of every screen as a person meets them on the main job, for docs/pictures. No test: it
+// stands in a program of its own, which tools/pictures runs for each palette and scale.
 #include "desktop/DesktopFixture.h"
 
 #include <QTest>
@@ -26,7 +26,8 @@ class Pictures : public ServedFixture {
         const QString file = qEnvironmentVariable("QUILLON_PICTURES") + "/" + name + "-" +
                              (desktop::Theme::Current().isDark ? "dark" : "light") + "-" +
                              QString::number(window.devicePixelRatio() * 100) + ".png";
-        const QImage picture = window.grab().toImage().convertToFormat(QImage::Format_Indexed8, Qt::ThresholdDither);
+        const QImage picture =
+            window.grab().toImage().convertToFormat(QImage::Format_Indexed8, Qt::ThresholdDither);
         if (!picture.save(file, "PNG", 0))
             throw std::runtime_error("cannot write " + file.toStdString());
     }
@@ -61,7 +62,8 @@ void Pictures::InstallAll() {
     ExpectPicture("message", "message");
     windows.Expect("frmInstall", [this](QWidget& install) {
         Take(install, "install");
-        windows.ExpectMessage("Are you sure you want to run this installation script(s)", "Confirm Operation");
+        windows.ExpectMessage("Are you sure you want to run this installation script(s)",
+                              "Confirm Operation");
         ExpectPicture("frmScriptResults", "run-log");
         Click("cmdRun", install);
         Click("cmdClose", install);
