@@ -182,7 +182,7 @@ QSplitter* NewGrids(frmMain& screen) {
     grids->addWidget(right);
     grids->setStretchFactor(0, 1);
     grids->setStretchFactor(1, 1);
-    grids->setSizes({620, 500});
+    grids->setSizes({560, 560});
     grids->setChildrenCollapsible(false);
     right->setChildrenCollapsible(false);
     Memory::Instance().Follow(*right);

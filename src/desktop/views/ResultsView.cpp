@@ -26,7 +26,7 @@ void BuildResultsView(frmResults& screen, QMainWindow& window) {
     row->addWidget(NewCheckBox(screen.chkShowLineNumbers));
     row->addLayout(ButtonRow({NewButton(screen.cmdOK), NewButton(screen.cmdCancel)}));
     column->addLayout(row);
-    ShowPanels(*window.statusBar(), screen.stbStatus, {18, 0, 18});
+    ShowPanels(*window.statusBar(), screen.stbStatus, {18, 18, 0});
 }
 
 } // namespace quillon::desktop

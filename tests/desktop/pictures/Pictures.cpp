@@ -2,8 +2,11 @@
 // stands in a program of its own, which tools/pictures runs for each palette and scale.
 #include "desktop/DesktopFixture.h"
 
+#include <QHash>
+#include <QImage>
 #include <QTest>
-#include <QTextBrowser>
+
+#include <algorithm>
 
 #include "desktop/Memory.h"
 #include "desktop/Theme.h"
@@ -13,6 +16,18 @@
 namespace quillon::tests {
 namespace {
 
+// With the 256 colours that are seen most, so that a picture stays small and looks the same.
+QImage InFewColours(const QImage& picture) {
+    QHash<QRgb, int> seen;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            ++seen[picture.pixel(x, y)];
+    QList<QRgb> colours = seen.keys();
+    std::ranges::sort(colours, [&seen](QRgb one, QRgb other) { return seen[one] > seen[other]; });
+    colours.resize(std::min<qsizetype>(colours.size(), 256));
+    return picture.convertToFormat(QImage::Format_Indexed8, colours, Qt::ThresholdDither);
+}
+
 class Pictures : public ServedFixture {
   protected:
     Pictures() {
@@ -21,22 +36,23 @@ class Pictures : public ServedFixture {
         settings::Write("1", settings::ShowTips);
     }
 
-    void Take(QWidget& window, const QString& name) {
+    // The offscreen desktop is small; a large window gets the size that it has on a person's.
+    void Take(QWidget& window, const QString& name, const QSize& size = {}) {
+        if (size.isValid())
+            window.resize(size);
         QTest::qWait(50);
         const QString file = qEnvironmentVariable("QUILLON_PICTURES") + "/" + name + "-" +
                              (desktop::Theme::Current().isDark ? "dark" : "light") + "-" +
                              QString::number(window.devicePixelRatio() * 100) + ".png";
-        const QImage picture =
-            window.grab().toImage().convertToFormat(QImage::Format_Indexed8, Qt::ThresholdDither);
-        if (!picture.save(file, "PNG", 0))
+        const QImage picture = window.grab().toImage().convertToFormat(QImage::Format_RGB32);
+        if (!InFewColours(picture).save(file, "PNG", 0))
             throw std::runtime_error("cannot write " + file.toStdString());
     }
-    void TakeAndLeave(QWidget& window, const QString& name) {
-        Take(window, name);
-        QTest::keyClick(&window, Qt::Key_Escape);
-    }
-    void ExpectPicture(const QString& window, const QString& name) {
-        windows.Expect(window, [this, name](QWidget& shown) { TakeAndLeave(shown, name); });
+    void ExpectPicture(const QString& window, const QString& name, const QSize& size = {}) {
+        windows.Expect(window, [this, name, size](QWidget& shown) {
+            Take(shown, name, size);
+            QTest::keyClick(&shown, Qt::Key_Escape);
+        });
     }
 
     void LogIn();
@@ -64,7 +80,7 @@ void Pictures::InstallAll() {
         Take(install, "install");
         windows.ExpectMessage("Are you sure you want to run this installation script(s)",
                               "Confirm Operation");
-        ExpectPicture("frmScriptResults", "run-log");
+        ExpectPicture("frmScriptResults", "run-log", {860, 560});
         Click("cmdRun", install);
         Click("cmdClose", install);
     });
@@ -86,7 +102,7 @@ TEST_F(Pictures, OfEveryScreen) {
     windows.ExpectAndLeave("frmScriptResults");
     PressTool("Generate Triggers", Main());
     ClickCell(Tables(), "Customer", Name);
-    Take(Main(), "main");
+    Take(Main(), "main", {1280, 800});
 
     desktop::Memory::Instance().SetProduction(ServerName(), true);
     windows.Expect("frmODBCLogon", [this](QWidget& login) {
@@ -95,17 +111,15 @@ TEST_F(Pictures, OfEveryScreen) {
     });
     Choose(Main(), "mnuFileConnect");
     PickDatabase();
-    Take(Main(), "main-production");
+    Take(Main(), "main-production", {1280, 800});
 
-    ExpectPicture("frmDDL", "table-script");
+    ExpectPicture("frmDDL", "table-script", {820, 600});
     DoubleClickCell(Tables(), "Customer", Name);
     settings::Write("1", settings::Editor);
-    ExpectPicture("frmResults", "script-editor");
+    TickCustomer();
+    ExpectPicture("frmResults", "script-editor", {920, 640});
     PressTool("Generate Triggers", Main());
-    windows.Expect("frmOptions", [this](QWidget& options) {
-        Take(options, "options");
-        TakeAndLeave(options, "options");
-    });
+    ExpectPicture("frmOptions", "options");
     Choose(Main(), "mnuOptions");
     ExpectPicture("frmAbout", "about");
     Choose(Main(), "mnuaboutStonemere");
