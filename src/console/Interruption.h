@@ -11,7 +11,8 @@ class Interruption {
     // Listens while it lives; one at a time. The request is passed on at the next event-loop turn.
     explicit Interruption(ConsoleFrontEnd& frontEnd);
     ~Interruption();
-    // For work without turns: from here on the first Ctrl+C ends the process. The server rolls back what was open.
+    // For work without turns: from here on the first Ctrl+C ends the process. The server rolls back what was
+    // open.
     static void EndAtOnce();
     Interruption(const Interruption&) = delete;
     Interruption& operator=(const Interruption&) = delete;

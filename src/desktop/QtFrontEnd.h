@@ -71,7 +71,7 @@ class QtFrontEnd : public QObject, public FrontEnd {
     std::map<const Screen*, std::unique_ptr<ScreenWindow>> m_windows;
     Pointer m_pointer = Pointer::Default;
     QString m_guide;
-    int m_boxes = 0; // that have waited for a person so far
+    int m_boxes = 0;                      // that have waited for a person so far
     const QKeyEvent* m_seenKey = nullptr; // the key event that is on its way down
 };
 

@@ -33,7 +33,8 @@ TEST_F(ServerCommand, ListsDatabasesAndTables) {
     EXPECT_NE(Ask("databases").find("\nSales\n"), std::string::npos);
     EXPECT_EQ(exitCode, 0);
     const std::string tables = Ask("--database Sales tables");
-    EXPECT_NE(tables.find("\n    OrderID bigint not null identity primary key\n"), std::string::npos) << tables;
+    EXPECT_NE(tables.find("\n    OrderID bigint not null identity primary key\n"), std::string::npos)
+        << tables;
     const std::string json = Ask("--database sales tables --json");
     EXPECT_NE(json.find("\"database\": \"Sales\""), std::string::npos) << json;
     EXPECT_NE(json.find("\"declaration\": \"decimal("), std::string::npos);

@@ -13,8 +13,8 @@ class DiskFiles : public Files {
     // and the one that takes its place otherwise, made when it is missing. Raises 70, 75, 76 when neither can
     // be had.
     DiskFiles(const std::string& executableFolder, const std::string& dataFolder);
-    // For the running program and user: preferred is $QUILLON_HOME, else the executable's folder unless the system
-    // installed it there.
+    // For the running program and user: preferred is $QUILLON_HOME, else the executable's folder unless the
+    // system installed it there.
     DiskFiles();
 
     std::string ApplicationFolder() const override { return m_applicationFolder; }

@@ -47,8 +47,8 @@ class Executor {
     // Result rows go to the context's sink; Done is the session's to send.
     StatementOutcome Execute(const tsql::Statement& statement);
 
-    // After a failure of Execute: whether the statement had been bound and was changing rows, so that it has been
-    // terminated (3621) rather than refused.
+    // After a failure of Execute: whether the statement had been bound and was changing rows, so that it has
+    // been terminated (3621) rather than refused.
     bool HasBegun() const;
 
     // The value of an expression, with its static type even when null. 137 for undeclared variables.

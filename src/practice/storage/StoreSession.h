@@ -115,7 +115,7 @@ class StoreSession {
     int m_sessionId;
     OwnConnection m_connection;
     std::unordered_map<std::string, Prepared> m_kept; // few texts, used all the time
-    std::shared_ptr<const Catalogue> m_view; // committed, or own
+    std::shared_ptr<const Catalogue> m_view;          // committed, or own
     bool m_ownView = false;
     TemporaryTables m_temporary;
     TemporaryTables::State m_temporaryAtBegin;

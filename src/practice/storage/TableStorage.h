@@ -11,7 +11,7 @@ namespace quillon::practice {
 
 void CreateTableStorage(sqlite3* connection, const Table& table); // with its indexes
 void DropTableStorage(sqlite3* connection, const Table& table);
-void DropTables(sqlite3* connection, const Database& database); // all that it has
+void DropTables(sqlite3* connection, const Database& database);                       // all that it has
 void AddColumnStorage(sqlite3* connection, const Table& table, const Column& column); // holds NULL
 // `filter` is the condition in SQLite's language over the columns c<n>; empty for a whole index. A unique
 // index over rows that are not unique throws StoreFailure with SQLITE_CONSTRAINT_UNIQUE.

@@ -24,7 +24,8 @@ class Inbox {
     void Close();
 
     // The server's side. Waits for the next request, or an attention that came between two requests (a
-    // message of that type), which comes after what the client had sent before it. Nothing: the client has gone and nothing is left to serve.
+    // message of that type), which comes after what the client had sent before it. Nothing: the client has
+    // gone and nothing is left to serve.
     std::optional<ClientMessage> Take();
     // Brackets every request. Begin says no when the client has already asked to stop or has gone. End says
     // whether the client asked to stop this request, which then must be acknowledged.

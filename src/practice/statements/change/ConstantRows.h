@@ -1,5 +1,5 @@
-// INSERT ... VALUES of literals alone, of which scripts that carry data are made: the values are there without
-// a query, and statements that differ in their literals alone share one plan.
+// INSERT ... VALUES of literals alone, of which scripts that carry data are made: the values are there
+// without a query, and statements that differ in their literals alone share one plan.
 #pragma once
 
 #include "practice/tsql/TreeDml.h"

@@ -158,7 +158,8 @@ void SetTriggerOrder(Engine& engine, const Trigger& trigger, TriggerEvent event,
         const TriggerFor* entry = other->For(event);
         if (order != TriggerOrder::None && other->id != trigger.id && entry != nullptr &&
             entry->order == order)
-            throw SqlError(15130, {order == TriggerOrder::First ? "first" : "last", words[static_cast<std::size_t>(event)]});
+            throw SqlError(15130, {order == TriggerOrder::First ? "first" : "last",
+                                   words[static_cast<std::size_t>(event)]});
     }
     StatementScope scope(engine, StoreSession::Writes::Data);
     engine.store.Change([&](CatalogueEditor& editor) {
