@@ -144,6 +144,25 @@ TEST_F(LoginTest, ARefusedLoginIsToldAndCanBeCorrected) {
     EXPECT_EQ(g_strServer, "PRACTICE");
 }
 
+// Whoever tries another server and fails works on where they were.
+TEST_F(LoginTest, ARefusedLoginLeavesTheSessionOnItsServer) {
+    Show([&] {
+        screen.cboServer.SetText("PRACTICE");
+        screen.cmdOK.Click();
+    });
+    const auto server = g_objSQLServer;
+    Show([&] {
+        screen.optType[Type::SqlServer].Click();
+        screen.txtUID.SetText("bob");
+        frontEnd.ExpectMessage("Login Unsuccessful - Check UserName and Password\r\n\r\n"
+                               "Login failed for user 'bob'.",
+                               "Login Failed", Icon::Information);
+        screen.cmdOK.Click();
+        screen.cmdCancel.Click();
+    });
+    EXPECT_EQ(g_objSQLServer, server);
+}
+
 TEST_F(LoginTest, CancelAnswersNonZeroAlsoAfterASuccess) {
     Show([&] {
         screen.cboServer.SetText("PRACTICE");
