@@ -9,10 +9,11 @@
 namespace quillon::console {
 namespace {
 
-// Messages below this number are the server's remarks, such as the change of database.
+// Some messages are remarks: the change of database and language, NULLs left out of a sum, and a procedure
+// that leaves its transaction open or ends the caller's, as those of an undo do.
 bool IsError(const std::string& line) {
     constexpr std::string_view mark = "Server: Msg ";
-    constexpr long remarks[] = {5701, 5703, 8153};
+    constexpr long remarks[] = {266, 5701, 5703, 8153};
     if (!line.starts_with(mark))
         return false;
     const long number = std::atol(line.c_str() + mark.size());

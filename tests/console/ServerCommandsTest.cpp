@@ -177,7 +177,8 @@ TEST_F(ServerCommands, WhatCannotBeGeneratedIsRefusedAndWritesNothing) {
 TEST_F(ServerCommands, ExecutePrintsWhatTheServerSays) {
     folder.Write("s.sql", "PRINT 'one'\nGO\nSELECT * FROM nowhere\nGO\nPRINT 'three'\nGO\n");
     const std::string log = On("execute s.sql --name Mine");
-    EXPECT_EQ(exitCode, 0) << "a batch that the server refuses is a line of the log";
+    EXPECT_EQ(exitCode, 1);
+    EXPECT_TRUE(ErrorsTell("The server refused 1 batch")) << Errors();
     EXPECT_TRUE(log.starts_with("Running 'Mine' script...\n")) << log;
     EXPECT_LT(log.find("one"), log.find("Server: Msg 208\nInvalid object name 'nowhere'."));
     EXPECT_LT(log.find("Server: Msg 208"), log.find("three"));

@@ -1,12 +1,12 @@
 // execute FILE [--name NAME]: runs a script batch by batch and prints the run log.
 //
-// A batch that the server refuses is a line of the log and no failure of the command, as in the screens.
+// A batch that the server refuses does not keep the next ones from running; the command fails in the end.
 #include <CLI/CLI.hpp>
 
 #include "adapters/files/NativePath.h"
 #include "console/Interruption.h"
+#include "console/RunLogOutput.h"
 #include "console/ServerOptions.h"
-#include "console/StandardOutput.h"
 #include "console/commands/Commands.h"
 #include "execution/basExecScript.h"
 #include "platform/Files.h"
@@ -32,9 +32,7 @@ void Execute(const CLI::App& app, const Options& options) {
     RunLog log;
     basExecScript::ProcScript(
         script, options.name.empty() ? basStringFunctions::JustFileName(path) : options.name, log);
-    for (const std::string& line : log)
-        WriteStandardOutput(line + "\n");
-    FlushStandardOutput();
+    PrintRunLog(log);
 }
 
 } // namespace
