@@ -1,6 +1,7 @@
 #include "desktop/bind/GridView.h"
 
 #include <QContextMenuEvent>
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -228,13 +229,24 @@ void GridView::TickSelected() {
     std::vector<int> rows = SelectedRows();
     if (rows.empty())
         rows.push_back(current);
+    // Thousands of rows take seconds, in which the ticks are seen to come.
+    constexpr int signOfLife = 250; // milliseconds
+    QElapsedTimer sincePaint;
+    sincePaint.start();
+    QGuiApplication::setOverrideCursor(Qt::BusyCursor);
     Act([&] {
-        for (const int row : rows)
+        for (const int row : rows) {
             m_grid.EditCell(row, column + 1, Value(tick));
+            if (sincePaint.hasExpired(signOfLife)) {
+                viewport()->repaint();
+                sincePaint.start();
+            }
+        }
         // Editing a row has made it the current one; the person's rows are given back.
         m_grid.SetRow(current);
         m_grid.SetSelectedRows(rows);
     });
+    QGuiApplication::restoreOverrideCursor();
     viewport()->update();
 }
 

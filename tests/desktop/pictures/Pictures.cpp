@@ -10,8 +10,10 @@
 
 #include "desktop/Memory.h"
 #include "desktop/Theme.h"
+#include "shell/ScreenInstances.h"
 #include "shell/Settings.h"
 #include "shell/basMain.h"
+#include "template/frmIncludes.h"
 
 namespace quillon::tests {
 namespace {
@@ -121,6 +123,8 @@ TEST_F(Pictures, OfEveryScreen) {
     PressTool("Generate Triggers", Main());
     ExpectPicture("frmOptions", "options");
     Choose(Main(), "mnuOptions");
+    ExpectPicture("frmIncludes", "includes");
+    TheScreen<frmIncludes>().LoadIncludes();
     ExpectPicture("frmAbout", "about");
     Choose(Main(), "mnuaboutStonemere");
 }
