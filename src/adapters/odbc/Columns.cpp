@@ -19,12 +19,17 @@ T As(const std::vector<char>& buffer) {
     return value;
 }
 
-DateValue DateOf(const SQL_TIMESTAMP_STRUCT& moment) {
-    const auto whole =
-        conversion::DateOf(moment.year, moment.month, moment.day, moment.hour, moment.minute, moment.second);
+// `day` and `days` keep the last day: rows that follow each other mostly share theirs.
+DateValue DateOf(const SQL_TIMESTAMP_STRUCT& moment, SQL_DATE_STRUCT& day, double& days) {
+    if (moment.year != day.year || moment.month != day.month || moment.day != day.day) {
+        days = conversion::DateOf(moment.year, moment.month, moment.day, 0, 0, 0).days;
+        day = {moment.year, moment.month, moment.day};
+    }
+    const double time = (moment.hour * 3600 + moment.minute * 60 + moment.second) / 86400.0;
+    const double whole = days < 0 ? days - time : days + time;
     // A fraction of a second has no place in the date's text, but it counts when dates are compared.
     constexpr double nanosecondsOfDay = 86400e9;
-    return {whole.days + std::copysign(moment.fraction / nanosecondsOfDay, whole.days)};
+    return {whole + std::copysign(moment.fraction / nanosecondsOfDay, whole)};
 }
 
 // "12.300" as "12.3", "5.00" as "5", ".5" as "0.5".
@@ -180,7 +185,9 @@ void Columns::SetBound(Column& column, Value& value) {
     case Form::Boolean: value = Value(As<SQLCHAR>(column.buffer) != 0); return;
     case Form::Double: value = Value(As<double>(column.buffer)); return;
     case Form::Single: value = Value(As<float>(column.buffer)); return;
-    case Form::Date: value = Value(DateOf(As<SQL_TIMESTAMP_STRUCT>(column.buffer))); return;
+    case Form::Date:
+        value = Value(DateOf(As<SQL_TIMESTAMP_STRUCT>(column.buffer), column.day, column.days));
+        return;
     default: break;
     }
     const auto length = std::min(static_cast<std::size_t>(column.length), column.buffer.size() - 1);

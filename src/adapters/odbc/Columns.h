@@ -52,6 +52,8 @@ class Columns {
         bool isBound = true;
         SQLLEN length = 0; // of the value fetched, SQL_NULL_DATA for null
         std::vector<char> buffer;
+        SQL_DATE_STRUCT day{}; // of the last moment read, with its number
+        double days = 0;
     };
 
     void Describe(Column& column, SQLUSMALLINT number);
