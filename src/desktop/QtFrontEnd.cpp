@@ -140,11 +140,13 @@ Answer QtFrontEnd::Message(const std::string& text, const std::string& title, Ic
 }
 
 std::optional<std::string> QtFrontEnd::ChooseFile(const FileDialog& dialog) {
+    ++m_boxes;
     return ShowFileDialog(Parent(), dialog);
 }
 
 std::string QtFrontEnd::AskText(const std::string& prompt, const std::string& title,
                                 const std::string& defaultText) {
+    ++m_boxes;
     const auto answer = ShowTextQuestion(Parent(), Text(prompt), Text(title), Text(defaultText));
     return answer ? Text(*answer) : std::string();
 }

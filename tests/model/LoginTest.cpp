@@ -20,6 +20,15 @@ class LoginTest : public DataTest {
         for (const char* name : names)
             settings::WriteServer(name, ++number);
     }
+    // A login that the server does not know.
+    void BeRefused() {
+        screen.optType[frmODBCLogon::SqlServer].Click();
+        screen.txtUID.SetText("bob");
+        frontEnd.ExpectMessage("Login Unsuccessful - Check UserName and Password\r\n\r\n"
+                               "Login failed for user 'bob'.",
+                               "Login Failed", Icon::Information);
+        screen.cmdOK.Click();
+    }
     // Leaves the name of an option or box with the focus, as a view tells it.
     static void Focus(Control& control) { control.OnGotFocus(); }
 
@@ -127,12 +136,7 @@ TEST_F(LoginTest, ARefusedLoginIsToldAndCanBeCorrected) {
     settings.Set("server", "former");
     const auto answer = Show([&] {
         screen.cboServer.SetText("PRACTICE");
-        screen.optType[Type::SqlServer].Click();
-        screen.txtUID.SetText("bob");
-        frontEnd.ExpectMessage("Login Unsuccessful - Check UserName and Password\r\n\r\n"
-                               "Login failed for user 'bob'.",
-                               "Login Failed", Icon::Information);
-        screen.cmdOK.Click();
+        BeRefused();
         EXPECT_TRUE(screen.IsVisible());
         EXPECT_EQ(frontEnd.CurrentPointer(), Pointer::Default);
         EXPECT_EQ(g_strServer, "");
@@ -152,12 +156,7 @@ TEST_F(LoginTest, ARefusedLoginLeavesTheSessionOnItsServer) {
     });
     const auto server = g_objSQLServer;
     Show([&] {
-        screen.optType[Type::SqlServer].Click();
-        screen.txtUID.SetText("bob");
-        frontEnd.ExpectMessage("Login Unsuccessful - Check UserName and Password\r\n\r\n"
-                               "Login failed for user 'bob'.",
-                               "Login Failed", Icon::Information);
-        screen.cmdOK.Click();
+        BeRefused();
         screen.cmdCancel.Click();
     });
     EXPECT_EQ(g_objSQLServer, server);

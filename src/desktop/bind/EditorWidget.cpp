@@ -14,7 +14,8 @@
 namespace quillon::desktop {
 namespace {
 
-enum Margin { NumberMargin = 0, FoldMargin = 1, LeftMargin = 2 };
+// Names of our own: the library has a NumberMargin too, which is a kind of margin and no place.
+constexpr int linesPlace = 0, foldsPlace = 1, leftPlace = 2;
 constexpr int errorMarker = 8;
 
 } // namespace
@@ -26,7 +27,7 @@ EditorWidget::EditorWidget(Editor& editor)
     setTabWidth(4);
     setScrollWidth(1);
     setScrollWidthTracking(true);
-    setMarginWidth(FoldMargin, 0);
+    setMarginWidth(foldsPlace, 0);
     markerDefine(Background, errorMarker);
     m_binding = new Binding(*this, editor, [this](ControlChange change) { Follow(change); });
     editor.View = this;
@@ -94,12 +95,12 @@ void EditorWidget::ShowLanguage() {
 }
 
 void EditorWidget::ShowMargins() {
-    setMarginLineNumbers(NumberMargin, m_editor.LineNumbers());
+    setMarginLineNumbers(linesPlace, m_editor.LineNumbers());
     if (m_editor.LineNumbers())
-        setMarginWidth(NumberMargin, QString(" %1").arg(lines() * 10));
+        setMarginWidth(linesPlace, QString(" %1").arg(lines() * 10));
     else
-        setMarginWidth(NumberMargin, 0);
-    setMarginWidth(LeftMargin, m_editor.LeftMargin() ? fontMetrics().averageCharWidth() * 2 : 0);
+        setMarginWidth(linesPlace, 0);
+    setMarginWidth(leftPlace, m_editor.LeftMargin() ? fontMetrics().averageCharWidth() * 2 : 0);
 }
 
 void EditorWidget::ShowMark() {
