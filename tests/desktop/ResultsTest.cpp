@@ -144,10 +144,11 @@ TEST_F(ScriptEditor, ReplaceChangesEveryPlace) {
 }
 
 TEST_F(ScriptEditor, MarginAndNumbersAreRemembered) {
+    constexpr int firstMargin = 0; // where the numbers stand
     Edit("x", [](QWidget& window) {
-        EXPECT_GT(Text(window).marginWidth(QsciScintilla::NumberMargin), 0);
+        EXPECT_GT(Text(window).marginWidth(firstMargin), 0);
         Click("chkShowLineNumbers", window);
-        EXPECT_EQ(Text(window).marginWidth(QsciScintilla::NumberMargin), 0);
+        EXPECT_EQ(Text(window).marginWidth(firstMargin), 0);
         Click("chkLeftMargin", window);
         Click("cmdCancel", window);
     });
@@ -155,7 +156,7 @@ TEST_F(ScriptEditor, MarginAndNumbersAreRemembered) {
     EXPECT_EQ(settings::Read(settings::LeftMargin), "1");
     Edit("x", [](QWidget& window) {
         EXPECT_FALSE(Find<QCheckBox>("chkShowLineNumbers", window).isChecked());
-        EXPECT_EQ(Text(window).marginWidth(QsciScintilla::NumberMargin), 0);
+        EXPECT_EQ(Text(window).marginWidth(firstMargin), 0);
         Click("cmdCancel", window);
     });
 }
