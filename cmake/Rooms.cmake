@@ -72,10 +72,10 @@ function(quillon_tests name)
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
 endfunction()
 
-# quillon_fuzz(NAME FILE LINK lib...): a libFuzzer target.
-function(quillon_fuzz name file)
+# quillon_fuzz(NAME FILE... LINK lib...): a libFuzzer target.
+function(quillon_fuzz name)
   cmake_parse_arguments(FUZZ "" "" "LINK" ${ARGN})
-  add_executable(${name} ${file})
+  add_executable(${name} ${FUZZ_UNPARSED_ARGUMENTS})
   target_link_options(${name} PRIVATE -fsanitize=fuzzer)
   target_link_libraries(${name} PRIVATE ${FUZZ_LINK})
 endfunction()

@@ -2,6 +2,8 @@
 // two letters at a line start, and a script that ends in a separator loses nothing.
 #include <cstdint>
 #include <cstdlib>
+#include <string>
+#include <string_view>
 
 #include "execution/GoSplitter.h"
 

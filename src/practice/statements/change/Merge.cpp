@@ -208,7 +208,7 @@ StatementOutcome RunMerge(Engine& engine, const tsql::MergeStatement& statement)
                                         {tsql::MergeAction::Update, TriggerEvent::Update},
                                         {tsql::MergeAction::Insert, TriggerEvent::Insert}})
         if (std::any_of(plan->clauses.begin(), plan->clauses.end(),
-                        [&](const Clause& clause) { return clause.action == action; }))
+                        [wanted = action](const Clause& clause) { return clause.action == wanted; }))
             events.push_back(event);
     CheckOutput(engine, statement, *plan->table, events);
     for (const TriggerEvent event : events)

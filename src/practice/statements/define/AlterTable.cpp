@@ -22,8 +22,9 @@ void Add(Engine& engine, const tsql::AlterTableStatement& statement,
     if (!after->temporary)
         for (const auto& [name, constraint] : ConstraintsOf(*after)) {
             const auto known = ConstraintsOf(*before);
-            const bool old = std::any_of(known.begin(), known.end(),
-                                         [&](const auto& one) { return one.second.id == constraint.id; });
+            const bool old = std::any_of(known.begin(), known.end(), [id = constraint.id](const auto& one) {
+                return one.second.id == id;
+            });
             if (!old)
                 RequireFreeName(engine, home, name);
         }
