@@ -1,4 +1,4 @@
-Dim a(), d, i, sum
+Dim a, d, i, sum
 ReDim a(999999)
 For i = 0 To 999999
   a(i) = i

@@ -1,5 +1,7 @@
 // Elements of arrays, Dim, ReDim and Erase.
 
+#include <algorithm>
+
 #include "platform/FailureNumbers.h"
 #include "vbscript/machine/Array.h"
 #include "vbscript/machine/Convert.h"
@@ -90,7 +92,7 @@ void Machine::DoDimArray(Step at) {
     const ArrayShape& shape = Top().code->shapes[at->b];
     const Variant& held = Read(at->a);
     if (held.IsArray() && held.AsArray()->IsFixedSize() == shape.isFixed &&
-        (!shape.isFixed || held.AsArray()->UpperBounds() == shape.bounds))
+        (!shape.isFixed || std::ranges::equal(held.AsArray()->UpperBounds(), shape.bounds)))
         return;
     Variant array(ArrayBuffer::Create(shape.bounds, shape.isFixed));
     Target(at->a).Swap(array);
@@ -107,7 +109,7 @@ void Machine::DoReDim(Step at, bool preserve) {
     Variant& variable = Target(at->a);
     RequireResizable(variable); // reading the bounds may have run code
     if (variable.IsArray() && preserve && variable.AsArray()->Dimensions() != 0) {
-        OwnArray(variable)->Resize(bounds);
+        ResizeArray(variable, bounds);
         return;
     }
     Variant fresh(ArrayBuffer::Create(bounds));

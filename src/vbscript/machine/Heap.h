@@ -51,6 +51,7 @@ class Heap {
 
     static std::size_t Used() noexcept { return s_used; }
     static std::size_t Limit() noexcept { return s_limit; }
+    static std::size_t Left() noexcept { return s_used < s_limit ? s_limit - s_used : 0; }
     static void SetLimit(std::size_t bytes) noexcept { s_limit = bytes; }
 
   private:

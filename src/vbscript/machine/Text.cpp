@@ -130,7 +130,7 @@ void Text::Grow(std::size_t length) {
     if (length > MaxLength)
         throw Failure(numbers::OutOfStringSpace);
     std::size_t capacity = std::min(std::max<std::size_t>(length * 2, 24), MaxLength);
-    if (capacity * sizeof(char16_t) > Heap::Limit() - std::min(Heap::Used(), Heap::Limit()))
+    if (capacity * sizeof(char16_t) > Heap::Left())
         capacity = length; // the room behind is a convenience; near the limit do without
     const auto bytesFor = [](std::size_t characters) {
         return sizeof(Buffer) + characters * sizeof(char16_t);

@@ -170,6 +170,9 @@ class Variant {
     // Keeps `array` alive and locked as long as it lives.
     static Variant LockOf(ArrayBuffer* array) noexcept;
 
+    // The array held, which nobody else holds, lies elsewhere now.
+    void ArrayMoved(ArrayBuffer* array) noexcept { m_held.array = array; }
+
     // --- for the machine's fast paths: overwrite without release, only over an uncounted kind ---
     void SetNumber(Kind kind, std::int64_t number) noexcept {
         m_held.number = number;

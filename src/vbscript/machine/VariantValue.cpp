@@ -29,7 +29,7 @@ Value ToArray(const ArrayBuffer& array, int depth) {
     if (depth > DeepestArrays)
         throw Failure(numbers::OutOfStackSpace);
     auto result = std::make_shared<ArrayValue>();
-    result->upperBounds = array.UpperBounds();
+    result->upperBounds.assign(array.UpperBounds().begin(), array.UpperBounds().end());
     result->elements.reserve(array.Count());
     for (const Variant& element : array.Elements())
         result->elements.push_back(ToValueAt(element, depth + 1));
