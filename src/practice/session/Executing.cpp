@@ -61,11 +61,18 @@ tsql::Name CalledName(SessionState& session, const tsql::ExecuteProcedureStateme
     return *std::move(name);
 }
 
-/// A client sees the status of the procedures that its own batch calls, not of those within them.
-void TellReturn(SessionState& session, int status) {
-    if (session.frames.size() > 1 || session.sink.Diverted())
+/// A client sees the end of the calls of its own batch as such, with the status of a procedure; those within
+/// them end as statements do.
+void TellReturn(SessionState& session, std::optional<int> status) {
+    if (session.frames.size() > 1) {
+        if (!session.options.noCount)
+            session.Finish(StatementKind::Execute, std::nullopt);
         return;
-    session.sink.ReturnStatus(status);
+    }
+    if (session.sink.Diverted())
+        return;
+    if (status)
+        session.sink.ReturnStatus(*status);
     session.sink.Done({EndScope::Procedure, StatementKind::Execute, std::nullopt, false});
 }
 
@@ -101,6 +108,7 @@ void RunText(SessionState& session, const tsql::ExecuteTextStatement& statement)
         RunProgram(session, program);
     }
     CheckTransactionCount(session, transactions, {});
+    TellReturn(session, std::nullopt);
 }
 
 } // namespace

@@ -33,6 +33,13 @@ bool BeginsImplicitly(tsql::StatementKind kind) {
     }
 }
 
+/// The end of a statement that answers neither rows nor a count. SET NOCOUNT ON keeps those of procedures
+/// and triggers to itself, not those of the batch.
+void EndWithoutRows(SessionState& session, StatementKind kind) {
+    if (session.frames.size() == 1 || !session.options.noCount)
+        session.Finish(kind, std::nullopt);
+}
+
 void RunData(SessionState& session, const tsql::Statement& statement) {
     if (session.options.implicitTransactions && session.store.TransactionCount() == 0 &&
         BeginsImplicitly(statement.kind))
@@ -40,11 +47,13 @@ void RunData(SessionState& session, const tsql::Statement& statement) {
     const StatementOutcome outcome = session.Statements().Execute(statement);
     if (!outcome.keepsRowCount)
         session.rowCount = static_cast<std::int64_t>(outcome.count.value_or(0));
-    // A SELECT that only filled variables has a count but no result to end.
+    // A SELECT that only filled variables has a count of which the client is not told.
     const bool silent = outcome.kind == StatementKind::Select && !session.sink.ResultOpen();
     const bool counted = outcome.count && !session.options.noCount && !silent;
     if (counted || session.sink.ResultOpen())
         session.Finish(outcome.kind, counted ? outcome.count : std::nullopt);
+    else
+        EndWithoutRows(session, outcome.kind);
 }
 
 void RunReturn(SessionState& session, const tsql::ReturnStatement& statement) {
@@ -101,6 +110,22 @@ void RunOwn(SessionState& session, const tsql::Statement& statement) {
     }
 }
 
+/// Whether the client hears of the statement's end: declarations and assignments of variables have none, a
+/// call and a FETCH tell of their own.
+bool EndIsTold(tsql::StatementKind kind) {
+    switch (kind) {
+    case tsql::StatementKind::DeclareVariables:
+    case tsql::StatementKind::DeclareTable:
+    case tsql::StatementKind::SetVariable:
+    case tsql::StatementKind::SetCursorVariable:
+    case tsql::StatementKind::Return:
+    case tsql::StatementKind::ExecuteProcedure:
+    case tsql::StatementKind::ExecuteText:
+    case tsql::StatementKind::FetchCursor: return false;
+    default: return true;
+    }
+}
+
 /// @@ROWCOUNT is 1 after an assignment and a FETCH, 0 after most others.
 bool SetsRowCount(tsql::StatementKind kind) {
     return kind == tsql::StatementKind::SetVariable || kind == tsql::StatementKind::FetchCursor;
@@ -119,6 +144,8 @@ void RunStatement(SessionState& session, const tsql::Statement& statement) {
     const bool raises =
         statement.kind == tsql::StatementKind::RaiseError; // WITH SETERROR sets @@ERROR itself
     RunOwn(session, statement);
+    if (EndIsTold(statement.kind))
+        EndWithoutRows(session, StatementKind::Other);
     if (KeepsCounters(statement.kind))
         return;
     if (!SetsRowCount(statement.kind))

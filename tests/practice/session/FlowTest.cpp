@@ -111,5 +111,29 @@ const Script kPolicy[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Policy, Flow, testing::ValuesIn(kPolicy));
 
+TEST(FlowTest, TheEndOfEachStatementIsToldSaveOfDeclarationsAndAssignments) {
+    const Script scripts[] = {
+        {"PRINT 'a' PRINT 'b'", "bb"},
+        {"DECLARE @i int = 1 SET @i = 2 IF @i = 2 WHILE @i < 4 SET @i += 1", "b"},
+        {"SET NOCOUNT ON SELECT 1 PRINT 'a' RAISERROR('b', 10, 1)", "bbbb"},
+        {"USE master BEGIN TRAN CREATE TABLE ##ends(a int) INSERT ##ends VALUES (1) ROLLBACK", "bbbbb"},
+        {"DECLARE @i int SELECT @i = 1", "b"},
+        {"IF 1 = 0 PRINT 'a' ELSE BEGIN PRINT 'b' END GOTO c PRINT 'd' c: RETURN PRINT 'e'", "b"},
+        {"RAISERROR('a', 16, 1) PRINT 'b' SELECT 1 / 0", "bbb"},
+        {"EXEC('PRINT 1 DECLARE @i int SET @i = 1 SELECT 1') PRINT 'a'", "iipb"},
+        {"SET NOCOUNT ON EXEC('PRINT 1 SELECT 1 PRINT 2')", "bip"},
+        {"EXEC sp_executesql N'PRINT 1 EXEC(''PRINT 2'')'", "iiip"},
+        {"BEGIN TRY PRINT 1 SELECT 1 / 0 END TRY BEGIN CATCH PRINT 2 END CATCH", "bbb"},
+    };
+    TestServer server;
+    for (const Script& script : scripts) {
+        const auto session = server.Open();
+        Transcript transcript;
+        session->PrepareRequest();
+        session->ExecuteBatch(script.batch, transcript);
+        EXPECT_EQ(transcript.ends, script.answer) << script.batch;
+    }
+}
+
 } // namespace
 } // namespace quillon::practice

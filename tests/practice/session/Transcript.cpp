@@ -18,6 +18,7 @@ void Transcript::Row(std::span<const Datum> values) {
 
 void Transcript::Done(const StatementEnd& end) {
     ++dones;
+    ends += "bip"[static_cast<int>(end.scope)];
     if (end.count)
         text += "done " + std::to_string(*end.count) + "\n";
 }

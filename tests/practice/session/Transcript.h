@@ -26,6 +26,7 @@ class Transcript : public ResultSink {
 
     std::string text;
     std::size_t dones = 0;
+    std::string ends; // a letter each: of a statement of the batch b, within a procedure i, of a call p
     std::vector<EnvironmentChange::Kind> changes;
 };
 
