@@ -1,5 +1,6 @@
 // What a million small values of a kind take of the heap, each beside what its contents need and beside the
-// equal value in Lua 5.4. More than 64 bytes around the contents is too much, and the program then ends with 1.
+// equal value in Lua 5.4. More than 64 bytes around the contents is too much, and the program then ends
+// with 1.
 //
 // The heap is asked, not the engine's own count: what the allocator adds is in the figures.
 
@@ -62,10 +63,11 @@ double BytesOf(const Measured& kind) {
 double LuaBytesOf(const Measured& kind) {
     if (*kind.lua == '\0')
         return -1;
-    const std::string command = "lua5.4 -e 'local a = {} for i = 1, 1000000 do a[i] = 0 end collectgarbage() "
-                                "local before = collectgarbage(\"count\") for i = 1, 1000000 do " +
-                                std::string(kind.lua) +
-                                " end collectgarbage() print((collectgarbage(\"count\") - before) * 1024)' 2>&1";
+    const std::string command =
+        "lua5.4 -e 'local a = {} for i = 1, 1000000 do a[i] = 0 end collectgarbage() "
+        "local before = collectgarbage(\"count\") for i = 1, 1000000 do " +
+        std::string(kind.lua) +
+        " end collectgarbage() print((collectgarbage(\"count\") - before) * 1024)' 2>&1";
     const std::unique_ptr<FILE, int (*)(FILE*)> lua(popen(command.c_str(), "r"), pclose);
     double bytes = 0;
     return lua && std::fscanf(lua.get(), "%lf", &bytes) == 1 ? bytes / Count : -1;

@@ -114,6 +114,16 @@ ObjectRef MakeHostObject() {
         arguments[0] = Value(conversion::ToLong(arguments[0]) * 2);
         return Value();
     });
+    host->Add("Grid",
+              [cells = std::map<std::string, Value>()](InvokeKind kind, std::span<Value> arguments) mutable {
+                  const bool writes = kind == InvokeKind::Let || kind == InvokeKind::Set;
+                  std::string place;
+                  for (const Value& subscript : arguments.first(arguments.size() - (writes ? 1 : 0)))
+                      place += conversion::ToText(subscript) + ";";
+                  if (writes)
+                      cells[place] = arguments.back();
+                  return cells[place];
+              });
     host->Add("Self", [host](InvokeKind, std::span<Value>) { return Value(ObjectRef(host)); });
     host->Add("Fail", [](InvokeKind, std::span<Value> arguments) -> Value {
         throw Failure(conversion::ToLong(arguments[0]), "the host refused", "Host");

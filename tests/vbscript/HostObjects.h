@@ -41,7 +41,7 @@ class FreeObject : public Object {
 };
 
 // "Host": Name (variable), ReadOnly, Items(key) with a default member and For Each, Items.Count, Add(a, b),
-// Twice(x) which doubles its argument in place, Self, Fail(number), Alive (objects of this kind).
+// Twice(x) which doubles its argument in place, Grid(any subscripts) to read and write, Self, Fail(number).
 ObjectRef MakeHostObject();
 
 } // namespace quillon::vbscript::tests

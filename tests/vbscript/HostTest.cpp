@@ -152,6 +152,32 @@ TEST_F(Host, MembersOfAnObjectBecomeGlobalNames) {
     EXPECT_EQ(host.Eval("sum & Name & n"), Value("3quillon8"));
 }
 
+// As long as the module itself declares nothing of the name, wherever in it the assignment stands.
+TEST_F(Host, AssigningToAGlobalNameOfAMemberSetsTheMember) {
+    const ObjectRef object = MakeHostObject();
+    host.AddObject("o", object, true);
+    host.AddCode("Option Explicit\nName = \"top\"");
+    EXPECT_EQ(host.Eval("o.Name"), Value("top"));
+    host.AddCode("Sub Inside : Name = \"in\" & Len(Name) : Execute \"Name = Name & 1\" : End Sub");
+    host.Run("Inside");
+    EXPECT_EQ(host.Eval("o.Name & Name"), Value("in31in31"));
+    host.AddCode(
+        "Sub Named(Name) : Name = 5 : End Sub\nSub Own : Dim Name : Name = 6 : End Sub\nNamed 1 : Own");
+    EXPECT_EQ(host.Eval("o.Name"), Value("in31"));
+    host.AddCode("Set Name = o : Grid(1, 2) = 3 : Grid(4) = 5");
+    EXPECT_EQ(host.Eval("(o.Name Is o) & Grid(1, 2) & o.Grid(4)"), Value("True35"));
+    host.AddCode("Name = \"\"");
+    EXPECT_EQ(NumberOf([&] { host.AddCode("x = 1\nReadOnly = 5"); }), 451);
+    EXPECT_EQ(host.Error().Line, 2);
+    EXPECT_EQ(NumberOf([&] { host.AddCode("Set Name = 5"); }), 424);
+
+    host.AddCode("Dim Name : Name = \"own\"");
+    EXPECT_EQ(host.Eval("Name & o.Name"), Value("own"));
+    host.Reset();
+    host.AddCode("Name = \"top\"");
+    EXPECT_EQ(host.Eval("Name"), Value("top")) << "a variable, now that there is no such object";
+}
+
 // Stops the host from a member of an object that the script calls.
 TEST_F(Host, StopEndsAScriptFromWithin) {
     auto* stopper = new FreeObject("Stopper");

@@ -79,7 +79,8 @@ std::size_t ArrayBuffer::IndexOf(std::span<const std::int64_t> subscripts) const
         const std::int64_t subscript = subscripts[dimension];
         if (subscript < 0 || subscript > bounds[dimension])
             throw Failure(numbers::SubscriptOutOfRange);
-        index = index * (static_cast<std::size_t>(bounds[dimension]) + 1) + static_cast<std::size_t>(subscript);
+        index =
+            index * (static_cast<std::size_t>(bounds[dimension]) + 1) + static_cast<std::size_t>(subscript);
     }
     return index;
 }

@@ -35,9 +35,7 @@ class ArrayBuffer {
     std::span<Variant> Elements() noexcept {
         return {reinterpret_cast<Variant*>(reinterpret_cast<char*>(this) + m_elements), m_count};
     }
-    std::span<const Variant> Elements() const noexcept {
-        return const_cast<ArrayBuffer*>(this)->Elements();
-    }
+    std::span<const Variant> Elements() const noexcept { return const_cast<ArrayBuffer*>(this)->Elements(); }
 
     // Declared with its size (`Dim a(3)`): ReDim raises 10.
     bool IsFixedSize() const noexcept { return m_fixedSize; }

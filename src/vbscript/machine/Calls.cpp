@@ -71,24 +71,15 @@ Machine::Step Machine::CallUnset(Step at, std::size_t arguments, NameId name, bo
     RaiseNamed(Top().code->isExplicit ? numbers::VariableUndefined : numbers::TypeMismatch, name);
 }
 
-bool Machine::IsGlobalMember(NameId name) const {
-    return std::ranges::any_of(m_globalMembers, [&](const ObjectRef& object) {
-        return object->FindMember(m_names.Utf8(name)).has_value();
-    });
-}
-
 bool Machine::CallGlobalMember(Step at, std::size_t arguments, NameId name, bool isCall) {
-    for (const ObjectRef& object : m_globalMembers) {
-        const std::optional<MemberId> member = object->FindMember(m_names.Utf8(name));
-        if (!member)
-            continue;
-        Variant* const base = Base(at->a);
-        FinishNative(
-            base, arguments,
-            InvokeObject(object, *member, isCall ? InvokeKind::Call : InvokeKind::Get, {base, arguments}));
-        return true;
-    }
-    return false;
+    const std::optional<GlobalMembers::Found> found = m_members.Find(m_names.Utf8(name));
+    if (!found)
+        return false;
+    Variant* const base = Base(at->a);
+    FinishNative(base, arguments,
+                 InvokeObject(found->object, found->member, isCall ? InvokeKind::Call : InvokeKind::Get,
+                              {base, arguments}));
+    return true;
 }
 
 Machine::Step Machine::DoLoadName(Step at) {

@@ -110,6 +110,8 @@ enum class Op : std::uint16_t {
     CallMember, // the same as a statement
     LetMember,  // the new value is the last argument
     SetMember,
+    LetName, // base a: the new value, last of the arguments, to what b is, as site c says
+    SetName,
     New,          // register a = new object of the class that site c names
     Execute,      // base a: runs the text there; b: kind of ExecuteKind
     GetReference, // base a: the procedure named there

@@ -88,6 +88,10 @@ void ProcedureCompiler::AssignName(const NameExpression& target, const Expressio
         m_write.Emit(isSet ? Op::SetMember : Op::LetMember, base, me, site);
         return;
     }
+    if (IsGlobalMember(target.name)) {
+        AssignGlobalMember(target.name, {}, value, isSet);
+        return;
+    }
     const Operand variable = VariableOperand(target.name);
     const bool isOperator = value.kind == ExpressionKind::Unary || value.kind == ExpressionKind::Binary;
     if (isOperator && !isSet) {
@@ -104,6 +108,13 @@ void ProcedureCompiler::AssignName(const NameExpression& target, const Expressio
 void ProcedureCompiler::AssignMember(const MemberExpression& target, std::span<Argument> arguments,
                                      const Expression& value, bool isSet) {
     const Operand object = ObjectOf(target);
+    const std::uint16_t base = NewValueWith(arguments, value);
+    m_write.Emit(isSet ? Op::SetMember : Op::LetMember, base, object,
+                 m_write.SiteOf(target.name, arguments.size() + 1));
+}
+
+// The arguments of an assignment and behind them the new value, in registers one behind the other.
+std::uint16_t ProcedureCompiler::NewValueWith(std::span<Argument> arguments, const Expression& value) {
     const std::uint16_t base = m_write.NextRegister();
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const auto place = static_cast<std::uint16_t>(base + i);
@@ -115,8 +126,15 @@ void ProcedureCompiler::AssignMember(const MemberExpression& target, std::span<A
     ValueInto(value, static_cast<std::uint16_t>(base + arguments.size()));
     for (std::size_t i = 0; i <= arguments.size(); ++i)
         m_write.MayHoldObject(static_cast<std::uint16_t>(base + i));
-    m_write.Emit(isSet ? Op::SetMember : Op::LetMember, base, object,
-                 m_write.SiteOf(target.name, arguments.size() + 1));
+    return base;
+}
+
+void ProcedureCompiler::AssignGlobalMember(NameId name, std::span<Argument> arguments,
+                                           const Expression& value, bool isSet) {
+    const Binding binding = Find(name);
+    const Operand named = IsPerhapsVariable(binding) ? OperandOf(binding) : GlobalOperand(name);
+    const std::uint16_t base = NewValueWith(arguments, value);
+    m_write.Emit(isSet ? Op::SetName : Op::LetName, base, named, m_write.SiteOf(name, arguments.size() + 1));
 }
 
 void ProcedureCompiler::AssignElement(const CallExpression& target, const Expression& value, bool isSet) {
@@ -139,7 +157,10 @@ void ProcedureCompiler::AssignElement(const CallExpression& target, const Expres
             m_code.sites.back().isSelf = true;
             return;
         }
-        StoreElement(VariableOperand(name), target.arguments, value, isSet);
+        if (IsGlobalMember(name))
+            AssignGlobalMember(name, target.arguments, value, isSet);
+        else
+            StoreElement(VariableOperand(name), target.arguments, value, isSet);
         return;
     }
     StoreElement(ElementPlace(*target.callee), target.arguments, value, isSet);
@@ -175,15 +196,7 @@ void ProcedureCompiler::StoreElement(Operand array, std::span<Argument> subscrip
         m_write.Emit(isSet ? Op::SetIndex : Op::StoreIndex, array, subscript, stored);
         return;
     }
-    const std::uint16_t base = m_write.NextRegister();
-    for (std::size_t i = 0; i < subscripts.size(); ++i) {
-        const auto place = static_cast<std::uint16_t>(base + i);
-        std::uint16_t lock = 0;
-        ArgumentInto(subscripts[i], place, false, lock);
-        m_write.ReleaseTo(place);
-        (void)m_write.TakeRegister();
-    }
-    ValueInto(value, static_cast<std::uint16_t>(base + subscripts.size()));
+    const std::uint16_t base = NewValueWith(subscripts, value);
     m_write.Emit(isSet ? Op::SetMany : Op::StoreMany, array, base, static_cast<unsigned>(subscripts.size()));
 }
 

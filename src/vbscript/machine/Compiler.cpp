@@ -70,7 +70,7 @@ class UnitCompiler {
     // functions of another text.
     void DeclareImplied(const std::vector<NameId>& written) {
         for (const NameId name : written) {
-            if (!IsKnown(name)) {
+            if (!IsKnown(name) && !m_context.members.Find(m_context.names.Utf8(name))) {
                 Declare(name, Binding::Kind::Global);
                 m_unit.implied.push_back(m_context.globals.PlaceOf(name));
             }

@@ -11,6 +11,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "vbscript/machine/GlobalMembers.h"
 #include "vbscript/machine/Globals.h"
 #include "vbscript/source/Parser.h"
 
@@ -33,6 +34,7 @@ struct CompileContext {
     Names& names;
     Globals& globals;
     const BuiltinNames& builtins;
+    const GlobalMembers& members; // of the host's objects, as far as they are known when the text comes
     Machine* machine;
     bool localScope = false; // the text runs within a procedure, and its names are that procedure's
 };

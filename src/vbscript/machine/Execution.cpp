@@ -53,7 +53,9 @@ Machine::~Machine() {
 // holds of the scripts' objects afterwards is empty.
 void Machine::Forget() noexcept {
     m_globals.Clear();
-    m_globalMembers.clear();
+    if (!m_members.IsEmpty())
+        m_cache.clear(); // texts that were compiled for members of other objects
+    m_members.Clear();
     m_registry.DropAll();
     m_globals.Clear();
 }
@@ -120,8 +122,10 @@ void Machine::AddObject(std::string_view name, const ObjectRef& object, bool add
     m_globals[m_globals.PlaceOf(id)] = Variant(object);
     if (m_builtins.functionsByName.contains(id))
         m_hidden.insert(id);
-    if (addMembers && object)
-        m_globalMembers.push_back(object);
+    if (addMembers && object) {
+        m_members.Add(object);
+        m_cache.clear();
+    }
 }
 
 std::size_t Machine::CacheHash::operator()(const CacheKey& key) const noexcept {
@@ -133,7 +137,8 @@ std::shared_ptr<Unit> Machine::CompiledUnit(std::u16string_view text, ProgramKin
     CacheKey key{std::u16string(text), kind, isLocal};
     if (const auto found = m_cache.find(key); found != m_cache.end())
         return found->second;
-    const std::shared_ptr<Unit> unit = Compile(text, kind, {m_names, m_globals, m_builtins, this, isLocal});
+    const std::shared_ptr<Unit> unit =
+        Compile(text, kind, {m_names, m_globals, m_builtins, m_members, this, isLocal});
     if (m_cache.size() >= MostCachedUnits)
         m_cache.clear(); // what the module is made of stays in m_units
     m_cache.emplace(std::move(key), unit);

@@ -232,6 +232,14 @@ void Machine::Loop(Step at) {
         case Op::CallMember: at = DoGetMember(at, InvokeKind::Call); break;
         case Op::LetMember: at = DoPutMember(at, InvokeKind::Let); break;
         case Op::SetMember: at = DoPutMember(at, InvokeKind::Set); break;
+        case Op::LetName:
+            DoPutName(at, InvokeKind::Let);
+            ++at;
+            break;
+        case Op::SetName:
+            DoPutName(at, InvokeKind::Set);
+            ++at;
+            break;
         case Op::New: at = DoNew(at); break;
         case Op::Execute: at = DoExecute(at); break;
         case Op::GetReference:

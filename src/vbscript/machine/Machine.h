@@ -168,10 +168,11 @@ class Machine final : public BuiltinContext {
     Step DoCallBuiltin(Step at);
     Step CallValue(Step at, const Variant& callee, std::size_t arguments, NameId name, bool wantsResult);
     Step CallUnset(Step at, std::size_t arguments, NameId name, bool wantsResult);
-    bool IsGlobalMember(NameId name) const;
+    bool IsGlobalMember(NameId name) const { return m_members.Find(m_names.Utf8(name)).has_value(); }
     bool CallGlobalMember(Step at, std::size_t arguments, NameId name, bool isCall);
     Step DoGetMember(Step at, InvokeKind kind);
     Step DoPutMember(Step at, InvokeKind kind);
+    void DoPutName(Step at, InvokeKind kind);
     Step GetFromInstance(Step at, Instance& instance, CallSite& site, bool wantsResult);
     Step PutToInstance(Step at, Instance& instance, CallSite& site, bool isSet);
     const ClassMember& MemberOf(const Instance& instance, CallSite& site);
@@ -232,7 +233,7 @@ class Machine final : public BuiltinContext {
     std::uint64_t m_steps = 0;
     std::uint64_t m_stepLimit = 0;
 
-    std::vector<ObjectRef> m_globalMembers;            // objects whose members are global names
+    GlobalMembers m_members;
     std::unordered_set<NameId> m_hidden;               // names of the language that the module defines anew
     std::unordered_set<std::shared_ptr<Unit>> m_units; // that the module is made of
     struct CacheKey {

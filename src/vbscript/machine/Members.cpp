@@ -96,6 +96,29 @@ Machine::Step Machine::DoPutMember(Step at, InvokeKind kind) {
     return at + 1;
 }
 
+// Assigns to a name that was a member of one of the host's objects when the text came, or to an element of
+// it. A variable that the module has declared since then comes first.
+void Machine::DoPutName(Step at, InvokeKind kind) {
+    const CallSite& site = Top().code->sites[at->c];
+    Variant* const base = Base(at->a);
+    const std::span<Variant> arguments(base, site.arguments);
+    const bool isSet = kind == InvokeKind::Set;
+    Variant& value = arguments.back();
+    const bool isUndeclared = At(at->b).kind() == Kind::Unset;
+    if (const auto found = isUndeclared ? m_members.Find(m_names.Utf8(site.name)) : std::nullopt) {
+        if (isSet && !value.IsObject())
+            RaiseNamed(numbers::ObjectRequired, site.name);
+        if (!isSet)
+            value = AssignedValue(std::move(value));
+        InvokeObject(found->object, found->member, kind, arguments);
+    } else if (arguments.size() > 1) {
+        WriteElement(Target(at->b), arguments.first(arguments.size() - 1), Variant(value), isSet);
+    } else {
+        AssignVariable(Target(at->b), Variant(value), isSet);
+    }
+    FinishNative(base, arguments.size(), {});
+}
+
 Machine::Step Machine::PutToInstance(Step at, Instance& instance, CallSite& site, bool isSet) {
     const ClassMember& member = MemberOf(instance, site);
     Variant* const base = Base(at->a);

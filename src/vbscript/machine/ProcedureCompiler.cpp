@@ -25,11 +25,13 @@ void ProcedureCompiler::AddFreeNames(const Scope& scope, bool all) {
             AddFree(name, kind);
     };
     for (const NameId name : scope.assigned)
-        add(name, Binding::Kind::Register);
+        if (!IsGlobalMember(name))
+            add(name, Binding::Kind::Register);
     for (FreeName& name : m_code.freeNames)
         name.isDeclared = std::ranges::find(scope.redimmed, name.name) != scope.redimmed.end();
     for (const NameId name : scope.passed)
-        add(name, Binding::Kind::FreeRegister);
+        if (!IsGlobalMember(name))
+            add(name, Binding::Kind::FreeRegister);
     if (all)
         for (const NameId name : scope.mentioned)
             add(name, Binding::Kind::FreeRegister);
@@ -52,6 +54,12 @@ Binding ProcedureCompiler::Find(NameId name) const {
     if (const auto found = builtins.specials.find(name); found != builtins.specials.end())
         return {Binding::Kind::Special, static_cast<std::size_t>(found->second)};
     return {Binding::Kind::Free};
+}
+
+bool ProcedureCompiler::IsGlobalMember(NameId name) const {
+    const Binding binding = Find(name);
+    return (binding.kind == Binding::Kind::Free || IsPerhapsVariable(binding)) &&
+           m_context.members.Find(m_context.names.Utf8(name)).has_value();
 }
 
 Operand ProcedureCompiler::OperandOf(const Binding& binding) const noexcept {

@@ -71,6 +71,8 @@ class ProcedureCompiler {
     }
     Operand OperandOf(const Binding& binding) const noexcept;
     Operand GlobalOperand(NameId name) const;
+    // Not declared by the text, and a member of one of the host's objects.
+    bool IsGlobalMember(NameId name) const;
     void CompileBody(const Scope& scope);
     void DimArrays(const std::vector<Declaration>& declarations);
 
@@ -132,6 +134,8 @@ class ProcedureCompiler {
     void CompileWith(const WithStatement& with);
     void CompileExit(const ExitStatement& exit);
     Operand VariableOperand(NameId name);
+    void AssignGlobalMember(NameId name, std::span<Argument> arguments, const Expression& value, bool isSet);
+    std::uint16_t NewValueWith(std::span<Argument> arguments, const Expression& value);
     void RaiseHere(std::int32_t number);
 
     // A loop around the statement; leaving it lets go of the registers from `registers` on.
