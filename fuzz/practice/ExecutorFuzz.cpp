@@ -2,21 +2,17 @@
 // comes to an end, and the session can be closed. Batches that would not end are cancelled.
 //
 // The database drifts with what the batches do to it, and is made anew after some hundred of them.
-#include "TokenMutator.h"
-
 #include "practice/DataFolder.h"
 #include "practice/session/Accounts.h"
 #include "practice/session/SqlSession.h"
+#include "support/WordMutator.h"
 
 #include <chrono>
 #include <condition_variable>
 #include <cstdlib>
-#include <cstring>
 #include <memory>
 #include <mutex>
 #include <thread>
-
-extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
 
 namespace {
 
@@ -35,8 +31,26 @@ const char* const schema[] = {
     "2.5)",
     "CREATE PROCEDURE p @i int = 1, @o int OUTPUT AS SET @o = @i; SELECT * FROM t WHERE a = @i; RETURN @i",
     "CREATE FUNCTION f (@i int) RETURNS int AS BEGIN RETURN @i * 2 END",
-    "CREATE TRIGGER tr ON t AFTER UPDATE AS INSERT u (b) SELECT b FROM deleted",
+    "CREATE TRIGGER tr ON t AFTER UPDATE AS INSERT u (b) SELECT b FROM deleted"};
+
+// clang-format off
+constexpr std::string_view language[] = {
+    "SELECT", "FROM", "WHERE", "GROUP BY", "HAVING", "ORDER BY", "TOP 3", "DISTINCT", "JOIN",
+    "LEFT JOIN", "ON", "CROSS APPLY", "UNION ALL", "EXCEPT", "INTERSECT", "OVER ()", "PARTITION BY",
+    "INSERT", "VALUES", "DEFAULT VALUES", "UPDATE", "SET", "DELETE", "MERGE", "USING",
+    "WHEN MATCHED THEN", "OUTPUT inserted.*", "INTO", "TRUNCATE TABLE", "CREATE", "ALTER", "DROP",
+    "TABLE", "VIEW", "PROCEDURE", "FUNCTION", "TRIGGER", "INDEX", "SCHEMA", "DATABASE",
+    "AFTER INSERT", "INSTEAD OF DELETE", "AS", "BEGIN", "END", "IF", "ELSE", "WHILE", "BREAK",
+    "CONTINUE", "RETURN", "GOTO a", "a:", "DECLARE", "@i", "@t", "@@ROWCOUNT", "@@TRANCOUNT", "int",
+    "varchar(max)", "nvarchar(10)", "decimal(38, 10)", "datetime", "datetimeoffset", "money",
+    "float", "uniqueidentifier", "sql_variant", "varbinary(8)", "text", "bit", "xml", "NULL", "NOT",
+    "IN", "EXISTS", "BETWEEN", "LIKE", "IS", "CASE WHEN", "THEN", "CAST(", "CONVERT(", "COUNT(*)",
+    "SUM(", "ROW_NUMBER()", "t", "u", "v", "a", "b", "c", "dbo.", "#t", "sys.objects", "inserted",
+    "deleted", "(", ")", ",", ";", "=", "<", "+", "-", "*", "/", "%", "0", "1", "-1", "2147483648",
+    "1e308", "'x'", "N'ж'", "''", "0xFF", "'2020-02-30'", "EXEC", "sp_executesql", "PRINT",
+    "RAISERROR", "THROW", "TRY", "CATCH", "BEGIN TRAN",
 };
+// clang-format on
 
 void Require(bool holds) {
     if (!holds)
@@ -133,42 +147,15 @@ World& CurrentWorld() {
     return *world;
 }
 
-std::string_view TextOf(const std::uint8_t* data, std::size_t size) {
-    return {reinterpret_cast<const char*>(data), size};
-}
-
-std::size_t Give(const std::string& text, std::uint8_t* data, std::size_t maxSize) {
-    const std::size_t size = std::min(text.size(), maxSize);
-    std::memcpy(data, text.data(), size);
-    return size;
-}
-
 } // namespace
+
+const std::span<const std::string_view> quillon::fuzz::words{language};
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     CheckingSink sink;
     const std::unique_ptr<SqlSession> session = CurrentWorld().Session(sink);
     session->PrepareRequest();
     const Watch watch(*session);
-    session->ExecuteBatch(TextOf(data, size), sink);
+    session->ExecuteBatch({reinterpret_cast<const char*>(data), size}, sink);
     return 0;
-}
-
-extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t maxSize,
-                                               unsigned int seed) {
-    std::minstd_rand random(seed);
-    if (random() % 16 == 0)
-        return LLVMFuzzerMutate(data, size, maxSize);
-    return Give(fuzz::ChangeOneWord(TextOf(data, size), TextOf(data, size), random), data, maxSize);
-}
-
-extern "C" std::size_t LLVMFuzzerCustomCrossOver(const std::uint8_t* first, std::size_t firstSize,
-                                                 const std::uint8_t* second, std::size_t secondSize,
-                                                 std::uint8_t* out, std::size_t outSize, unsigned int seed) {
-    std::minstd_rand random(seed);
-    const std::string_view text = TextOf(first, firstSize);
-    const std::string_view other = TextOf(second, secondSize);
-    const bool whole = random() % 2 == 0;
-    return Give(whole ? fuzz::Splice(text, other, random) : fuzz::ChangeOneWord(text, other, random), out,
-                outSize);
 }
