@@ -68,7 +68,7 @@ StatementOutcome RunInto(Engine& engine, const tsql::SelectStatement& statement)
     StatementScope scope(engine, temporary ? StoreSession::Writes::Temporary : StoreSession::Writes::Data);
     const std::unique_ptr<Plan> plan = MakePlan(engine, statement, false);
     plan->Bind(engine);
-    const auto table = CreateTableFor(engine, statement.First().into, plan->columns);
+    const auto table = WithStorage(engine, CreateTableFor(engine, statement.First().into, plan->columns));
     std::string places;
     for (std::size_t i = 1; i <= plan->columns.size(); ++i)
         places += (i > 1 ? ", ?" : "?") + std::to_string(i);

@@ -47,8 +47,7 @@ const Principal* Database::FindPrincipal(std::string_view principalName) const {
 }
 
 const NamedObject* Database::FindName(SchemaId schema, std::string_view objectName) const {
-    const auto found = names.find({schema, FoldName(objectName)});
-    return found == names.end() ? nullptr : &found->second;
+    return names.Find({schema, FoldName(objectName)});
 }
 
 std::string_view Database::SchemaName(SchemaId schema) const {
@@ -79,12 +78,11 @@ std::vector<const Database*> Catalogue::Databases() const {
 }
 
 std::shared_ptr<const SchemaObject> Catalogue::FindObject(ObjectId id) const {
-    const auto home = m_homes.find(id);
-    if (home == m_homes.end())
+    const Home* home = m_homes.Find(id);
+    if (home == nullptr)
         return nullptr;
-    const auto& objects = m_databases.at(home->second)->objects;
-    const auto found = objects.find(id);
-    return found == objects.end() ? nullptr : found->second;
+    const auto* found = m_databases.at(home->database)->objects.Find(id);
+    return found == nullptr ? nullptr : *found;
 }
 
 std::shared_ptr<const SchemaObject> Catalogue::FindObject(DatabaseId database, SchemaId schema,
@@ -93,7 +91,7 @@ std::shared_ptr<const SchemaObject> Catalogue::FindObject(DatabaseId database, S
     const NamedObject* named = home == nullptr ? nullptr : home->FindName(schema, name);
     if (named == nullptr || named->parent != 0)
         return nullptr;
-    return home->objects.at(named->id);
+    return *home->objects.Find(named->id);
 }
 
 std::shared_ptr<const Table> Catalogue::FindTable(ObjectId id) const {
@@ -109,20 +107,15 @@ std::shared_ptr<const Trigger> Catalogue::FindTrigger(ObjectId id) const {
 }
 
 std::optional<Catalogue::Named> Catalogue::FindNamed(ObjectId id) const {
-    const auto home = m_homes.find(id);
-    if (home == m_homes.end())
+    const Home* home = m_homes.Find(id);
+    if (home == nullptr)
         return std::nullopt;
-    const Database& database = *m_databases.at(home->second);
-    if (const auto found = database.objects.find(id); found != database.objects.end())
-        return Named{found->second->name, database.id, found->second->schema, {id, 0, found->second->kind}};
-    for (const auto& [key, named] : database.names) {
-        if (named.id != id)
-            continue;
-        const auto table = std::dynamic_pointer_cast<const Table>(FindObject(named.parent));
-        for (const auto& [name, object] : ConstraintsOf(*table))
-            if (object.id == id)
-                return Named{name, database.id, key.first, named};
-    }
+    const SchemaObject& holder = **m_databases.at(home->database)->objects.Find(home->object);
+    if (holder.id == id)
+        return Named{holder.name, home->database, holder.schema, {id, 0, holder.kind}};
+    for (const auto& [name, constraint] : ConstraintsOf(dynamic_cast<const Table&>(holder)))
+        if (constraint.id == id)
+            return Named{name, home->database, holder.schema, constraint};
     return std::nullopt;
 }
 

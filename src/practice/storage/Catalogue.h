@@ -7,6 +7,7 @@
 #pragma once
 
 #include "practice/storage/Definitions.h"
+#include "practice/storage/PersistentMap.h"
 
 #include <functional>
 #include <set>
@@ -36,8 +37,8 @@ struct Database {
     std::map<SchemaId, Schema> schemas;
     std::map<PrincipalId, Principal> principals;
     std::vector<Permission> permissions;
-    std::map<ObjectId, std::shared_ptr<const SchemaObject>> objects; // constraints are in their tables
-    std::map<std::pair<SchemaId, std::string>, NamedObject> names;   // folded; constraints too
+    PersistentMap<ObjectId, std::shared_ptr<const SchemaObject>> objects; // constraints are in their tables
+    PersistentMap<std::pair<SchemaId, std::string>, NamedObject> names;   // folded; constraints too
 
     const Schema* FindSchema(std::string_view schemaName) const;
     const Principal* FindPrincipal(std::string_view principalName) const;
@@ -77,7 +78,11 @@ class Catalogue {
     std::uint64_t m_version = 0;
     std::map<DatabaseId, std::shared_ptr<const Database>> m_databases;
     std::map<std::string, DatabaseId> m_databaseNames;
-    std::map<ObjectId, DatabaseId> m_homes; // objects and constraints
+    struct Home {
+        DatabaseId database = 0;
+        ObjectId object = 0; // itself, or the table whose constraint it is
+    };
+    PersistentMap<ObjectId, Home> m_homes; // objects and constraints
 };
 
 // Makes the next catalogue. Keeps note of what changed so that it can be written to the definition tables.
@@ -94,19 +99,23 @@ class CatalogueEditor {
     // taken and freed; the caller has made sure that they are free (2714).
     void Put(std::shared_ptr<SchemaObject> object);
     void Drop(ObjectId id);
+    // The table has a place for its rows from now on. No definition changes by that.
+    void MarkStored(ObjectId table);
 
     std::shared_ptr<const Catalogue> Finish() { return m_next; }
-    const std::set<ObjectId>& ChangedObjects() const { return m_changedObjects; } // dropped ones too
+    // Dropped ones too; with whether the object was there before.
+    const std::map<ObjectId, bool>& ChangedObjects() const { return m_changedObjects; }
     const std::set<DatabaseId>& ChangedDatabases() const { return m_changedDatabases; }
 
   private:
     Database& Own(DatabaseId id);
     void TakeNames(Database& database, const SchemaObject& object);
     void FreeNames(Database& database, ObjectId id);
+    void NoteChange(const Database& database, ObjectId id);
 
     std::shared_ptr<Catalogue> m_next;
     std::map<DatabaseId, std::shared_ptr<Database>> m_owned;
-    std::set<ObjectId> m_changedObjects;
+    std::map<ObjectId, bool> m_changedObjects;
     std::set<DatabaseId> m_changedDatabases;
 };
 

@@ -39,11 +39,11 @@ void CatalogueEditor::RenameDatabase(DatabaseId id, const std::string& name) {
 void CatalogueEditor::DropDatabase(DatabaseId id) {
     const Database gone = *m_next->m_databases.at(id);
     for (const auto& [objectId, object] : gone.objects) {
-        m_changedObjects.insert(objectId);
-        m_next->m_homes.erase(objectId);
+        NoteChange(gone, objectId);
+        m_next->m_homes.Erase(objectId);
     }
     for (const auto& [key, named] : gone.names)
-        m_next->m_homes.erase(named.id);
+        m_next->m_homes.Erase(named.id);
     m_next->m_databaseNames.erase(FoldName(gone.name));
     m_next->m_databases.erase(id);
     m_owned.erase(id);
@@ -56,44 +56,57 @@ void CatalogueEditor::Put(std::shared_ptr<SchemaObject> object) {
     else if (const auto module = std::dynamic_pointer_cast<Module>(object))
         module->version = m_next->m_version;
     Database& database = Own(object->database);
-    FreeNames(database, object->id);
+    const ObjectId id = object->id;
+    NoteChange(database, id);
+    FreeNames(database, id);
     TakeNames(database, *object);
-    m_changedObjects.insert(object->id);
-    database.objects[object->id] = std::move(object);
+    database.objects.Put(id, std::move(object));
 }
 
 void CatalogueEditor::Drop(ObjectId id) {
-    Database& database = Own(m_next->m_homes.at(id));
+    Database& database = Own(m_next->m_homes.Find(id)->database);
+    NoteChange(database, id);
     FreeNames(database, id);
-    database.objects.erase(id);
-    m_changedObjects.insert(id);
+    database.objects.Erase(id);
+}
+
+void CatalogueEditor::MarkStored(ObjectId table) {
+    const auto after = std::make_shared<Table>(*m_next->FindTable(table));
+    after->hollow = false;
+    after->version = m_next->m_version;
+    Own(after->database).objects.Put(table, after);
+}
+
+void CatalogueEditor::NoteChange(const Database& database, ObjectId id) {
+    m_changedObjects.emplace(id, database.objects.Find(id) != nullptr);
 }
 
 void CatalogueEditor::TakeNames(Database& database, const SchemaObject& object) {
-    database.names[{object.schema, FoldName(object.name)}] = {object.id, 0, object.kind};
-    m_next->m_homes[object.id] = database.id;
+    database.names.Put({object.schema, FoldName(object.name)}, {object.id, 0, object.kind});
+    m_next->m_homes.Put(object.id, {database.id, object.id});
     const auto* table = dynamic_cast<const Table*>(&object);
     if (table == nullptr)
         return;
     for (const auto& [name, constraint] : ConstraintsOf(*table)) {
-        database.names[{object.schema, FoldName(name)}] = constraint;
-        m_next->m_homes[constraint.id] = database.id;
+        database.names.Put({object.schema, FoldName(name)}, constraint);
+        m_next->m_homes.Put(constraint.id, {database.id, object.id});
     }
 }
 
 void CatalogueEditor::FreeNames(Database& database, ObjectId id) {
-    const auto found = database.objects.find(id);
-    if (found == database.objects.end())
+    const auto* found = database.objects.Find(id);
+    if (found == nullptr)
         return;
-    const SchemaObject& object = *found->second;
-    database.names.erase({object.schema, FoldName(object.name)});
-    m_next->m_homes.erase(object.id);
+    const std::shared_ptr<const SchemaObject> before = *found;
+    const SchemaObject& object = *before;
+    database.names.Erase({object.schema, FoldName(object.name)});
+    m_next->m_homes.Erase(object.id);
     const auto* table = dynamic_cast<const Table*>(&object);
     if (table == nullptr)
         return;
     for (const auto& [name, constraint] : ConstraintsOf(*table)) {
-        database.names.erase({object.schema, FoldName(name)});
-        m_next->m_homes.erase(constraint.id);
+        database.names.Erase({object.schema, FoldName(name)});
+        m_next->m_homes.Erase(constraint.id);
     }
 }
 

@@ -62,15 +62,25 @@ constexpr const char* tables[] = {
     "q_identity(object_id INTEGER PRIMARY KEY, last_value INTEGER)",
 };
 
+// What questions about one object are asked by.
+constexpr const char* indexes[] = {
+    "q_object_name ON q_object(name COLLATE CI_AS)",
+    "q_object_parent ON q_object(parent_object_id)",
+    "q_check_parent ON q_check(parent_object_id)",
+    "q_default_parent ON q_default(parent_object_id)",
+    "q_foreign_key_parent ON q_foreign_key(parent_object_id)",
+    "q_foreign_key_referenced ON q_foreign_key(referenced_object_id)",
+    "q_index_constraint ON q_index(constraint_id)",
+    "q_trigger_parent ON q_trigger(parent_object_id)",
+};
+
 } // namespace
 
 void CreateDefinitionTables(sqlite3* connection) {
     for (const char* table : tables)
         Prepared(connection, std::string("CREATE TABLE IF NOT EXISTS ") + table).Run();
-    for (const char* table : {"q_check", "q_default", "q_foreign_key", "q_trigger"})
-        Prepared(connection, std::string("CREATE INDEX IF NOT EXISTS ") + table + "_parent ON " + table +
-                                 "(parent_object_id)")
-            .Run();
+    for (const char* index : indexes)
+        Prepared(connection, std::string("CREATE INDEX IF NOT EXISTS ") + index).Run();
 }
 
 std::int64_t LoadSetting(sqlite3* connection, const char* name, std::int64_t otherwise) {

@@ -48,8 +48,20 @@ void CreateDefinitionTables(sqlite3* connection);
 // Everything, as it is in the file.
 std::shared_ptr<const Catalogue> LoadCatalogue(sqlite3* connection, std::uint64_t version);
 
-// Brings the rows of what the editor changed in step with it.
-void SaveChanges(sqlite3* connection, const CatalogueEditor& editor);
+// Writes definitions over one connection, which outlives it.
+class DefinitionSaver {
+  public:
+    explicit DefinitionSaver(sqlite3* connection);
+    ~DefinitionSaver();
+    DefinitionSaver(const DefinitionSaver&) = delete;
+    DefinitionSaver& operator=(const DefinitionSaver&) = delete;
+    // Brings the rows of what the editor changed in step with it.
+    void Save(const CatalogueEditor& editor);
+
+  private:
+    class Saver;
+    std::unique_ptr<Saver> m_saver;
+};
 
 // q_setting
 std::int64_t LoadSetting(sqlite3* connection, const char* name, std::int64_t otherwise);

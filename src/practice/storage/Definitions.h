@@ -164,6 +164,7 @@ struct Table : SchemaObject {
     std::vector<ObjectId> referencedBy; // tables whose foreign keys point here, itself included
     std::vector<ObjectId> triggers;
     std::string storage;       // what SQL for SQLite calls it: main.t77, temp.t78
+    bool hollow = false;       // no row has ever been in it, and nothing of that name is in SQLite
     bool temporary = false;    // #t and table variables; lives in the session alone
     bool variable = false;     // a table variable
     bool rowSet = false;       // inserted or deleted

@@ -3,6 +3,8 @@
 
 #include <sqlite3.h>
 
+#include <unordered_set>
+
 namespace quillon::practice {
 
 namespace {
@@ -30,6 +32,7 @@ class Loader {
     void LoadTriggers();
     void LoadTexts();
     void Connect();
+    void FindHollow();
 
     template <class Object>
     std::shared_ptr<Object> Find(std::int64_t id) {
@@ -61,6 +64,7 @@ std::shared_ptr<const Catalogue> Loader::Load() {
     LoadTriggers();
     LoadTexts();
     Connect();
+    FindHollow();
     CatalogueEditor editor(std::make_shared<Catalogue>(), m_version);
     for (auto& [id, database] : m_databases)
         editor.AddDatabase(std::move(database));
@@ -385,6 +389,16 @@ void Loader::Connect() {
                 referencing.push_back(id);
         }
     }
+}
+
+void Loader::FindHollow() {
+    std::unordered_set<std::string> stored;
+    Prepared rows = Select("SELECT 'main.' || name FROM sqlite_schema WHERE type = 'table'");
+    while (rows.Step())
+        stored.insert(rows.Text(0));
+    for (const auto& [id, object] : m_objects)
+        if (const auto table = std::dynamic_pointer_cast<Table>(object))
+            table->hollow = !stored.contains(table->storage);
 }
 
 } // namespace

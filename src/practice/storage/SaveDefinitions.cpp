@@ -3,11 +3,12 @@
 
 #include <sqlite3.h>
 
+#include <unordered_map>
+
 namespace quillon::practice {
 
-namespace {
-
-class Saver {
+// Keeps its statements: definitions come in thousands.
+class DefinitionSaver::Saver {
   public:
     explicit Saver(sqlite3* connection)
         : m_connection(connection) {}
@@ -18,7 +19,13 @@ class Saver {
     void SaveDatabase(const Database& database);
 
   private:
-    void RunFor(const char* sql, std::int64_t id) { Prepared(m_connection, sql).Bind(1, id).Run(); }
+    Prepared& Kept(const std::string& sql) {
+        Prepared& statement = m_kept[sql];
+        if (!statement)
+            statement = Prepared(m_connection, sql, true);
+        return statement;
+    }
+    void RunFor(const std::string& sql, std::int64_t id) { Kept(sql).Bind(1, id).Run(); }
     void SaveHead(const SchemaObject& home, ObjectId id, ObjectId parent, const std::string& name,
                   ObjectKind kind, bool systemNamed);
     void SaveColumns(ObjectId owner, const std::vector<Column>& columns);
@@ -32,22 +39,23 @@ class Saver {
     void SavePrincipal(DatabaseId database, const Principal& principal);
 
     sqlite3* m_connection;
+    std::unordered_map<std::string, Prepared> m_kept;
 };
 
-void Saver::DeleteObject(ObjectId id) {
+void DefinitionSaver::Saver::DeleteObject(ObjectId id) {
     RunFor("DELETE FROM q_foreign_key_column WHERE parent_object_id = ?", id);
     for (const char* table : {"q_check", "q_default", "q_foreign_key"})
-        RunFor((std::string("DELETE FROM ") + table + " WHERE parent_object_id = ?").c_str(), id);
+        RunFor(std::string("DELETE FROM ") + table + " WHERE parent_object_id = ?", id);
     // Triggers are objects of their own: what hangs on the table by its parent's id alone are constraints.
     RunFor("DELETE FROM q_object WHERE parent_object_id = ? AND type <> 'TR'", id);
     for (const char* table : {"q_object", "q_column", "q_index", "q_index_column", "q_module", "q_startup",
                               "q_parameter", "q_trigger", "q_trigger_event", "q_text_object"})
-        RunFor((std::string("DELETE FROM ") + table + " WHERE object_id = ?").c_str(), id);
+        RunFor(std::string("DELETE FROM ") + table + " WHERE object_id = ?", id);
 }
 
-void Saver::SaveHead(const SchemaObject& home, ObjectId id, ObjectId parent, const std::string& name,
-                     ObjectKind kind, bool systemNamed) {
-    Prepared insert(m_connection, "INSERT INTO q_object VALUES(?,?,?,?,?,?,?,?,?,?)");
+void DefinitionSaver::Saver::SaveHead(const SchemaObject& home, ObjectId id, ObjectId parent,
+                                      const std::string& name, ObjectKind kind, bool systemNamed) {
+    Prepared& insert = Kept("INSERT INTO q_object VALUES(?,?,?,?,?,?,?,?,?,?)");
     insert.Bind(1, id).Bind(2, home.database).Bind(3, home.schema).Bind(4, parent);
     insert.Bind(5, std::string_view(name)).Bind(6, std::string_view(ObjectTypeCode(kind)));
     BindMoment(insert, 7, home.created);
@@ -55,7 +63,7 @@ void Saver::SaveHead(const SchemaObject& home, ObjectId id, ObjectId parent, con
     insert.Bind(9, home.systemShipped).Bind(10, systemNamed).Run();
 }
 
-void Saver::SaveObject(const SchemaObject& object) {
+void DefinitionSaver::Saver::SaveObject(const SchemaObject& object) {
     const auto* trigger = dynamic_cast<const Trigger*>(&object);
     SaveHead(object, object.id, trigger == nullptr ? 0 : trigger->parent, object.name, object.kind, false);
     if (const auto* table = dynamic_cast<const Table*>(&object))
@@ -66,7 +74,7 @@ void Saver::SaveObject(const SchemaObject& object) {
         SaveText(object.id, "", synonym->target);
     else if (const auto* text = dynamic_cast<const TextObject*>(&object)) {
         SaveText(object.id, text->expression, "");
-        Prepared(m_connection, "INSERT INTO q_module VALUES(?,?,1,1,0,0,0,'')")
+        Kept("INSERT INTO q_module VALUES(?,?,1,1,0,0,0,'')")
             .Bind(1, object.id)
             .Bind(2, std::string_view(text->text))
             .Run();
@@ -81,8 +89,8 @@ void Saver::SaveObject(const SchemaObject& object) {
         SaveTrigger(*trigger);
 }
 
-void Saver::SaveColumns(ObjectId owner, const std::vector<Column>& columns) {
-    Prepared insert(m_connection, "INSERT INTO q_column VALUES(?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
+void DefinitionSaver::Saver::SaveColumns(ObjectId owner, const std::vector<Column>& columns) {
+    Prepared& insert = Kept("INSERT INTO q_column VALUES(?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
     int ordinal = 0;
     for (const Column& column : columns) {
         insert.Bind(1, owner).Bind(2, column.id).Bind(3, ++ordinal).Bind(4, std::string_view(column.name));
@@ -104,13 +112,13 @@ void Saver::SaveColumns(ObjectId owner, const std::vector<Column>& columns) {
     }
 }
 
-void Saver::SaveTable(const Table& table) {
+void DefinitionSaver::Saver::SaveTable(const Table& table) {
     SaveColumns(table.id, table.columns);
     for (const Index& index : table.indexes)
         SaveIndex(table, index);
     for (const DefaultConstraint& value : table.defaults) {
         SaveHead(table, value.id, table.id, value.name, ObjectKind::DefaultKind, value.systemNamed);
-        Prepared(m_connection, "INSERT INTO q_default VALUES(?,?,?,?)")
+        Kept("INSERT INTO q_default VALUES(?,?,?,?)")
             .Bind(1, value.id)
             .Bind(2, table.id)
             .Bind(3, value.columnId)
@@ -119,7 +127,7 @@ void Saver::SaveTable(const Table& table) {
     }
     for (const CheckConstraint& check : table.checks) {
         SaveHead(table, check.id, table.id, check.name, ObjectKind::CheckKind, check.systemNamed);
-        Prepared(m_connection, "INSERT INTO q_check VALUES(?,?,?,?,?,?)")
+        Kept("INSERT INTO q_check VALUES(?,?,?,?,?,?)")
             .Bind(1, check.id)
             .Bind(2, table.id)
             .Bind(3, check.columnId)
@@ -132,11 +140,11 @@ void Saver::SaveTable(const Table& table) {
         SaveForeignKey(table, key);
 }
 
-void Saver::SaveIndex(const Table& table, const Index& index) {
+void DefinitionSaver::Saver::SaveIndex(const Table& table, const Index& index) {
     if (index.IsConstraint())
         SaveHead(table, index.constraint, table.id, index.name,
                  index.primaryKey ? ObjectKind::PrimaryKey : ObjectKind::UniqueKey, index.systemNamed);
-    Prepared insert(m_connection, "INSERT INTO q_index VALUES(?,?,?,?,?,?,?,?,?,?,?,?)");
+    Prepared& insert = Kept("INSERT INTO q_index VALUES(?,?,?,?,?,?,?,?,?,?,?,?)");
     insert.Bind(1, table.id).Bind(2, index.id).Bind(3, std::string_view(index.name)).Bind(4, index.clustered);
     insert.Bind(5, index.unique).Bind(6, index.primaryKey).Bind(7, index.uniqueConstraint);
     insert.Bind(8, index.constraint).Bind(9, index.disabled).Bind(10, index.ignoreDuplicates);
@@ -144,7 +152,7 @@ void Saver::SaveIndex(const Table& table, const Index& index) {
     if (!index.filter.empty())
         insert.Bind(12, std::string_view(index.filter));
     insert.Run();
-    Prepared column(m_connection, "INSERT INTO q_index_column VALUES(?,?,?,?,?,?,?)");
+    Prepared& column = Kept("INSERT INTO q_index_column VALUES(?,?,?,?,?,?,?)");
     int ordinal = 0;
     for (const IndexKey& key : index.keys) {
         ++ordinal;
@@ -157,9 +165,9 @@ void Saver::SaveIndex(const Table& table, const Index& index) {
     }
 }
 
-void Saver::SaveForeignKey(const Table& table, const ForeignKey& key) {
+void DefinitionSaver::Saver::SaveForeignKey(const Table& table, const ForeignKey& key) {
     SaveHead(table, key.id, table.id, key.name, ObjectKind::ForeignKeyConstraint, key.systemNamed);
-    Prepared(m_connection, "INSERT INTO q_foreign_key VALUES(?,?,?,?,?,?,?,?)")
+    Kept("INSERT INTO q_foreign_key VALUES(?,?,?,?,?,?,?,?)")
         .Bind(1, key.id)
         .Bind(2, table.id)
         .Bind(3, key.referenced)
@@ -169,15 +177,15 @@ void Saver::SaveForeignKey(const Table& table, const ForeignKey& key) {
         .Bind(7, key.disabled)
         .Bind(8, key.notTrusted)
         .Run();
-    Prepared column(m_connection, "INSERT INTO q_foreign_key_column VALUES(?,?,?,?,?,?)");
+    Prepared& column = Kept("INSERT INTO q_foreign_key_column VALUES(?,?,?,?,?,?)");
     for (std::size_t i = 0; i < key.columns.size(); ++i) {
         column.Bind(1, key.id).Bind(2, static_cast<std::int64_t>(i) + 1).Bind(3, table.id);
         column.Bind(4, key.columns[i]).Bind(5, key.referenced).Bind(6, key.referencedColumns[i]).Run();
     }
 }
 
-void Saver::SaveModule(const Module& module) {
-    Prepared(m_connection, "INSERT INTO q_module VALUES(?,?,?,?,?,?,?,?)")
+void DefinitionSaver::Saver::SaveModule(const Module& module) {
+    Kept("INSERT INTO q_module VALUES(?,?,?,?,?,?,?,?)")
         .Bind(1, module.id)
         .Bind(2, std::string_view(module.text))
         .Bind(3, module.ansiNulls)
@@ -197,8 +205,8 @@ void Saver::SaveModule(const Module& module) {
         SaveParameter(module.id, 0, {"", *module.returns, true});
 }
 
-void Saver::SaveParameter(ObjectId owner, int ordinal, const ModuleParameter& parameter) {
-    Prepared insert(m_connection, "INSERT INTO q_parameter VALUES(?,?,?,?,?,?,?,?,?,?,?)");
+void DefinitionSaver::Saver::SaveParameter(ObjectId owner, int ordinal, const ModuleParameter& parameter) {
+    Prepared& insert = Kept("INSERT INTO q_parameter VALUES(?,?,?,?,?,?,?,?,?,?,?)");
     insert.Bind(1, owner).Bind(2, ordinal).Bind(3, std::string_view(parameter.name));
     insert.Bind(4, parameter.type.SystemTypeId())
         .Bind(5, UserTypeId(parameter.type, parameter.userType, false));
@@ -208,8 +216,8 @@ void Saver::SaveParameter(ObjectId owner, int ordinal, const ModuleParameter& pa
     insert.Bind(9, parameter.output).Bind(10, parameter.readOnly).Bind(11, parameter.hasDefault).Run();
 }
 
-void Saver::SaveTrigger(const Trigger& trigger) {
-    Prepared(m_connection, "INSERT INTO q_trigger VALUES(?,?,?,?,?)")
+void DefinitionSaver::Saver::SaveTrigger(const Trigger& trigger) {
+    Kept("INSERT INTO q_trigger VALUES(?,?,?,?,?)")
         .Bind(1, trigger.id)
         .Bind(2, trigger.parent)
         .Bind(3, trigger.insteadOf)
@@ -217,7 +225,7 @@ void Saver::SaveTrigger(const Trigger& trigger) {
         .Bind(5, trigger.notForReplication)
         .Run();
     for (const TriggerFor& entry : trigger.events)
-        Prepared(m_connection, "INSERT INTO q_trigger_event VALUES(?,?,?,?)")
+        Kept("INSERT INTO q_trigger_event VALUES(?,?,?,?)")
             .Bind(1, trigger.id)
             .Bind(2, static_cast<int>(entry.event))
             .Bind(3, entry.order == TriggerOrder::First)
@@ -225,22 +233,22 @@ void Saver::SaveTrigger(const Trigger& trigger) {
             .Run();
 }
 
-void Saver::SaveText(ObjectId id, const std::string& definition, const std::string& target) {
-    Prepared(m_connection, "INSERT INTO q_text_object VALUES(?,?,?)")
+void DefinitionSaver::Saver::SaveText(ObjectId id, const std::string& definition, const std::string& target) {
+    Kept("INSERT INTO q_text_object VALUES(?,?,?)")
         .Bind(1, id)
         .Bind(2, std::string_view(definition))
         .Bind(3, std::string_view(target))
         .Run();
 }
 
-void Saver::DeleteDatabase(DatabaseId id) {
+void DefinitionSaver::Saver::DeleteDatabase(DatabaseId id) {
     for (const char* table :
          {"q_database", "q_database_option", "q_schema", "q_principal", "q_role_member", "q_permission"})
-        RunFor((std::string("DELETE FROM ") + table + " WHERE database_id = ?").c_str(), id);
+        RunFor(std::string("DELETE FROM ") + table + " WHERE database_id = ?", id);
 }
 
-void Saver::SaveDatabase(const Database& database) {
-    Prepared head(m_connection, "INSERT INTO q_database VALUES(?,?,?,?,?)");
+void DefinitionSaver::Saver::SaveDatabase(const Database& database) {
+    Prepared& head = Kept("INSERT INTO q_database VALUES(?,?,?,?,?)");
     head.Bind(1, database.id)
         .Bind(2, std::string_view(database.name))
         .Bind(3, std::string_view(database.owner));
@@ -248,13 +256,13 @@ void Saver::SaveDatabase(const Database& database) {
     BindMoment(head, 5, database.created);
     head.Run();
     for (const auto& [name, value] : database.options)
-        Prepared(m_connection, "INSERT INTO q_database_option VALUES(?,?,?)")
+        Kept("INSERT INTO q_database_option VALUES(?,?,?)")
             .Bind(1, database.id)
             .Bind(2, std::string_view(name))
             .Bind(3, std::string_view(value))
             .Run();
     for (const auto& [id, schema] : database.schemas)
-        Prepared(m_connection, "INSERT INTO q_schema VALUES(?,?,?,?)")
+        Kept("INSERT INTO q_schema VALUES(?,?,?,?)")
             .Bind(1, database.id)
             .Bind(2, id)
             .Bind(3, std::string_view(schema.name))
@@ -263,7 +271,7 @@ void Saver::SaveDatabase(const Database& database) {
     for (const auto& [id, principal] : database.principals)
         SavePrincipal(database.id, principal);
     for (const Permission& permission : database.permissions) {
-        Prepared insert(m_connection, "INSERT INTO q_permission VALUES(?,?,?,?,?,?,?,?)");
+        Prepared& insert = Kept("INSERT INTO q_permission VALUES(?,?,?,?,?,?,?,?)");
         insert.Bind(1, database.id).Bind(2, permission.securableClass).Bind(3, permission.major);
         insert.Bind(4, permission.minor).Bind(5, permission.grantee).Bind(6, permission.grantor);
         insert.Bind(7, std::string_view(permission.permission));
@@ -271,8 +279,8 @@ void Saver::SaveDatabase(const Database& database) {
     }
 }
 
-void Saver::SavePrincipal(DatabaseId database, const Principal& principal) {
-    Prepared insert(m_connection, "INSERT INTO q_principal VALUES(?,?,?,?,?,?,?,?,?,?)");
+void DefinitionSaver::Saver::SavePrincipal(DatabaseId database, const Principal& principal) {
+    Prepared& insert = Kept("INSERT INTO q_principal VALUES(?,?,?,?,?,?,?,?,?,?)");
     const char kind = static_cast<char>(principal.kind);
     insert.Bind(1, database).Bind(2, principal.id).Bind(3, std::string_view(principal.name));
     insert.Bind(4, std::string_view(&kind, 1)).Bind(5, std::string_view(principal.login));
@@ -282,26 +290,29 @@ void Saver::SavePrincipal(DatabaseId database, const Principal& principal) {
     BindMoment(insert, 10, principal.modified);
     insert.Run();
     for (const PrincipalId role : principal.memberOf)
-        Prepared(m_connection, "INSERT INTO q_role_member VALUES(?,?,?)")
+        Kept("INSERT INTO q_role_member VALUES(?,?,?)")
             .Bind(1, database)
             .Bind(2, role)
             .Bind(3, principal.id)
             .Run();
 }
 
-} // namespace
+DefinitionSaver::DefinitionSaver(sqlite3* connection)
+    : m_saver(std::make_unique<Saver>(connection)) {}
 
-void SaveChanges(sqlite3* connection, const CatalogueEditor& editor) {
-    Saver saver(connection);
+DefinitionSaver::~DefinitionSaver() = default;
+
+void DefinitionSaver::Save(const CatalogueEditor& editor) {
     for (const DatabaseId id : editor.ChangedDatabases()) {
-        saver.DeleteDatabase(id);
+        m_saver->DeleteDatabase(id);
         if (const Database* database = editor.Now().FindDatabase(id))
-            saver.SaveDatabase(*database);
+            m_saver->SaveDatabase(*database);
     }
-    for (const ObjectId id : editor.ChangedObjects()) {
-        saver.DeleteObject(id);
+    for (const auto& [id, wasThere] : editor.ChangedObjects()) {
+        if (wasThere)
+            m_saver->DeleteObject(id);
         if (const auto object = editor.Now().FindObject(id))
-            saver.SaveObject(*object);
+            m_saver->SaveObject(*object);
     }
 }
 

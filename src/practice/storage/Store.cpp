@@ -114,7 +114,7 @@ void Store::CreateOrLoad(sqlite3* connection) {
         DropTables(connection, *m_committed->FindDatabase(tempDatabase));
         RemakeTempdb(editor);
     }
-    SaveChanges(connection, editor);
+    DefinitionSaver(connection).Save(editor);
     m_committed = editor.Finish();
     Prepared last(connection, "SELECT max(object_id) FROM q_object");
     last.Step();

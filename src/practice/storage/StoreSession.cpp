@@ -57,7 +57,9 @@ const std::shared_ptr<const Catalogue>& StoreSession::View() {
 void StoreSession::Change(const std::function<void(CatalogueEditor&)>& change) {
     CatalogueEditor editor(View(), m_store.NextVersion());
     change(editor);
-    SaveChanges(Connection(), editor);
+    if (!m_saver)
+        m_saver = std::make_unique<DefinitionSaver>(Connection());
+    m_saver->Save(editor);
     m_view = editor.Finish();
     m_ownView = true;
 }

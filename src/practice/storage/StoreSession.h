@@ -8,6 +8,7 @@
 // Threads: the session's own, save Interrupt.
 #pragma once
 
+#include "practice/storage/DefinitionTables.h"
 #include "practice/storage/Sqlite.h"
 #include "practice/storage/Store.h"
 #include "practice/storage/StoreFailure.h"
@@ -115,6 +116,7 @@ class StoreSession {
     int m_sessionId;
     OwnConnection m_connection;
     std::unordered_map<std::string, Prepared> m_kept; // few texts, used all the time
+    std::unique_ptr<DefinitionSaver> m_saver;         // from the first definition on
     std::shared_ptr<const Catalogue> m_view;          // committed, or own
     bool m_ownView = false;
     TemporaryTables m_temporary;

@@ -62,7 +62,19 @@ std::string_view StorageSchema(const Table& table) {
     return std::string_view(table.storage).substr(0, table.storage.find('.'));
 }
 
+std::string RowsOf(const Table& table) {
+    if (!table.hollow)
+        return table.storage;
+    std::string columns = "NULL AS rowid";
+    for (const Column& column : table.columns)
+        if (column.stored)
+            columns += ", NULL AS " + ColumnStorage(column.id);
+    return "(SELECT " + columns + " WHERE 0)";
+}
+
 void CreateTableStorage(sqlite3* connection, const Table& table) {
+    if (table.hollow)
+        return;
     std::string columns;
     for (const Column& column : table.columns)
         if (column.stored)
@@ -73,12 +85,13 @@ void CreateTableStorage(sqlite3* connection, const Table& table) {
         columns = "c0";
     Prepared(connection, "CREATE TABLE " + table.storage + "(" + columns + ")").Run();
     for (const Index& index : table.indexes)
-        if (index.filter.empty())
+        if (index.filter.empty() && !index.disabled)
             CreateIndexStorage(connection, table, index);
 }
 
 void DropTableStorage(sqlite3* connection, const Table& table) {
-    Prepared(connection, "DROP TABLE IF EXISTS " + table.storage).Run();
+    if (!table.hollow)
+        Prepared(connection, "DROP TABLE IF EXISTS " + table.storage).Run();
 }
 
 void DropTables(sqlite3* connection, const Database& database) {
@@ -89,13 +102,16 @@ void DropTables(sqlite3* connection, const Database& database) {
 }
 
 void AddColumnStorage(sqlite3* connection, const Table& table, const Column& column) {
-    Prepared(connection, "ALTER TABLE " + table.storage + " ADD COLUMN " + ColumnStorage(column.id) + " " +
-                             SqliteColumnType(column.type))
-        .Run();
+    if (!table.hollow)
+        Prepared(connection, "ALTER TABLE " + table.storage + " ADD COLUMN " + ColumnStorage(column.id) +
+                                 " " + SqliteColumnType(column.type))
+            .Run();
 }
 
 void CreateIndexStorage(sqlite3* connection, const Table& table, const Index& index,
                         const std::string& filter) {
+    if (table.hollow)
+        return;
     const bool guarded = index.unique && HasNullableKey(table, index);
     Prepared(connection, IndexSql(table, IndexName("i", table, index), index.unique && !guarded,
                                   PlainKeys(table, index), filter))
@@ -107,6 +123,8 @@ void CreateIndexStorage(sqlite3* connection, const Table& table, const Index& in
 }
 
 void DropIndexStorage(sqlite3* connection, const Table& table, const Index& index) {
+    if (table.hollow)
+        return;
     for (const char* prefix : {"i", "g"})
         Prepared(connection, "DROP INDEX IF EXISTS " + std::string(StorageSchema(table)) + "." +
                                  IndexName(prefix, table, index))

@@ -1,6 +1,9 @@
 // How a table and its indexes lie in SQLite: table t<id> with columns c<column id>, index i<table>_<index>.
 // Computed columns that are not stored have no column there. SQL Server's rule that a unique index holds at
 // most one NULL is kept by a second index, named g<table>_<index>, over the keys with NULL made a value.
+//
+// SQLite reads its whole schema whenever a connection opens or a table is made, so a table comes into being
+// there with its first row: until then it is hollow, and what follows does nothing for it.
 #pragma once
 
 #include "practice/storage/Catalogue.h"
@@ -9,7 +12,9 @@ struct sqlite3;
 
 namespace quillon::practice {
 
-void CreateTableStorage(sqlite3* connection, const Table& table); // with its indexes
+// What stands in FROM to read the table: its name, or no rows at all.
+std::string RowsOf(const Table& table);
+void CreateTableStorage(sqlite3* connection, const Table& table); // with its indexes, save filtered ones
 void DropTableStorage(sqlite3* connection, const Table& table);
 void DropTables(sqlite3* connection, const Database& database);                       // all that it has
 void AddColumnStorage(sqlite3* connection, const Table& table, const Column& column); // holds NULL

@@ -1,6 +1,7 @@
 #include "practice/statements/Engine.h"
 #include "practice/statements/change/RowChange.h"
 #include "practice/statements/translate/Translator.h"
+#include "practice/storage/TableStorage.h"
 #include "practice/values/SqlError.h"
 
 namespace quillon::practice {
@@ -63,7 +64,7 @@ void ChangeRun::CheckParents(RowChange& change) {
         std::string sql = "SELECT 1 FROM " + change.Inserted()->Definition()->storage + " AS n WHERE ";
         for (const int column : key.columns)
             sql += "n." + ColumnStorage(column) + " IS NOT NULL AND ";
-        sql += "NOT EXISTS (SELECT 1 FROM " + parent->storage + " AS p WHERE " +
+        sql += "NOT EXISTS (SELECT 1 FROM " + RowsOf(*parent) + " AS p WHERE " +
                Match("p", *parent, key.referencedColumns, "n", key.columns) + ")";
         Prepared orphans(m_engine.Connection(), sql);
         if (!m_engine.Step(orphans))
@@ -97,6 +98,8 @@ void ChangeRun::CheckChildren(RowChange& change) {
 
 void ChangeRun::Follow(RowChange& change, const Table& child, const ForeignKey& key) {
     const bool updates = change.Event() == TriggerEvent::Update;
+    if (child.hollow)
+        return;
     if (updates && !Touches(change, key.referencedColumns))
         return;
     const Table& parent = change.Target();
@@ -104,10 +107,10 @@ void ChangeRun::Follow(RowChange& change, const Table& child, const ForeignKey& 
     // Rows that refer to a key that was there before the statement and is not there after it.
     std::string from = " FROM " + deleted + " AS d";
     from +=
-        " JOIN " + child.storage + " AS x ON " + Match("x", child, key.columns, "d", key.referencedColumns);
+        " JOIN " + RowsOf(child) + " AS x ON " + Match("x", child, key.columns, "d", key.referencedColumns);
     if (updates)
         from += " JOIN " + change.Inserted()->Definition()->storage + " AS n ON n.rowid = d.rowid";
-    from += " WHERE NOT EXISTS (SELECT 1 FROM " + parent.storage + " AS p WHERE " +
+    from += " WHERE NOT EXISTS (SELECT 1 FROM " + RowsOf(parent) + " AS p WHERE " +
             Match("p", parent, key.referencedColumns, "d", key.referencedColumns) + ")";
     const ReferenceAction action = updates ? key.onUpdate : key.onDelete;
     const auto shared = m_engine.store.View()->FindTable(child.id);

@@ -1,6 +1,7 @@
 #include "practice/statements/change/RowChange.h"
 
 #include "practice/statements/Engine.h"
+#include "practice/statements/define/Tables.h"
 #include "practice/values/SqlError.h"
 
 #include <unordered_set>
@@ -10,7 +11,7 @@ namespace quillon::practice {
 RowChange::RowChange(Engine& engine, std::shared_ptr<const Table> table, TriggerEvent event, bool keepSets,
                      const char* verb)
     : m_engine(engine)
-    , m_shared(engine.SharedWriter(table))
+    , m_shared(engine.SharedWriter(WithStorage(engine, table)))
     , m_writer(*m_shared)
     , m_event(event)
     , m_verb(verb)

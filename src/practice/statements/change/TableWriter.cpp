@@ -30,6 +30,8 @@ TableWriter::TableWriter(Engine& engine, std::shared_ptr<const Table> table)
     const std::string schema(database == nullptr ? "dbo" : database->SchemaName(m_table->schema));
     m_twoPartName = m_table->variable ? m_table->name : schema + "." + m_table->name;
     m_fullName = m_table->variable ? m_table->name : m_databaseName + "." + m_twoPartName;
+    if (m_table->hollow)
+        return;
     const std::string& storage = m_table->storage;
     sqlite3* connection = engine.Connection();
     const std::string rowIdPlace = "?" + std::to_string(m_columns.size() + 1);

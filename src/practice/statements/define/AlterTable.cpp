@@ -8,7 +8,7 @@ namespace quillon::practice {
 namespace {
 
 bool HasRows(Engine& engine, const Table& table) {
-    Prepared first(engine.Connection(), "SELECT 1 FROM " + table.storage + " LIMIT 1");
+    Prepared first(engine.Connection(), "SELECT 1 FROM " + RowsOf(table) + " LIMIT 1");
     return first.Step();
 }
 
@@ -87,7 +87,7 @@ void AlterColumn(Engine& engine, const tsql::AlterTableStatement& statement,
     *std::find_if(after->columns.begin(), after->columns.end(),
                   [&](const Column& one) { return one.id == old->id; }) = changed;
     if (!changed.nullable && old->nullable) {
-        Prepared nulls(engine.Connection(), "SELECT 1 FROM " + before->storage + " WHERE " +
+        Prepared nulls(engine.Connection(), "SELECT 1 FROM " + RowsOf(*before) + " WHERE " +
                                                 ColumnStorage(old->id) + " IS NULL LIMIT 1");
         if (nulls.Step())
             throw SqlError(515, {old->name, engine.Writer(before).FullName(), "UPDATE"}, 2);
@@ -134,7 +134,7 @@ void Drop(Engine& engine, const tsql::AlterTableStatement& statement,
     }
     // The storage of the column stays behind, empty, until the table is made anew.
     for (const Column& column : before->columns)
-        if (column.stored && after->FindColumn(column.id) == nullptr)
+        if (column.stored && !after->hollow && after->FindColumn(column.id) == nullptr)
             Prepared(engine.Connection(),
                      "UPDATE " + after->storage + " SET " + ColumnStorage(column.id) + " = NULL")
                 .Run();

@@ -37,6 +37,8 @@ void FillColumn(Engine& engine, const std::shared_ptr<const Table>& table, const
 
 void RebuildStorage(Engine& engine, const Table& before, const Table& after,
                     const std::map<int, std::string>& values) {
+    if (before.hollow)
+        return;
     Table fresh = after;
     const std::string schema(StorageSchema(before));
     fresh.storage = schema + ".n" + std::to_string(after.id);
@@ -88,7 +90,7 @@ void CheckRows(Engine& engine, const std::shared_ptr<const Table>& table, const 
 
 void CheckRows(Engine& engine, const std::shared_ptr<const Table>& table, const ForeignKey& key) {
     const auto parent = engine.store.View()->FindTable(key.referenced);
-    std::string sql = "SELECT 1 FROM " + table->storage + " AS x WHERE ";
+    std::string sql = "SELECT 1 FROM " + RowsOf(*table) + " AS x WHERE ";
     std::string match;
     for (std::size_t i = 0; i < key.columns.size(); ++i) {
         const Column& column = *parent->FindColumn(key.referencedColumns[i]);
@@ -96,7 +98,7 @@ void CheckRows(Engine& engine, const std::shared_ptr<const Table>& table, const 
         match += (i > 0 ? " AND " : "") + Collated("p." + ColumnStorage(column.id), column.type) + " = x." +
                  ColumnStorage(key.columns[i]);
     }
-    Prepared orphans(engine.Connection(), sql + "NOT EXISTS (SELECT 1 FROM " + parent->storage +
+    Prepared orphans(engine.Connection(), sql + "NOT EXISTS (SELECT 1 FROM " + RowsOf(*parent) +
                                               " AS p WHERE " + match + ") LIMIT 1");
     if (!orphans.Step())
         return;

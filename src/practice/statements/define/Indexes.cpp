@@ -74,6 +74,8 @@ void StoreComputed(Engine& engine, const Table& before, const std::shared_ptr<co
         const Column* old = before.FindColumn(column.id);
         if (!column.IsComputed() || !column.stored || (old != nullptr && old->stored))
             continue;
+        if (after->hollow)
+            continue;
         AddColumnStorage(engine.Connection(), *after, column);
         Translator translator(engine);
         Scope scope;

@@ -100,13 +100,32 @@ void PutTable(Engine& engine, std::shared_ptr<Table> table) {
     });
 }
 
+namespace {
+
+// Conditions of filtered indexes that cannot be kept are refused here, hollow or not.
+void CreateStorage(Engine& engine, const Table& table) {
+    CreateTableStorage(engine.Connection(), table);
+    for (const Index& index : table.indexes)
+        if (!index.filter.empty() && !index.disabled)
+            CreateIndexStorage(engine.Connection(), table, index, FilterSql(engine, table, index));
+}
+
+} // namespace
+
+std::shared_ptr<const Table> WithStorage(Engine& engine, const std::shared_ptr<const Table>& table) {
+    if (!table->hollow)
+        return table;
+    engine.store.Change([&](CatalogueEditor& editor) { editor.MarkStored(table->id); });
+    const auto stored = engine.store.View()->FindTable(table->id);
+    CreateStorage(engine, *stored);
+    return stored;
+}
+
 std::shared_ptr<const Table> CreateTableObject(Engine& engine, std::shared_ptr<Table> table) {
     table->created = table->modified = CurrentMoment();
     table->storage = (table->temporary ? "temp.t" : "main.t") + std::to_string(table->id);
-    CreateTableStorage(engine.Connection(), *table);
-    for (const Index& index : table->indexes)
-        if (!index.filter.empty())
-            CreateIndexStorage(engine.Connection(), *table, index, FilterSql(engine, *table, index));
+    table->hollow = !table->temporary;
+    CreateStorage(engine, *table);
     if (!table->temporary) {
         // The names of its constraints must be free as well.
         const Home home{table->database, table->schema};
@@ -227,7 +246,8 @@ void Truncate(Engine& engine, const tsql::TruncateStatement& statement) {
     for (const ObjectId other : table->referencedBy)
         if (other != table->id)
             throw SqlError(4712, {table->name});
-    Prepared(engine.Connection(), "DELETE FROM " + table->storage).Run();
+    if (!table->hollow)
+        Prepared(engine.Connection(), "DELETE FROM " + table->storage).Run();
     engine.store.Shared().Identities().Set(table->id, std::nullopt);
     engine.store.NoteIdentity(table->id);
 }

@@ -55,8 +55,11 @@ class TableBuilder {
     Table& m_table;
 };
 
-// Makes the table known and its storage; `table` has database, schema, name and columns.
+// Makes the table known; `table` has database, schema, name and columns. A temporary one has its storage
+// then, another is hollow.
 std::shared_ptr<const Table> CreateTableObject(Engine& engine, std::shared_ptr<Table> table);
+// The table with a place for rows: itself, or as it is after that has been made. Of those who write rows.
+std::shared_ptr<const Table> WithStorage(Engine& engine, const std::shared_ptr<const Table>& table);
 // SELECT INTO.
 std::shared_ptr<const Table> CreateTableFor(Engine& engine, const tsql::Name& name,
                                             const std::vector<OutputColumn>& columns);

@@ -2,6 +2,7 @@
 #include "practice/statements/translate/Translator.h"
 
 #include "practice/statements/translate/SurroundingsGuard.h"
+#include "practice/storage/TableStorage.h"
 #include "practice/values/SqlError.h"
 #include "practice/values/StorageForm.h"
 
@@ -100,7 +101,7 @@ std::string Translator::AddTable(const std::shared_ptr<const Table>& table, cons
     }
     RequireNewName(scope, *source);
     needs.reads.insert(table->id);
-    const std::string text = table->storage + " AS " + source->alias;
+    const std::string text = RowsOf(*table) + " AS " + source->alias;
     scope.sources.push_back(std::move(source));
     return text;
 }
