@@ -120,16 +120,20 @@ Datum CollationPropertyOf(const Question& q) {
     const Collation* collation = FindCollation(q.Text(0));
     if (collation == nullptr)
         return {};
+    const auto names = [&](std::string_view part) { return collation->name.find(part) != std::string::npos; };
     const std::string property = UpperName(q.Text(1));
     if (property == "CODEPAGE")
-        return Datum::Int(1252);
+        return Datum::Int(collation->codePage);
     if (property == "LCID")
         return Datum::Int(static_cast<int>(collation->LocaleAndFlags() & 0xFFFFF));
     if (property == "COMPARISONSTYLE") // ignore case 1, accents 2, kana 65536, width 131072
-        return Datum::Int(collation->binary ? 0
-                                            : (collation->caseSensitive ? 0 : 1) +
-                                                  (collation->accentSensitive ? 0 : 2) + 65536 + 131072);
-    return property == "VERSION" ? Datum::Int(0) : Datum();
+        return Datum::Int(collation->binary
+                              ? 0
+                              : (collation->caseSensitive ? 0 : 1) + (collation->accentSensitive ? 0 : 2) +
+                                    (names("_KS") ? 0 : 65536) + (names("_WS") ? 0 : 131072));
+    if (property == "VERSION")
+        return Datum::Int(names("_140_") ? 3 : names("_100_") ? 2 : names("_90_") ? 1 : 0);
+    return property == "NAME" ? Datum::Text(SysName(), collation->name) : Datum();
 }
 
 Datum HasAccessOf(const Question& q) {

@@ -1,7 +1,9 @@
 // Functions that choose between values or tell whether one converts: ISNULL, CHOOSE, ISNUMERIC.
 #include "practice/functions/FunctionParts.h"
 #include "practice/values/Operators.h"
+#include "practice/values/Unicode.h"
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 
@@ -42,17 +44,24 @@ Datum Choose(FunctionContext& context, Arguments arguments) {
     return Convert(arguments[static_cast<std::size_t>(index)], ChooseType(types), context.Options());
 }
 
-// Whether a text converts to any of int, float, decimal or money: currency signs and a lone sign or point
-// count.
+// Whether a text converts to any of int, float, decimal or money: currency signs and a lone sign, point,
+// backslash (the yen of old) or tabs and line ends count.
 bool IsNumericText(std::string_view text) {
-    const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; };
+    const auto isControl = [](char c) { return c >= '\t' && c <= '\r'; };
+    if (!text.empty() && std::all_of(text.begin(), text.end(), isControl))
+        return true;
+    const auto isBlank = [&](char c) { return c == ' ' || isControl(c); };
     while (!text.empty() && isBlank(text.front()))
         text.remove_prefix(1);
     while (!text.empty() && isBlank(text.back()))
         text.remove_suffix(1);
     if (text.empty())
         return false;
-    if (text.size() == 1 && (text == "+" || text == "-" || text == "." || text == "," || text == "$"))
+    std::size_t first = 0;
+    const char32_t sign = unicode::Next(text, first);
+    const bool isSign = unicode::IsCurrencySign(sign) ||
+                        std::u32string_view(U"+-.,\\").find(sign) != std::u32string_view::npos;
+    if (first == text.size() && isSign)
         return true;
     const Datum value = Datum::VarCharOf(std::string(text));
     return !TryConvert(value, SimpleType(TypeId::Float)).IsNull() ||
@@ -66,7 +75,7 @@ Datum IsNumeric(FunctionContext&, Arguments arguments) {
         return Datum::Int(0);
     if (value.Type().IsCharacter())
         return Datum::Int(IsNumericText(value.Text()));
-    return Datum::Int(value.Type().IsNumber());
+    return Datum::Int(value.Type().IsNumber() && value.Type().id != TypeId::Bit);
 }
 
 // SQL_VARIANT_PROPERTY(value, property), of the value's base type.

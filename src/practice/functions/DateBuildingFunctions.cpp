@@ -13,7 +13,13 @@ namespace quillon::practice {
 namespace {
 
 [[noreturn]] void CannotConstruct(const SqlType& type) {
-    throw SqlError(289, {type.Name()});
+    const int state = type.id == TypeId::Date            ? 1
+                      : type.id == TypeId::Time          ? 2
+                      : type.id == TypeId::DateTime      ? 3
+                      : type.id == TypeId::SmallDateTime ? 4
+                      : type.id == TypeId::DateTime2     ? 5
+                                                         : 6;
+    throw SqlError(289, {type.Name()}, state);
 }
 
 std::int32_t DayOf(Arguments arguments, const SqlType& type) {
@@ -79,53 +85,67 @@ Datum SmallDateTimeFromParts(FunctionContext&, Arguments arguments) {
     return Datum::When(type, {day, TicksOf(clock, 0, 0, type), 0});
 }
 
-int PrecisionOf(const Datum& value) {
-    return static_cast<int>(std::clamp<std::int64_t>(IntegerOf(value), -1, 8));
+// The scale of the result, which is the last argument.
+int ScaleOf(Arguments arguments, const SqlType& type) {
+    if (arguments.back().IsNull())
+        throw SqlError(10760, {type.Name()});
+    const std::int64_t scale = IntegerOf(arguments.back());
+    if (scale < 0 || scale > 7)
+        throw SqlError(1002, {"1", std::to_string(scale)});
+    return static_cast<int>(scale);
 }
 
 Datum TimeFromParts(FunctionContext&, Arguments arguments) {
+    const SqlType type = MomentType(TypeId::Time);
+    const int scale = ScaleOf(arguments, type);
     if (AnyNull(arguments))
         return {};
-    const SqlType type = MomentType(TypeId::Time);
-    return Datum::When(
-        type, {day1900, TicksOf(arguments, IntegerOf(arguments[3]), PrecisionOf(arguments[4]), type), 0});
+    return Datum::When(type, {day1900, TicksOf(arguments, IntegerOf(arguments[3]), scale, type), 0});
 }
 
 Datum DateTime2FromParts(FunctionContext&, Arguments arguments) {
+    const SqlType type = MomentType(TypeId::DateTime2);
+    const int scale = ScaleOf(arguments, type);
     if (AnyNull(arguments))
         return {};
-    const SqlType type = MomentType(TypeId::DateTime2);
-    return Datum::When(
-        type, {DayOf(arguments, type),
-               TicksOf(arguments.subspan(3), IntegerOf(arguments[6]), PrecisionOf(arguments[7]), type), 0});
+    return Datum::When(type, {DayOf(arguments, type),
+                              TicksOf(arguments.subspan(3), IntegerOf(arguments[6]), scale, type), 0});
 }
 
 Datum DateTimeOffsetFromParts(FunctionContext&, Arguments arguments) {
+    const SqlType type = MomentType(TypeId::DateTimeOffset);
+    const int scale = ScaleOf(arguments, type);
     if (AnyNull(arguments))
         return {};
-    const SqlType type = MomentType(TypeId::DateTimeOffset);
     const std::int64_t hours = IntegerOf(arguments[7]), minutes = IntegerOf(arguments[8]);
     const bool isOffset = hours >= -14 && hours <= 14 && minutes > -60 && minutes < 60 &&
                           hours * minutes >= 0 && (std::abs(hours) < 14 || minutes == 0);
     if (!isOffset)
         CannotConstruct(type);
     const auto offset = static_cast<std::int16_t>(hours * 60 + minutes);
-    const Moment local{
-        DayOf(arguments, type),
-        TicksOf(arguments.subspan(3), IntegerOf(arguments[6]), PrecisionOf(arguments[9]), type), 0};
+    const Moment local{DayOf(arguments, type),
+                       TicksOf(arguments.subspan(3), IntegerOf(arguments[6]), scale, type), 0};
     return Datum::When(type, Moment::FromTotalTicks(local.TotalTicks() - offset * ticksPerMinute, offset));
 }
 
+SqlType IsDateType(ArgumentTypes types) {
+    const SqlType& type = types[0];
+    if (type.IsMoment() && type.id != TypeId::DateTime && type.id != TypeId::SmallDateTime)
+        throw SqlError(8116, {type.Name(), "1", "isdate"});
+    return SimpleType(TypeId::Int);
+}
+
+// Whether a value converts to datetime: texts, and whole numbers as the texts of their digits.
 Datum IsDate(FunctionContext& context, Arguments arguments) {
-    const Datum& value = arguments[0];
-    if (value.IsNull())
+    const Datum& given = arguments[0];
+    if (given.IsNull())
         return Datum::Int(0);
-    const TypeId id = value.Type().id;
-    if (id == TypeId::DateTime || id == TypeId::SmallDateTime)
+    if (given.Type().IsMoment())
         return Datum::Int(1);
-    if (value.Type().IsMoment())
+    if (!given.Type().IsCharacter() && !given.Type().IsInteger())
         return Datum::Int(0);
-    if (!value.Type().IsCharacter())
+    const Datum value = Convert(given, NVarChar(4000));
+    if (value.Text().empty())
         return Datum::Int(0);
     return Datum::Int(!TryConvert(value, SimpleType(TypeId::DateTime), context.Options()).IsNull());
 }
@@ -190,7 +210,7 @@ constexpr ScalarFunction rows[] = {
     {"TIMEFROMPARTS", 5, 5, FullScale<TypeId::Time>, TimeFromParts},
     {"DATETIME2FROMPARTS", 8, 8, FullScale<TypeId::DateTime2>, DateTime2FromParts},
     {"DATETIMEOFFSETFROMPARTS", 10, 10, FullScale<TypeId::DateTimeOffset>, DateTimeOffsetFromParts},
-    {"ISDATE", 1, 1, Always<TypeId::Int>, IsDate, once, false, false, true},
+    {"ISDATE", 1, 1, IsDateType, IsDate, once, false, false, true},
     {"SWITCHOFFSET", 2, 2, OffsetType, SwitchOffset, once},
     {"TODATETIMEOFFSET", 2, 2, OffsetType, ToDateTimeOffset, once},
 };

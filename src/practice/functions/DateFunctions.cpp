@@ -11,6 +11,8 @@ namespace quillon::practice {
 namespace {
 
 SqlType DateAddType(ArgumentTypes types) {
+    if (!types[1].IsNumber() && types[1].id != TypeId::Null)
+        throw SqlError(8116, {types[1].Name(), "2", "dateadd"});
     const SqlType& type = types[2];
     if (type.IsMoment())
         return type;
@@ -68,7 +70,7 @@ Datum DateAdd(FunctionContext& context, Arguments arguments) {
     if (part == DatePart::Offset || part == DatePart::IsoWeek)
         throw SqlError(9806, {NameOf(part), "dateadd"});
     RequirePart(part, type, "dateadd");
-    const std::int64_t number = Convert(arguments[1], SimpleType(TypeId::BigInt)).Integer();
+    const std::int64_t number = Convert(arguments[1], SimpleType(TypeId::Int)).Integer();
     if (type.id == TypeId::Time) {
         // The clock goes round.
         const std::int64_t step =

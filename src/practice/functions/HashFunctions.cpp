@@ -22,7 +22,7 @@ Datum HashBytes(FunctionContext&, Arguments arguments) {
     const std::string algorithm = unicode::ToUpper(TextOf(arguments[0]));
     const Datum& input = arguments[1];
     const std::string bytes =
-        input.Type().IsBinary() ? input.Bytes() : BytesOfText(input.Text(), input.Type().IsUnicode());
+        input.Type().IsBinary() ? input.Bytes() : BytesOfText(input.Text(), input.Type());
     std::string digest;
     if (algorithm == "MD5")
         digest = Md5(bytes);
@@ -52,8 +52,7 @@ std::string Essence(const Datum& value, bool isBinary) {
     if (value.Type().IsLegacyLob() || value.Type().id == TypeId::Xml)
         throw SqlError(8116, {value.Type().Name(), "1", isBinary ? "binary_checksum" : "checksum"});
     if (value.Type().IsCharacter())
-        return isBinary ? BytesOfText(value.Text(), value.Type().IsUnicode())
-                        : CollationOf(value).Key(value.Text());
+        return isBinary ? BytesOfText(value.Text(), value.Type()) : CollationOf(value).Key(value.Text());
     return Convert(value, BinaryType(TypeId::VarBinary, maxLength)).Bytes();
 }
 

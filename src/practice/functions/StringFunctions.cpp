@@ -3,6 +3,7 @@
 #include "practice/functions/FunctionParts.h"
 #include "practice/functions/Like.h"
 #include "practice/functions/Matching.h"
+#include "practice/values/CodePage.h"
 #include "practice/values/Unicode.h"
 
 #include <algorithm>
@@ -56,7 +57,7 @@ Datum DataLength(FunctionContext&, Arguments arguments) {
     const SqlType& type = arguments[0].Type();
     std::size_t bytes = 0;
     if (type.IsCharacter() || type.id == TypeId::Xml)
-        bytes = static_cast<std::size_t>(CountCharacters(arguments[0].Text())) * (type.IsUnicode() ? 2 : 1);
+        bytes = static_cast<std::size_t>(LengthIn(type, arguments[0].Text())) * (type.IsUnicode() ? 2 : 1);
     else if (type.IsBinary())
         bytes = arguments[0].Bytes().size();
     else
@@ -79,7 +80,7 @@ Datum Left(FunctionContext&, Arguments arguments) {
         return {};
     const std::int64_t length = IntegerOf(arguments[1]);
     if (length < 0)
-        throw SqlError(536, {"left"});
+        throw SqlError(537, {}, 2);
     return StringResult(arguments[0].Type(), Slice(TextOf(arguments[0]), 0, length));
 }
 

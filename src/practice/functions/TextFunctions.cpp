@@ -2,6 +2,7 @@
 #include "practice/functions/FunctionParts.h"
 #include "practice/functions/Matching.h"
 #include "practice/functions/NameParts.h"
+#include "practice/values/CodePage.h"
 #include "practice/values/Unicode.h"
 
 #include <algorithm>
@@ -18,8 +19,10 @@ Datum Ascii(FunctionContext&, Arguments arguments) {
     const std::string text = AnyNull(arguments) ? "" : TextOf(arguments[0]);
     if (text.empty())
         return {};
-    std::size_t at = 0;
-    return Datum::Int(unicode::ToCodePage(unicode::Next(text, at)));
+    std::size_t end = 0;
+    unicode::Next(text, end);
+    const std::string bytes = CodePage::Of(arguments[0].Type().collation).Encode(text.substr(0, end));
+    return Datum::Int(static_cast<unsigned char>(bytes.front()));
 }
 
 SqlType CharType(ArgumentTypes) {
@@ -30,9 +33,8 @@ Datum Char(FunctionContext&, Arguments arguments) {
     const std::int64_t code = AnyNull(arguments) ? -1 : IntegerOf(arguments[0]);
     if (code < 0 || code > 255)
         return {};
-    std::string text;
-    unicode::Append(text, unicode::FromCodePage(static_cast<std::uint8_t>(code)));
-    return Datum::Text(TextType(TypeId::Char, 1), std::move(text));
+    return Datum::Text(TextType(TypeId::Char, 1),
+                       CodePage::Of(nullptr).Decode(std::string(1, static_cast<char>(code))));
 }
 
 Datum UnicodeCode(FunctionContext&, Arguments arguments) {

@@ -57,8 +57,10 @@ WireType ReadScaled(Token token, ByteReader& reader) {
     return {token, LengthForm::Byte, MomentType(id, scale), 10, false};
 }
 
-void SkipCollation(ByteReader& reader) {
-    reader.Bytes(5);
+// What the client's bytes are written in.
+int ReadCollation(ByteReader& reader) {
+    const std::uint32_t localeAndFlags = reader.U32();
+    return CodePageOnWire(localeAndFlags, reader.U8());
 }
 
 WireType ReadString(Token token, ByteReader& reader) {
@@ -71,16 +73,14 @@ WireType ReadString(Token token, ByteReader& reader) {
                 : token == Token::Char      ? TypeId::Char
                                             : TypeId::VarChar;
     std::uint32_t size = reader.U16();
-    if (!bytes) {
-        SkipCollation(reader);
-    }
+    const int codePage = bytes ? 0 : ReadCollation(reader);
     if (size != chunkedSize && size > longestString) {
         RefuseSize();
     }
     bool chunked = size == chunkedSize;
     int length = chunked ? maxLength : static_cast<int>(std::max(size / (wide ? 2U : 1U), 1U));
     SqlType type = bytes ? BinaryType(id, length) : TextType(id, length);
-    return {token, chunked ? LengthForm::Chunks : LengthForm::Short, type, size, wide};
+    return {token, chunked ? LengthForm::Chunks : LengthForm::Short, type, size, wide, codePage};
 }
 
 // The strings of 255 bytes at most of older clients.
@@ -97,11 +97,9 @@ WireType ReadOldString(Token token, ByteReader& reader) {
 // As a parameter a text has no table name and its values no text pointer.
 WireType ReadLob(Token token, ByteReader& reader) {
     std::uint32_t size = reader.U32();
-    if (token != Token::Image) {
-        SkipCollation(reader);
-    }
+    const int codePage = token == Token::Image ? 0 : ReadCollation(reader);
     TypeId id = token == Token::Image ? TypeId::Image : token == Token::NText ? TypeId::NText : TypeId::Text;
-    return {token, LengthForm::Long, SimpleType(id), size, token == Token::NText};
+    return {token, LengthForm::Long, SimpleType(id), size, token == Token::NText, codePage};
 }
 
 WireType ReadXml(ByteReader& reader) {

@@ -1,5 +1,6 @@
 #include "practice/tds/Unicode.h"
 #include "practice/tds/Values.h"
+#include "practice/values/CodePage.h"
 
 #include <bit>
 #include <cmath>
@@ -137,7 +138,7 @@ Datum ReadString(const WireType& type, std::string_view bytes) {
         return Datum::Bytes(type.type, std::string(bytes));
     }
     if (!type.wide) {
-        return Datum::Text(type.type, FromCodePage1252(bytes));
+        return Datum::Text(type.type, CodePage::Of(type.codePage).Decode(bytes));
     }
     if (bytes.size() % 2 != 0) {
         RefuseValue();

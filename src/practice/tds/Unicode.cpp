@@ -64,25 +64,4 @@ std::string ToUtf16(std::string_view utf8) {
     return out;
 }
 
-std::string FromCodePage1252(std::string_view bytes) {
-    std::string out;
-    out.reserve(bytes.size());
-    for (char character : bytes) {
-        unicode::Append(out, unicode::FromCodePage(static_cast<std::uint8_t>(character)));
-    }
-    return out;
-}
-
-std::string ToCodePage1252(std::string_view utf8) {
-    std::string out;
-    out.reserve(utf8.size());
-    for (std::size_t position = 0; position < utf8.size();) {
-        char32_t point = unicode::Next(utf8, position);
-        // One byte for each UTF-16 unit, so that lengths stay what the type says.
-        out.append(static_cast<std::size_t>(unicode::Units(point)),
-                   static_cast<char>(unicode::ToCodePage(point)));
-    }
-    return out;
-}
-
 } // namespace quillon::practice::tds

@@ -1,6 +1,6 @@
-// The texts of the wire: UTF-16 little endian for n-types and names, Windows code page 1252 for the other
-// character types. Inside the server text is UTF-8. Half a surrogate pair, which n-types may hold, is kept as
-// the three bytes that UTF-8 would have for it, so that it goes out as it came in.
+// The UTF-16 texts of the wire, little endian: n-types and names. The other character types are in the code
+// page of their collation. Inside the server text is UTF-8. Half a surrogate pair, which n-types may hold, is
+// kept as the three bytes that UTF-8 would have for it, so that it goes out as it came in.
 #pragma once
 
 #include <string>
@@ -13,10 +13,5 @@ std::string FromUtf16(std::string_view bytes);
 std::string ToUtf16(std::string_view utf8);
 // Each byte that is no UTF-8 becomes the character of its own number.
 void AppendUtf16(std::string_view utf8, std::string& out);
-
-std::string FromCodePage1252(std::string_view bytes);
-// Characters that the code page lacks become question marks, as the documentation of conversions from Unicode
-// says.
-std::string ToCodePage1252(std::string_view utf8);
 
 } // namespace quillon::practice::tds

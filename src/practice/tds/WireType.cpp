@@ -149,14 +149,8 @@ void WriteTypeInfo(const WireType& type, ByteWriter& out) {
 }
 
 void WriteCollation(const WireType& type, ByteWriter& out) {
-    constexpr std::uint32_t localeBits = 0xFFFFF;
     const Collation* collation = type.type.collation != nullptr ? type.type.collation : DefaultCollation();
-    std::uint32_t locale = collation->LocaleAndFlags();
-    if (!type.wide) {
-        // The locale tells clients the code page, and whatever the collation, that of our bytes is 1252.
-        locale = (locale & ~localeBits) | (DefaultCollation()->LocaleAndFlags() & localeBits);
-    }
-    out.U32(locale);
+    out.U32(collation->LocaleAndFlags());
     out.U8(collation->SortId());
 }
 

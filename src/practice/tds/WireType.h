@@ -74,6 +74,7 @@ struct WireType {
     SqlType type;           // what the values are converted to before they are written
     std::uint32_t size = 0; // the maximum length of the type, in bytes
     bool wide = false;      // text in UTF-16
+    int codePage = 1252;    // of text that comes in and is not wide
 };
 
 // For columns and return values that are sent. Older clients (`tdsVersion`) get (max) types as text, ntext

@@ -1,5 +1,6 @@
 #include "practice/tds/Unicode.h"
 #include "practice/tds/Values.h"
+#include "practice/values/CodePage.h"
 #include "practice/values/Convert.h"
 
 #include <bit>
@@ -95,7 +96,7 @@ void AppendString(const Datum& value, const WireType& type, ByteWriter& out) {
     } else if (type.wide) {
         out.Utf16(value.Text());
     } else {
-        out.Bytes(ToCodePage1252(value.Text()));
+        out.Bytes(CodePage::Of(type.type.collation).Encode(value.Text()));
     }
 }
 

@@ -1,5 +1,7 @@
 #include "practice/tsql/Characters.h"
 
+#include "practice/values/Unicode.h"
+
 #include <cstdint>
 
 namespace quillon::practice::tsql {
@@ -71,9 +73,7 @@ std::size_t BlankLength(std::string_view text, std::size_t at) {
 }
 
 std::size_t CurrencyLength(std::string_view text, std::size_t at) {
-    const std::uint32_t code = CodeAt(text, at);
-    const bool sign = code == '$' || (code >= 0xA2 && code <= 0xA5) || (code >= 0x20A0 && code <= 0x20BF);
-    return sign ? CharacterLength(text, at) : 0;
+    return unicode::IsCurrencySign(CodeAt(text, at)) ? CharacterLength(text, at) : 0;
 }
 
 bool IsNameStart(std::string_view text, std::size_t at) {

@@ -195,52 +195,107 @@ std::string UpperAscii(std::string_view text) {
     return result;
 }
 
+constexpr std::uint32_t utf8Flag = 1u << 26;
+
 struct LanguagePrefix {
     const char* name; // upper case
     std::uint32_t locale;
+    int codePage;
     bool isSql; // the older family, which has a sort id and no version
 };
 
 constexpr LanguagePrefix prefixes[] = {
-    {"SQL_LATIN1_GENERAL_CP1250", 0x0409, true},
-    {"SQL_LATIN1_GENERAL_CP1251", 0x0419, true},
-    {"SQL_LATIN1_GENERAL_CP1253", 0x0408, true},
-    {"SQL_LATIN1_GENERAL_CP1254", 0x041F, true},
-    {"SQL_LATIN1_GENERAL_CP1", 0x0409, true},
-    {"SQL_LATIN1_GENERAL_CP437", 0x0409, true},
-    {"SQL_LATIN1_GENERAL_CP850", 0x0409, true},
-    {"SQL_LATIN1_GENERAL", 0x0409, true},
-    {"LATIN1_GENERAL", 0x0409, false},
-    {"ALBANIAN", 0x041C, false},
-    {"ARABIC", 0x0401, false},
-    {"CHINESE_PRC", 0x0804, false},
-    {"CHINESE_TAIWAN_STROKE", 0x0404, false},
-    {"CROATIAN", 0x041A, false},
-    {"CYRILLIC_GENERAL", 0x0419, false},
-    {"CZECH", 0x0405, false},
-    {"DANISH_NORWEGIAN", 0x0406, false},
-    {"ESTONIAN", 0x0425, false},
-    {"FINNISH_SWEDISH", 0x040B, false},
-    {"FRENCH", 0x040C, false},
-    {"GERMAN_PHONEBOOK", 0x10407, false},
-    {"GREEK", 0x0408, false},
-    {"HEBREW", 0x040D, false},
-    {"HUNGARIAN", 0x040E, false},
-    {"ICELANDIC", 0x040F, false},
-    {"JAPANESE", 0x0411, false},
-    {"KOREAN_WANSUNG", 0x0412, false},
-    {"LATVIAN", 0x0426, false},
-    {"LITHUANIAN", 0x0427, false},
-    {"MODERN_SPANISH", 0x0C0A, false},
-    {"POLISH", 0x0415, false},
-    {"ROMANIAN", 0x0418, false},
-    {"SLOVAK", 0x041B, false},
-    {"SLOVENIAN", 0x0424, false},
-    {"THAI", 0x041E, false},
-    {"TRADITIONAL_SPANISH", 0x040A, false},
-    {"TURKISH", 0x041F, false},
-    {"UKRAINIAN", 0x0422, false},
-    {"VIETNAMESE", 0x042A, false},
+    {"SQL_LATIN1_GENERAL_CP1250", 0x0409, 1250, true},
+    {"SQL_LATIN1_GENERAL_CP1251", 0x0419, 1251, true},
+    {"SQL_LATIN1_GENERAL_CP1253", 0x0408, 1253, true},
+    {"SQL_LATIN1_GENERAL_CP1254", 0x041F, 1254, true},
+    {"SQL_LATIN1_GENERAL_CP1255", 0x040D, 1255, true},
+    {"SQL_LATIN1_GENERAL_CP1256", 0x0401, 1256, true},
+    {"SQL_LATIN1_GENERAL_CP1257", 0x0427, 1257, true},
+    {"SQL_LATIN1_GENERAL_CP1", 0x0409, 1252, true},
+    {"SQL_LATIN1_GENERAL_CP437", 0x0409, 437, true},
+    {"SQL_LATIN1_GENERAL_CP850", 0x0409, 850, true},
+    {"SQL_LATIN1_GENERAL", 0x0409, 1252, true},
+    {"SQL_1XCOMPAT_CP850", 0x0409, 850, true},
+    {"SQL_ALTDICTION_CP850", 0x0409, 850, true},
+    {"SQL_CROATIAN_CP1250", 0x041A, 1250, true},
+    {"SQL_CZECH_CP1250", 0x0405, 1250, true},
+    {"SQL_DANISH_PREF_CP1", 0x0406, 1252, true},
+    {"SQL_HUNGARIAN_CP1250", 0x040E, 1250, true},
+    {"SQL_ICELANDIC_PREF_CP1", 0x040F, 1252, true},
+    {"SQL_POLISH_CP1250", 0x0415, 1250, true},
+    {"SQL_ROMANIAN_CP1250", 0x0418, 1250, true},
+    {"SQL_SCANDINAVIAN_CP850", 0x0406, 850, true},
+    {"SQL_SLOVAK_CP1250", 0x041B, 1250, true},
+    {"SQL_SLOVENIAN_CP1250", 0x0424, 1250, true},
+    {"SQL_SWEDISHPHONE_PREF_CP1", 0x041D, 1252, true},
+    {"SQL_SWEDISHSTD_PREF_CP1", 0x041D, 1252, true},
+    {"SQL_UKRAINIAN_CP1251", 0x0422, 1251, true},
+    {"LATIN1_GENERAL", 0x0409, 1252, false},
+    {"ALBANIAN", 0x041C, 1250, false},
+    {"ARABIC", 0x0401, 1256, false},
+    {"BOSNIAN_LATIN", 0x141A, 1250, false},
+    {"BOSNIAN_CYRILLIC", 0x201A, 1251, false},
+    {"BRETON", 0x047E, 1252, false},
+    {"CHINESE_PRC", 0x0804, 936, false},
+    {"CHINESE_PRC_STROKE", 0x20804, 936, false},
+    {"CHINESE_SIMPLIFIED_PINYIN", 0x0804, 936, false},
+    {"CHINESE_SIMPLIFIED_STROKE_ORDER", 0x20804, 936, false},
+    {"CHINESE_TAIWAN_STROKE", 0x0404, 950, false},
+    {"CHINESE_TAIWAN_BOPOMOFO", 0x30404, 950, false},
+    {"CHINESE_TRADITIONAL_STROKE_COUNT", 0x0404, 950, false},
+    {"CHINESE_TRADITIONAL_BOPOMOFO", 0x30404, 950, false},
+    {"CROATIAN", 0x041A, 1250, false},
+    {"CYRILLIC_GENERAL", 0x0419, 1251, false},
+    {"CZECH", 0x0405, 1250, false},
+    {"DANISH_NORWEGIAN", 0x0406, 1252, false},
+    {"DANISH_GREENLANDIC", 0x0406, 1252, false},
+    {"ESTONIAN", 0x0425, 1257, false},
+    {"FINNISH_SWEDISH", 0x040B, 1252, false},
+    {"FRENCH", 0x040C, 1252, false},
+    {"GERMAN_PHONEBOOK", 0x10407, 1252, false},
+    {"GREEK", 0x0408, 1253, false},
+    {"HEBREW", 0x040D, 1255, false},
+    {"HUNGARIAN", 0x040E, 1250, false},
+    {"HUNGARIAN_TECHNICAL", 0x1040E, 1250, false},
+    {"ICELANDIC", 0x040F, 1252, false},
+    {"JAPANESE", 0x0411, 932, false},
+    {"JAPANESE_UNICODE", 0x10411, 932, false},
+    {"JAPANESE_XJIS", 0x0411, 932, false},
+    {"KAZAKH", 0x043F, 1251, false},
+    {"KOREAN_WANSUNG", 0x0412, 949, false},
+    {"KOREAN", 0x0412, 949, false},
+    {"LATVIAN", 0x0426, 1257, false},
+    {"LITHUANIAN", 0x0427, 1257, false},
+    {"MACEDONIAN_FYROM", 0x042F, 1251, false},
+    {"MODERN_SPANISH", 0x0C0A, 1252, false},
+    {"NORWEGIAN", 0x0414, 1252, false},
+    {"PERSIAN", 0x0429, 1256, false},
+    {"POLISH", 0x0415, 1250, false},
+    {"ROMANIAN", 0x0418, 1250, false},
+    {"ROMANSH", 0x0417, 1252, false},
+    {"SERBIAN_LATIN", 0x081A, 1250, false},
+    {"SERBIAN_CYRILLIC", 0x0C1A, 1251, false},
+    {"SLOVAK", 0x041B, 1250, false},
+    {"SLOVENIAN", 0x0424, 1250, false},
+    {"TATAR", 0x0444, 1251, false},
+    {"THAI", 0x041E, 874, false},
+    {"TRADITIONAL_SPANISH", 0x040A, 1252, false},
+    {"TURKISH", 0x041F, 1254, false},
+    {"UKRAINIAN", 0x0422, 1251, false},
+    {"URDU", 0x0420, 1256, false},
+    {"VIETNAMESE", 0x042A, 1258, false},
+    {"WELSH", 0x0452, 1252, false},
+};
+
+// The sort ids of the older family's general orders; 0 where there is no such order.
+struct SortIds {
+    int codePage;
+    std::uint8_t sensitive, insensitive, withoutAccents;
+};
+constexpr SortIds sortIds[] = {
+    {1252, 51, 52, 54},    {437, 31, 32, 34},   {850, 41, 42, 44},   {1250, 81, 82, 0},   {1251, 105, 106, 0},
+    {1253, 113, 114, 124}, {1254, 129, 130, 0}, {1255, 137, 138, 0}, {1256, 145, 146, 0}, {1257, 153, 154, 0},
 };
 
 const LanguagePrefix* PrefixOf(std::string_view upperName) {
@@ -322,23 +377,37 @@ std::string Collation::Key(std::string_view text) const {
 std::uint32_t Collation::LocaleAndFlags() const {
     const LanguagePrefix* prefix = PrefixOf(UpperAscii(name));
     const std::uint32_t locale = prefix != nullptr ? prefix->locale : 0x0409;
+    const std::uint32_t utf8 = codePage == 65001 ? utf8Flag : 0;
     if (binary)
-        return locale | (UpperAscii(name).ends_with("_BIN2") ? 1u << 25 : 1u << 24);
+        return locale | utf8 | (UpperAscii(name).find("_BIN2") != std::string::npos ? 1u << 25 : 1u << 24);
     std::uint32_t flags = (1u << 22) | (1u << 23); // width and kana do not count
     if (!caseSensitive)
         flags |= 1u << 20;
     if (!accentSensitive)
         flags |= 1u << 21;
-    return locale | flags;
+    return locale | flags | utf8;
 }
 
 std::uint8_t Collation::SortId() const {
-    const std::string upper = UpperAscii(name);
-    if (!upper.starts_with("SQL_LATIN1_GENERAL_CP1_"))
+    if (!UpperAscii(name).starts_with("SQL_LATIN1_GENERAL_CP") || binary)
         return 0;
-    if (caseSensitive)
-        return 51;
-    return accentSensitive ? 52 : 54;
+    for (const SortIds& row : sortIds)
+        if (row.codePage == codePage)
+            return caseSensitive ? row.sensitive : accentSensitive ? row.insensitive : row.withoutAccents;
+    return 0;
+}
+
+int CodePageOnWire(std::uint32_t localeAndFlags, std::uint8_t sortId) {
+    if ((localeAndFlags & utf8Flag) != 0)
+        return 65001;
+    for (const SortIds& row : sortIds)
+        if (sortId != 0 &&
+            (sortId == row.sensitive || sortId == row.insensitive || sortId == row.withoutAccents))
+            return row.codePage;
+    for (const LanguagePrefix& prefix : prefixes)
+        if (!prefix.isSql && prefix.locale == (localeAndFlags & 0xFFFFF))
+            return prefix.codePage;
+    return 1252;
 }
 
 const Collation* FindCollation(std::string_view name) {
@@ -354,6 +423,7 @@ const Collation* FindCollation(std::string_view name) {
         return nullptr;
     Collation collation;
     collation.name = std::string(name);
+    collation.codePage = upper.ends_with("_UTF8") ? 65001 : prefix->codePage;
     const std::string_view flags = std::string_view(upper).substr(std::string_view(prefix->name).size());
     if (!ReadFlags(flags, prefix->isSql, collation))
         return nullptr;

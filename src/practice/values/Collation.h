@@ -20,6 +20,7 @@ struct Collation {
     bool caseSensitive = false;
     bool accentSensitive = true;
     bool binary = false;
+    int codePage = 1252; // of char, varchar and text; 65001 for the _UTF8 collations
 
     // The collation under which SQLite sorts a column of this collation: CI_AS, CS_AS, CI_AI, CS_AI or BIN.
     const char* SqliteName() const;
@@ -31,6 +32,9 @@ struct Collation {
     std::uint32_t LocaleAndFlags() const;
     std::uint8_t SortId() const;
 };
+
+// The code page of text under the collation that the wire's five bytes name; 1252 for one that is unknown.
+int CodePageOnWire(std::uint32_t localeAndFlags, std::uint8_t sortId);
 
 // The collation of that name, without regard to case; nullptr when the name names none. Safe on all threads.
 const Collation* FindCollation(std::string_view name);

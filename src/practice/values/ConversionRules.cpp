@@ -106,7 +106,9 @@ void RequireConversion(const SqlType& from, const SqlType& to, bool isExplicit) 
         return;
     if (isExplicit)
         RefuseConversion(from, to);
-    throw SqlError(rule == ConversionRule::NotAllowed ? 206 : 257, {from.Name(), to.Name()});
+    if (rule == ConversionRule::NotAllowed)
+        throw SqlError(206, {from.Name(), to.Name()}, 2);
+    throw SqlError(257, {from.Name(), to.Name()}, 3);
 }
 
 } // namespace quillon::practice

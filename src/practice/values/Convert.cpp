@@ -1,5 +1,6 @@
 #include "practice/values/Convert.h"
 
+#include "practice/values/CodePage.h"
 #include "practice/values/ConvertParts.h"
 #include "practice/values/SqlError.h"
 
@@ -32,7 +33,7 @@ bool LosesSomething(const Datum& value, const SqlType& to) {
         return false;
     const SqlType& from = value.Type();
     if (to.IsCharacter() && from.IsCharacter())
-        return CountCharacters(WithoutTrailingBlanks(value.Text())) > to.length;
+        return LengthIn(to, WithoutTrailingBlanks(value.Text())) > to.length;
     if (to.IsBinary() && from.IsBinary())
         return value.Bytes().size() > static_cast<std::size_t>(to.length);
     return false;
@@ -41,7 +42,7 @@ bool LosesSomething(const Datum& value, const SqlType& to) {
 std::string WhatFits(const Datum& value, const SqlType& to) {
     if (to.IsBinary())
         return ToHex(std::string_view(value.Bytes()).substr(0, static_cast<std::size_t>(to.length)));
-    return std::string(FirstCharacters(value.Text(), to.length));
+    return std::string(BeginningIn(to, value.Text(), to.length));
 }
 
 bool IsFailureOfValue(const SqlError& error) {

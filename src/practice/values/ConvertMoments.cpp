@@ -37,10 +37,17 @@ Moment RoundToMinute(const Moment& moment) {
 
 Moment MomentFromText(const Datum& value, const SqlType& to, const ConvertOptions& options, int style) {
     ParsedMoment parsed;
-    switch (ReadMoment(value.Text(), options, style, IsOld(to.id), parsed)) {
+    const MomentFailure failure = ReadMoment(value.Text(), options, style, IsOld(to.id), parsed);
+    const bool isStyleWrong = failure != MomentFailure::None && style != noStyle && !IsOld(to.id);
+    if (isStyleWrong && ParseMoment(value.Text(), options))
+        throw SqlError(9807, {std::to_string(style)});
+    switch (failure) {
     case MomentFailure::None: break;
     case MomentFailure::Range: OutOfRange(value.Type(), to);
-    case MomentFailure::Format: throw SqlError(to.id == TypeId::SmallDateTime ? 295 : 241);
+    case MomentFailure::Format:
+        if (to.id == TypeId::SmallDateTime)
+            throw SqlError(295, {}, 3);
+        throw SqlError(241);
     }
     if (to.id != TypeId::DateTimeOffset) {
         parsed.moment.offsetMinutes = 0;
@@ -165,6 +172,8 @@ Datum ToMomentType(const Datum& value, const SqlType& to, const ConvertOptions& 
         return MakeMoment(MomentFromText(value, to, options, style), to, from);
     if (ConversionBetween(from, to) == ConversionRule::NotAllowed)
         RefuseConversion(from, to);
+    if (from.IsMoment() && to.id == TypeId::DateTimeOffset && style != noStyle && style != 0 && style != 1)
+        throw SqlError(9809, {std::to_string(style), from.Name(), to.Name()});
     if (from.IsMoment())
         return MakeMoment(MomentFromMoment(value, to), to, from);
     if (from.IsBinary())

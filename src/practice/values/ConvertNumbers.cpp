@@ -1,5 +1,6 @@
 #include "practice/values/ConvertParts.h"
 #include "practice/values/SqlError.h"
+#include "practice/values/Unicode.h"
 
 #include <algorithm>
 #include <charconv>
@@ -98,12 +99,18 @@ Int128 IntegerFromText(const Datum& value, const SqlType& to) {
     return number;
 }
 
+[[noreturn]] void FloatOverflow(double number, const SqlType& to) {
+    if (to.id == TypeId::BigInt)
+        throw SqlError(8115, {"expression", to.Name()}, 2);
+    throw SqlError(232, {to.Name(), std::to_string(number)}, 3);
+}
+
 Int128 IntegerFromFloat(double number, const SqlType& to) {
     const Range range = RangeOf(to.id);
     const double whole = std::trunc(number);
     // The upper limits of 64 bits are no double, so the test is against the next power of two.
     if (!(whole >= static_cast<double>(range.low) && whole < static_cast<double>(range.high) + 1.0))
-        throw SqlError(232, {to.Name(), std::to_string(number)});
+        FloatOverflow(number, to);
     return static_cast<std::int64_t>(whole);
 }
 
@@ -175,18 +182,19 @@ Datum CheckedDecimal(const std::optional<Decimal>& number, const SqlType& from, 
 }
 
 double FloatFromText(const Datum& value, const SqlType& to) {
-    const std::string_view text = Trim(value.Text());
+    std::string text(Trim(value.Text()));
     if (text.empty())
         return 0;
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c == 'd' || c == 'D'; }, 'e');
     for (const char c : text)
-        if ((c < '0' || c > '9') && c != '.' && c != '-' && c != '+' && c != 'e' && c != 'E' && c != 'd' &&
-            c != 'D')
+        if ((c < '0' || c > '9') && c != '.' && c != '-' && c != '+' && c != 'e' && c != 'E')
             throw SqlError(8114, {value.Type().Name(), to.Name()}, 5);
     const char* begin = text.data() + (text.front() == '+');
     double number = 0;
     const auto [end, error] = std::from_chars(begin, text.data() + text.size(), number);
-    if (error == std::errc::result_out_of_range && text.find_first_of("eE") != std::string_view::npos &&
-        text.find('-', 1) != std::string_view::npos)
+    if (error == std::errc::result_out_of_range && text.find_first_of("eE") != std::string::npos &&
+        text.find('-', 1) != std::string::npos)
         return 0;
     if (error == std::errc::result_out_of_range)
         throw SqlError(8115, {"expression", to.Name()}, 2);
@@ -199,14 +207,18 @@ Int128 MoneyFromText(const Datum& value, const SqlType& to) {
     const bool isSmall = to.id == TypeId::SmallMoney;
     std::string digits;
     bool signSeen = false;
-    for (const char c : Trim(value.Text())) {
-        const bool isCurrency = c == '$' || c == ',';
+    const std::string_view text = Trim(value.Text());
+    for (std::size_t at = 0; at < text.size();) {
+        const char32_t code = unicode::Next(text, at);
+        if (unicode::IsCurrencySign(code) || code == ',')
+            continue;
+        const char c = code < 0x80 ? static_cast<char>(code) : '?';
         if (c == '-' || c == '+') {
             if (signSeen || digits.find_first_of("0123456789.") != std::string::npos)
                 throw SqlError(isSmall ? 293 : 235);
             signSeen = true;
         }
-        if (!isCurrency && c != ' ')
+        if (c != ' ' || digits.find_first_of("0123456789.") != std::string::npos)
             digits.push_back(c);
     }
     if (digits.empty() || digits == "-" || digits == "+")

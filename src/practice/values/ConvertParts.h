@@ -23,19 +23,20 @@ std::string_view MessageName(const SqlType& type);
 // Text forms of numbers and moments under a style.
 std::string FormatFloat(double value, bool isReal, int style);
 std::string FormatMoney(Int128 tenThousandths, int style);
-std::string FormatMoment(const Datum& value, int style);
+// `target` is what messages call the type that the text is for.
+std::string FormatMoment(const Datum& value, int style, std::string_view target = "varchar");
 
 // Checks range and rounds to what the type holds; `from` names the source in 242.
 Datum MakeMoment(const Moment& moment, const SqlType& to, const SqlType& from);
 
 enum class MomentFailure : std::uint8_t { None, Format, Range };
 // `legacy` reads for datetime and smalldatetime: at most three digits of fraction, the date order also
-// governs dates that begin with the year. Otherwise as ParseMoment.
+// governs dates that begin with the year, the form with T has its seconds. Otherwise as ParseMoment.
 MomentFailure ReadMoment(std::string_view text, const ConvertOptions& options, int style, bool legacy,
                          ParsedMoment& result);
 
-// The bytes of a text as CAST to binary sees them, and back.
-std::string BytesOfText(std::string_view utf8, bool unicode);
-std::string TextOfBytes(std::string_view bytes, bool unicode);
+// The bytes of a text of this type as CAST to binary sees them, and back.
+std::string BytesOfText(std::string_view utf8, const SqlType& type);
+std::string TextOfBytes(std::string_view bytes, const SqlType& type);
 
 } // namespace quillon::practice

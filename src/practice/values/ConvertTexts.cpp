@@ -1,3 +1,4 @@
+#include "practice/values/CodePage.h"
 #include "practice/values/ConvertParts.h"
 #include "practice/values/SqlError.h"
 #include "practice/values/Unicode.h"
@@ -9,45 +10,14 @@ namespace quillon::practice {
 
 namespace {
 
-bool IsAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
-// A collation of another alphabet has its own code page; only that of the Latin ones is known here, the
-// others keep all.
-bool HasLatinCodePage(const Collation* collation) {
-    const std::string_view name = collation == nullptr ? "Latin1_General" : std::string_view(collation->name);
-    const bool isLatin = name.starts_with("Latin1_General") || name.starts_with("SQL_Latin1_General_CP1_");
-    return isLatin && !name.ends_with("_UTF8");
-}
-
-// What is left of a text in a char type: characters outside of the code page lose their accent or become
-// question marks.
-std::string FitCodePage(std::string_view text) {
-    std::string result;
-    for (std::size_t at = 0; at < text.size();) {
-        const char32_t c = unicode::Next(text, at);
-        if (c == '?' || unicode::ToCodePage(c) != '?') {
-            unicode::Append(result, c);
-            continue;
-        }
-        const char32_t base = unicode::Decompose(c).base;
-        result.append(static_cast<std::size_t>(unicode::Units(c)),
-                      base < 0x80 ? static_cast<char>(base) : '?');
-    }
-    return result;
-}
-
 [[noreturn]] void NoRoom(const Datum& value, const SqlType& to) {
     const SqlType& from = value.Type();
-    if (from.id == TypeId::SmallMoney)
-        throw SqlError(292, {to.Name()});
-    if (from.id == TypeId::Money)
+    if (from.IsMoney())
         throw SqlError(234, {to.Name()}, 2);
     if (from.IsFloat())
-        throw SqlError(232, {to.Name(), std::to_string(value.Float())});
-    if (from.id == TypeId::UniqueIdentifier)
-        throw SqlError(8170);
+        throw SqlError(232, {to.Name(), std::to_string(value.Float())}, 2);
+    if (from.id == TypeId::UniqueIdentifier && !to.IsUnicode())
+        throw SqlError(8170, {}, 2);
     throw SqlError(8115, {from.IsDecimal() ? "numeric" : "expression", to.Name()}, 2);
 }
 
@@ -65,18 +35,20 @@ std::string FitNumber(const Datum& value, const SqlType& to, std::string text) {
 std::string Sized(std::string text, const SqlType& to) {
     if (to.IsMax() || to.IsLegacyLob() || to.id == TypeId::Xml)
         return text;
-    const int count = CountCharacters(text);
+    const int count = LengthIn(to, text);
     if (count > to.length)
-        return std::string(FirstCharacters(text, to.length));
+        return std::string(BeginningIn(to, text, to.length));
     if (to.id == TypeId::Char || to.id == TypeId::NChar)
         text.append(static_cast<std::size_t>(to.length - count), ' ');
     return text;
 }
 
 std::string BytesToText(const Datum& value, const SqlType& to, int style) {
+    if (style != noStyle && (style < 0 || style > 2))
+        throw SqlError(281, {std::to_string(style), value.Type().Name()});
     if (style == 1 || style == 2)
         return ToHex(value.Bytes(), style == 1);
-    return TextOfBytes(value.Bytes(), to.IsUnicode());
+    return TextOfBytes(value.Bytes(), to);
 }
 
 void AppendBigEndian(std::string& bytes, std::uint64_t number, int width) {
@@ -188,9 +160,8 @@ std::string BytesOf(const Datum& value, const SqlType& to, int style) {
     else if (from.id == TypeId::UniqueIdentifier)
         bytes.assign(reinterpret_cast<const char*>(value.Identifier().bytes.data()), 16);
     else if (from.IsCharacter() || from.id == TypeId::Xml)
-        bytes = style == 1 || style == 2
-                    ? BytesOfHex(value.Text(), style, from)
-                    : BytesOfText(value.Text(), from.IsUnicode() || from.id == TypeId::Xml);
+        bytes = style == 1 || style == 2 ? BytesOfHex(value.Text(), style, from)
+                                         : BytesOfText(value.Text(), from);
     else
         RefuseConversion(from, to);
     return bytes;
@@ -198,32 +169,25 @@ std::string BytesOf(const Datum& value, const SqlType& to, int style) {
 
 } // namespace
 
-std::string BytesOfText(std::string_view utf8, bool isUnicode) {
+std::string BytesOfText(std::string_view utf8, const SqlType& type) {
+    if (!type.IsUnicode() && type.id != TypeId::Xml)
+        return CodePage::Of(type.collation).Encode(utf8);
     std::string bytes;
-    if (isUnicode) {
-        for (const char16_t unit : unicode::ToUtf16(utf8)) {
-            bytes.push_back(static_cast<char>(unit & 0xFF));
-            bytes.push_back(static_cast<char>(unit >> 8));
-        }
-        return bytes;
+    for (const char16_t unit : unicode::ToUtf16(utf8)) {
+        bytes.push_back(static_cast<char>(unit & 0xFF));
+        bytes.push_back(static_cast<char>(unit >> 8));
     }
-    for (std::size_t at = 0; at < utf8.size();)
-        bytes.push_back(static_cast<char>(unicode::ToCodePage(unicode::Next(utf8, at))));
     return bytes;
 }
 
-std::string TextOfBytes(std::string_view bytes, bool isUnicode) {
-    if (isUnicode) {
-        std::u16string units;
-        for (std::size_t at = 0; at + 1 < bytes.size(); at += 2)
-            units.push_back(static_cast<char16_t>(static_cast<unsigned char>(bytes[at]) |
-                                                  (static_cast<unsigned char>(bytes[at + 1]) << 8)));
-        return unicode::FromUtf16(units);
-    }
-    std::string text;
-    for (const char byte : bytes)
-        unicode::Append(text, unicode::FromCodePage(static_cast<std::uint8_t>(byte)));
-    return text;
+std::string TextOfBytes(std::string_view bytes, const SqlType& type) {
+    if (!type.IsUnicode() && type.id != TypeId::Xml)
+        return CodePage::Of(type.collation).Decode(bytes);
+    std::u16string units;
+    for (std::size_t at = 0; at + 1 < bytes.size(); at += 2)
+        units.push_back(static_cast<char16_t>(static_cast<unsigned char>(bytes[at]) |
+                                              (static_cast<unsigned char>(bytes[at + 1]) << 8)));
+    return unicode::FromUtf16(units);
 }
 
 int CountCharacters(std::string_view utf8) {
@@ -258,11 +222,11 @@ Datum ToCharacterType(const Datum& value, const SqlType& to, int style) {
     else if (from.IsBinary())
         text = BytesToText(value, to, style);
     else if (from.IsMoment())
-        text = FormatMoment(value, style);
+        text = FormatMoment(value, style, to.Name());
     else
         text = FitNumber(value, to, ToText(value, style));
-    if (!to.IsUnicode() && to.IsCharacter() && !IsAscii(text) && HasLatinCodePage(to.collation))
-        text = FitCodePage(text);
+    if (!to.IsUnicode() && to.IsCharacter())
+        text = CodePage::Of(to.collation).Fit(text);
     return Datum::Text(to, Sized(std::move(text), to));
 }
 

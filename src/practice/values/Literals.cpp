@@ -1,5 +1,6 @@
 #include "practice/values/Literals.h"
 
+#include "practice/values/CodePage.h"
 #include "practice/values/Convert.h"
 #include "practice/values/SqlError.h"
 
@@ -74,12 +75,10 @@ Datum BinaryLiteral(std::string_view text) {
     return Convert(Datum::VarCharOf(digits), type, {}, 2);
 }
 
-Datum StringLiteral(std::string text, bool unicode) {
+Datum StringLiteral(std::string text, bool unicode, const Collation* collation) {
     if (unicode)
         return Datum::NVarCharOf(std::move(text));
-    Datum literal = Datum::VarCharOf(std::move(text));
-    return Convert(literal, literal.Type(), {},
-                   0); // characters outside of the code page are lost here already
+    return Datum::VarCharOf(CodePage::Of(collation).Fit(text));
 }
 
 } // namespace quillon::practice

@@ -15,7 +15,8 @@ Datum FloatLiteral(std::string_view text);
 Datum MoneyLiteral(std::string_view text);
 // 0x1F: varbinary.
 Datum BinaryLiteral(std::string_view text);
-// Already without quotes: varchar(n) or, with N before it, nvarchar(n).
-Datum StringLiteral(std::string text, bool unicode);
+// Already without quotes: varchar(n) or, with N before it, nvarchar(n). What the code page of the database's
+// collation lacks is lost here.
+Datum StringLiteral(std::string text, bool unicode, const Collation* collation);
 
 } // namespace quillon::practice

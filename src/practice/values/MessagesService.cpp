@@ -134,6 +134,10 @@ constexpr MessageRow rows[] = {
     {10743, 15, "The number of rows provided for a OFFSET clause must be an integer."},
     {10744, 15, "The number of rows provided for a FETCH clause must be greater then zero."},
     {10753, 15, "The function '%1' must have an OVER clause."},
+    {10760, 16,
+     "Scale argument is not valid. Valid expressions for data type %1 scale argument are integer constants "
+     "and "
+     "integer constant expressions."},
     {11537, 16,
      "EXECUTE statement failed because its WITH RESULT SETS clause specified %1 column(s) for result set "
      "number %2, but the statement sent %3 column(s) at run time."},

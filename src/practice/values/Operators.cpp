@@ -42,7 +42,8 @@ Datum IntegerResult(BinaryOperator op, const Datum& left, const Datum& right, co
     }
     if (r == 0)
         throw SqlError(8134);
-    return Checked(op == BinaryOperator::Divide ? l / r : l % r, result);
+    const Datum quotient = Checked(l / r, result); // formed for the remainder too, and may overflow there
+    return op == BinaryOperator::Divide ? quotient : Checked(l % r, result);
 }
 
 Datum FloatResult(BinaryOperator op, const Datum& left, const Datum& right, const SqlType& result) {

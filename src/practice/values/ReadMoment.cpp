@@ -2,6 +2,7 @@
 // offset), then the numbers are given their meaning by the date order of the session, the style, and how many
 // digits they have.
 #include "practice/values/ConvertParts.h"
+#include "practice/values/Hijri.h"
 
 #include <cctype>
 
@@ -17,7 +18,7 @@ struct DateNumber {
 struct Pieces {
     std::vector<DateNumber> numbers;
     int month = 0; // by name; 0 none
-    bool hasClock = false;
+    bool hasClock = false, hasSeconds = false;
     ClockTime clock;
     int fractionDigits = 0;
     bool outOfRange = false;
@@ -138,6 +139,7 @@ class Reader {
         if (Peek() == ':') {
             ++m_at;
             const DateNumber second = Digits();
+            pieces.hasSeconds = true;
             pieces.clock.second = second.value;
             if (second.digits == 0 || second.digits > 2)
                 return false;
@@ -215,7 +217,9 @@ DateOrder OrderOfStyle(int style, DateOrder sessionOrder) {
     case 4:
     case 104:
     case 5:
-    case 105: return DateOrder::Dmy;
+    case 105:
+    case 130:
+    case 131: return DateOrder::Dmy;
     case 2:
     case 102:
     case 11:
@@ -297,6 +301,14 @@ bool FromThree(const std::vector<DateNumber>& n, DateOrder order, bool legacy, Y
     return true;
 }
 
+// The newer types take a style at its word where the year must come first, or no separator may be there.
+bool FollowsStyle(const Pieces& pieces, int style) {
+    if (style == 12 || style == 112)
+        return pieces.month == 0 && pieces.numbers.size() == 1;
+    const bool yearFirst = OrderOfStyle(style, DateOrder::Mdy) == DateOrder::Ymd;
+    return !yearFirst || style < 20 || (!pieces.numbers.empty() && pieces.numbers[0].digits >= 4);
+}
+
 MomentFailure ReadDate(const Pieces& pieces, const ConvertOptions& options, int style, bool legacy,
                        std::int32_t& day) {
     const DateOrder order = OrderOfStyle(style, options.dateOrder);
@@ -308,9 +320,12 @@ MomentFailure ReadDate(const Pieces& pieces, const ConvertOptions& options, int 
         isDate = FromRun(pieces.numbers[0], date);
     else if (pieces.numbers.size() == 3)
         isDate = FromThree(pieces.numbers, order, legacy, date);
-    if (!isDate)
+    if (!isDate || (!legacy && !FollowsStyle(pieces, style)))
         return MomentFailure::Format;
-    const auto found = DayFromDate(FullYear(date.year, options.twoDigitYearCutoff), date.month, date.day);
+    const auto found =
+        style == 130 || style == 131
+            ? DayFromHijri(date.year.value, date.month, date.day)
+            : DayFromDate(FullYear(date.year, options.twoDigitYearCutoff), date.month, date.day);
     if (!found)
         return MomentFailure::Range;
     day = *found;
@@ -334,6 +349,8 @@ MomentFailure ReadMoment(std::string_view text, const ConvertOptions& options, i
     if (!Reader(text).Read(pieces))
         return MomentFailure::Format;
     if (legacy && (pieces.hasOffset || pieces.fractionDigits > 3))
+        return MomentFailure::Format;
+    if (legacy && IsInternational(text) && !pieces.hasSeconds)
         return MomentFailure::Format;
     result = {};
     result.hasDate = !pieces.numbers.empty() || pieces.month != 0;

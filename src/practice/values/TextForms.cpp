@@ -43,6 +43,7 @@ std::string FormatFloat(double value, bool isReal, int style) {
     case 1: return Print("%.*e", 7, value);
     case 2: return Print("%.*e", 15, value);
     case 3: return Print("%.*e", isReal ? 8 : 16, value);
+    case 126: return Print("%.*e", isReal ? 7 : 15, value);
     case 128:
     case 129: return Print("%.*g", isReal ? 9 : 17, value);
     default: throw SqlError(281, {std::to_string(style), isReal ? "real" : "float"});
@@ -123,7 +124,7 @@ std::string ToText(const Datum& value, int style) {
         return FormatGuid(value.Identifier());
     if (type.IsBinary())
         return style == 1 || style == 2 ? ToHex(value.Bytes(), style == 1)
-                                        : TextOfBytes(value.Bytes(), false);
+                                        : TextOfBytes(value.Bytes(), VarChar(1));
     return value.Text();
 }
 

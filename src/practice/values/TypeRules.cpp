@@ -148,10 +148,16 @@ SqlType MomentArithmetic(BinaryOperator op, const SqlType& left, const SqlType& 
             throw SqlError(8117, {result.Name(), OperatorName(op)});
         if (left.IsMoment() && right.IsMoment())
             Incompatible(left, right, OperatorName(op));
-        if (isSum)
-            throw SqlError(206, {left.Name(), right.Name()});
-        throw SqlError(8117, {result.Name(), OperatorName(op)});
+        const SqlType& moment = left.IsMoment() ? left : right;
+        const SqlType& other = left.IsMoment() ? right : left;
+        if (!isSum && IsOldMoment(moment) && other.IsNumber())
+            throw SqlError(257, {moment.Name(), MessageName(other)}, 3);
+        if (isSum || other.IsNumber())
+            throw SqlError(206, {moment.Name(), other.Name()}, 2);
+        throw SqlError(8117, {moment.Name(), OperatorName(op)});
     }
+    if (left.IsMoment() && right.IsMoment() && !(IsOldMoment(left) && IsOldMoment(right)))
+        Incompatible(left, right, OperatorName(op));
     RequireConversion(left, result, false);
     RequireConversion(right, result, false);
     return result;
@@ -166,12 +172,25 @@ void RequireArithmetic(BinaryOperator op, const SqlType& left, const SqlType& ri
             Incompatible(left, right, OperatorName(op));
         }
     }
-    if (left.id == TypeId::Bit && right.id == TypeId::Bit)
+    if (left.id == TypeId::Bit && right.id == TypeId::Bit) {
+        if (op == BinaryOperator::Multiply || op == BinaryOperator::Divide)
+            throw SqlError(8117, {left.Name(), OperatorName(op)});
         Incompatible(left, right, OperatorName(op));
-    if (!left.IsNumber() && !right.IsNumber())
+    }
+    if (!left.IsNumber() && !right.IsNumber()) {
+        const bool isProduct = op == BinaryOperator::Multiply || op == BinaryOperator::Divide;
+        if (left.IsBinary() && right.IsBinary() && !isProduct)
+            Incompatible(left, right, OperatorName(op));
+        throw SqlError(8117, {left.Name(), OperatorName(op)});
+    }
+    if (op == BinaryOperator::Modulo && left.IsFloat() && right.IsFloat())
         throw SqlError(8117, {left.Name(), OperatorName(op)});
     if (op == BinaryOperator::Modulo && (left.IsFloat() || right.IsFloat()))
         Incompatible(left, right, OperatorName(op));
+    if (left.IsBinary() && right.IsFloat())
+        throw SqlError(206, {left.Name(), right.Name()}, 2);
+    if (right.IsBinary() && left.IsFloat())
+        throw SqlError(206, {right.Name(), left.Name()}, 2);
 }
 
 SqlType CommonMoment(const SqlType& left, const SqlType& right) {
@@ -219,7 +238,8 @@ SqlType ResultType(BinaryOperator op, const SqlType& left, const SqlType& right)
     const SqlType& result = Higher(left, right);
     if (result.IsDecimal()) {
         const SqlType& other = &result == &left ? right : left;
-        return other.IsNumber() ? DecimalResult(op, left, right) : DecimalResult(op, result, result);
+        const bool countsItself = other.IsNumber() && other.id != TypeId::Bit;
+        return countsItself ? DecimalResult(op, left, right) : DecimalResult(op, result, result);
     }
     return result;
 }
@@ -251,7 +271,7 @@ SqlType ComparisonType(ComparisonOperator op, const SqlType& left, const SqlType
             Incompatible(left, right, OperatorName(op));
     if (left.IsCharacter() && right.IsCharacter() && left.collation != nullptr &&
         right.collation != nullptr && left.collation != right.collation)
-        throw SqlError(468, {left.collation->name, right.collation->name, OperatorName(op)});
+        throw SqlError(468, {right.collation->name, left.collation->name, OperatorName(op)});
     return CommonType(left, right);
 }
 

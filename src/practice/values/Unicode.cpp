@@ -32,12 +32,6 @@ std::string MapText(std::string_view text, Map map) {
     return result;
 }
 
-// Bytes 0x80 to 0x9F of the code page; the five unassigned bytes map to the controls of the same value.
-constexpr char16_t upperControls[32] = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                        0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8D,   0x017D, 0x8F,
-                                        0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                        0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
-
 } // namespace
 
 char32_t Next(std::string_view text, std::size_t& position) {
@@ -143,17 +137,6 @@ Accented Decompose(char32_t codePoint) {
         std::lower_bound(accentedLetters, end, codePoint,
                          [](const Accented& entry, char32_t value) { return entry.letter < value; });
     return at != end && at->letter == codePoint ? *at : Accented{codePoint, codePoint, 0};
-}
-
-std::uint8_t ToCodePage(char32_t codePoint) {
-    if (codePoint < 0x80 || (codePoint >= 0xA0 && codePoint <= 0xFF))
-        return static_cast<std::uint8_t>(codePoint);
-    const auto* found = std::find(std::begin(upperControls), std::end(upperControls), codePoint);
-    return found == std::end(upperControls) ? '?' : static_cast<std::uint8_t>(0x80 + (found - upperControls));
-}
-
-char32_t FromCodePage(std::uint8_t byte) {
-    return byte >= 0x80 && byte < 0xA0 ? upperControls[byte - 0x80] : byte;
 }
 
 } // namespace quillon::practice::unicode

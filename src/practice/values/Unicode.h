@@ -18,6 +18,12 @@ char32_t ToLower(char32_t codePoint);
 std::string ToUpper(std::string_view text);
 std::string ToLower(std::string_view text);
 
+// The signs that may stand before an amount of money.
+inline bool IsCurrencySign(char32_t codePoint) {
+    return codePoint == '$' || (codePoint >= 0xA2 && codePoint <= 0xA5) ||
+           (codePoint >= 0x20A0 && codePoint <= 0x20BF);
+}
+
 // UTF-16 units of a code point: 1 or 2.
 inline int Units(char32_t codePoint) {
     return codePoint > 0xFFFF ? 2 : 1;
@@ -34,11 +40,6 @@ struct Accented {
     std::uint16_t accents;
 };
 Accented Decompose(char32_t codePoint);
-
-// Code page 1252, the character set of char and varchar: the byte of a character, '?' where there is none;
-// and back.
-std::uint8_t ToCodePage(char32_t codePoint);
-char32_t FromCodePage(std::uint8_t byte);
 
 // The tables behind the functions above (UnicodeTables.cpp).
 struct CaseRange {

@@ -11,7 +11,7 @@ TEST(StringFunctions, CutAndSearch) {
         {"DATALENGTH", {"N'abc'"}, "6"},
         {"DATALENGTH", {"1"}, "4"},
         {"LEFT", {"'abc'", "2"}, "ab"},
-        {"LEFT", {"'abc'", "-1"}, "error 536"},
+        {"LEFT", {"'abc'", "-1"}, "error 537"},
         {"RIGHT", {"'abc'", "2"}, "bc"},
         {"RIGHT", {"'abc'", "9"}, "abc"},
         {"SUBSTRING", {"'abcdef'", "2", "3"}, "bcd"},

@@ -62,13 +62,13 @@ inline Datum Argument(const std::string& text) {
     if (text == "NULL")
         return {};
     if (text.starts_with("N'"))
-        return StringLiteral(quoted(2), true);
+        return StringLiteral(quoted(2), true, nullptr);
     if (text.starts_with("d'"))
         return Convert(Datum::VarCharOf(quoted(2)), SimpleType(TypeId::DateTime));
     if (text.starts_with("t'"))
         return Convert(Datum::VarCharOf(quoted(2)), MomentType(TypeId::DateTime2));
     if (text.starts_with("'"))
-        return StringLiteral(quoted(1), false);
+        return StringLiteral(quoted(1), false, nullptr);
     if (text.starts_with("0x"))
         return BinaryLiteral(text);
     if (text.starts_with("$"))

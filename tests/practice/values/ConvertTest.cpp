@@ -260,8 +260,8 @@ TEST(Literals, HaveTheTypeTheLanguageGivesThem) {
     EXPECT_EQ("float", FloatLiteral("1e").Type().Declaration());
     EXPECT_EQ("varbinary(2)", BinaryLiteral("0x123").Type().Declaration());
     EXPECT_EQ("0x0123", ToText(BinaryLiteral("0x123"), 1));
-    EXPECT_EQ("nvarchar(3)", StringLiteral("abc", true).Type().Declaration());
-    EXPECT_EQ("varchar(max)", StringLiteral(std::string(9000, 'a'), false).Type().Declaration());
+    EXPECT_EQ("nvarchar(3)", StringLiteral("abc", true, nullptr).Type().Declaration());
+    EXPECT_EQ("varchar(max)", StringLiteral(std::string(9000, 'a'), false, nullptr).Type().Declaration());
 }
 
 } // namespace

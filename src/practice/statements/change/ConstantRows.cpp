@@ -31,26 +31,26 @@ bool IsConstant(const tsql::ExpressionPtr& expression) {
     return LiteralOf(*expression) != nullptr || SignedNumber(*expression) != nullptr;
 }
 
-Datum ValueOf(const tsql::Literal& literal) {
+Datum ValueOf(const tsql::Literal& literal, const Collation* collation) {
     using Type = tsql::LiteralType;
     switch (literal.type) {
     case Type::Integer: return IntegerLiteral(literal.text);
     case Type::Decimal: return DecimalLiteral(literal.text);
     case Type::Float: return FloatLiteral(literal.text);
     case Type::Money: return MoneyLiteral(literal.text);
-    case Type::String: return StringLiteral(literal.text, false);
-    case Type::NString: return StringLiteral(literal.text, true);
+    case Type::String: return StringLiteral(literal.text, false, collation);
+    case Type::NString: return StringLiteral(literal.text, true, collation);
     case Type::Binary: return BinaryLiteral(literal.text);
     case Type::Null: break;
     }
     return {};
 }
 
-Datum ValueOf(const tsql::Expression& expression) {
+Datum ValueOf(const tsql::Expression& expression, const Collation* collation) {
     const tsql::Unary* sign = SignedNumber(expression);
     if (sign == nullptr)
-        return ValueOf(*LiteralOf(expression));
-    const Datum number = ValueOf(*LiteralOf(*sign->operand));
+        return ValueOf(*LiteralOf(expression), collation);
+    const Datum number = ValueOf(*LiteralOf(*sign->operand), collation);
     return Evaluate(UnaryOperator::Minus, number, ResultType(UnaryOperator::Minus, number.Type()));
 }
 
@@ -76,14 +76,15 @@ std::string ConstantShape(const tsql::InsertStatement& statement) {
     return shape;
 }
 
-std::vector<std::vector<Datum>> ConstantRows(const tsql::InsertStatement& statement) {
+std::vector<std::vector<Datum>> ConstantRows(const tsql::InsertStatement& statement,
+                                             const Collation* collation) {
     std::vector<std::vector<Datum>> rows;
     rows.reserve(statement.rows.size());
     for (const tsql::ExpressionList& row : statement.rows) {
         std::vector<Datum>& values = rows.emplace_back();
         values.reserve(row.size());
         for (const tsql::ExpressionPtr& value : row)
-            values.push_back(ValueOf(*value));
+            values.push_back(ValueOf(*value, collation));
     }
     return rows;
 }

@@ -13,6 +13,7 @@ namespace quillon::practice {
 // What the statement has in common with others like it; empty when it is none of this kind.
 std::string ConstantShape(const tsql::InsertStatement& statement);
 // The values of such a statement, of the types that the language gives them; a NULL has none.
-std::vector<std::vector<Datum>> ConstantRows(const tsql::InsertStatement& statement);
+std::vector<std::vector<Datum>> ConstantRows(const tsql::InsertStatement& statement,
+                                             const Collation* collation);
 
 } // namespace quillon::practice

@@ -242,7 +242,8 @@ StatementOutcome RunInsert(Engine& engine, const tsql::InsertStatement& statemen
     const bool valuesKnown = called || !shape.empty();
     std::vector<Values> values;
     if (valuesKnown)
-        values = called ? RowsOfCall(engine, statement) : ConstantRows(statement);
+        values = called ? RowsOfCall(engine, statement)
+                        : ConstantRows(statement, Translator(engine).DatabaseCollation());
     std::unique_ptr<tsql::Attachment>& slot =
         shape.empty() ? statement.attachment : engine.shapes.Slot(shape);
     const StoreSession::Writes writes = KnownWrites(engine, slot, [&] {

@@ -93,7 +93,7 @@ std::string Translator::LikeSql(const tsql::Like& like, const Scope* scope) {
     };
     operand = asText(std::move(operand));
     pattern = asText(std::move(pattern));
-    Harmonize(operand, pattern);
+    Harmonize(operand, pattern, "like");
     const Collation* collation = operand.type.collation;
     const bool isUnicode = operand.type.IsUnicode() || pattern.type.IsUnicode();
     std::vector<Scalar> arguments{std::move(operand), std::move(pattern)};
@@ -128,7 +128,7 @@ std::string Translator::InListSql(const tsql::InList& in, const Scope* scope) {
     std::vector<Scalar> values{Value(*in.operand, scope)};
     for (const tsql::ExpressionPtr& element : in.list)
         values.push_back(Value(*element, scope));
-    Common(values);
+    Common(values, "equal to");
     std::string list;
     for (std::size_t i = 1; i < values.size(); ++i)
         list += (i > 1 ? ", " : "") + values[i].sql;
@@ -145,7 +145,7 @@ std::string Translator::InQuerySql(const Scalar& operand, const tsql::Query& que
     element.type = rows.columns[0].type;
     element.label = rows.columns[0].label;
     std::vector<Scalar> both{operand, element};
-    Common(both);
+    Common(both, "equal to");
     std::string list = rows.sql;
     if (both[1].sql != "o1")
         list = "SELECT " + both[1].sql + " FROM (" + rows.sql + ")";

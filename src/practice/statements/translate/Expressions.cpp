@@ -79,12 +79,16 @@ Scalar Translator::Literal(const tsql::Literal& literal) {
         null.constant = Datum();
         return null;
     }
-    case Type::Integer: return Constant(IntegerLiteral(literal.text));
+    case Type::Integer: {
+        Scalar number = Constant(IntegerLiteral(literal.text));
+        number.isLiteral = true;
+        return number;
+    }
     case Type::Decimal: return Constant(DecimalLiteral(literal.text));
     case Type::Float: return Constant(FloatLiteral(literal.text));
     case Type::Money: return Constant(MoneyLiteral(literal.text));
-    case Type::String: return Constant(StringLiteral(literal.text, false));
-    case Type::NString: return Constant(StringLiteral(literal.text, true));
+    case Type::String: return Constant(StringLiteral(literal.text, false, DatabaseCollation()));
+    case Type::NString: return Constant(StringLiteral(literal.text, true, nullptr));
     case Type::Binary: return Constant(BinaryLiteral(literal.text));
     }
     throw SqlError(102, {literal.text});
@@ -192,10 +196,12 @@ Scalar Translator::UnaryValue(const tsql::Unary& unary, const Scope* scope) {
         unary.op == tsql::UnaryOperator::Minus ? UnaryOperator::Minus : UnaryOperator::BitNot;
     const SqlType result = ResultType(op, operand.type);
     const bool nullable = operand.nullable;
+    const bool isLiteral = operand.isLiteral && op == UnaryOperator::Minus;
     Scalar value =
         Call(op == UnaryOperator::Minus ? "minus" : "bitnot", {std::move(operand)}, result, Evaluation::Pure,
              [op, result](std::span<const Datum> values) { return Evaluate(op, values[0], result); });
     value.nullable = nullable;
+    value.isLiteral = isLiteral;
     return value;
 }
 
@@ -220,9 +226,10 @@ Scalar Translator::Operate(BinaryOperator op, Scalar left, Scalar right) {
         left = ConvertTo(std::move(left), right.type);
     else if (right.IsBareNull())
         right = ConvertTo(std::move(right), left.type);
-    Harmonize(left, right);
+    Harmonize(left, right, OperatorName(op));
     const auto operandType = [](const Scalar& operand, const SqlType& other) {
-        return operand.constant ? ConstantOperandType(*operand.constant, other) : operand.type;
+        return operand.isLiteral && operand.constant ? ConstantOperandType(*operand.constant, other)
+                                                     : operand.type;
     };
     SqlType result = ResultType(op, operandType(left, right.type), operandType(right, left.type));
     if (result.IsCharacter()) {
@@ -277,14 +284,15 @@ Scalar Translator::Compound(tsql::AssignmentOperator op, const Scalar& left, con
 }
 
 Scalar Translator::CastValue(const tsql::Cast& cast, const Scope* scope) {
-    const SqlType to = TypeOf(cast.type, true);
+    SqlType to = TypeOf(cast.type, true);
     Scalar operand = Value(*cast.operand, scope);
+    if (to.IsCharacter())
+        to.collation = operand.type.IsCharacter() ? operand.type.collation : DatabaseCollation();
     if (operand.IsBareNull())
         return ConvertTo(std::move(operand), to);
     RequireConversion(operand.type, to, true);
     const bool nullable = operand.nullable || cast.tryForm;
     const CollationLabel label = operand.label;
-    const Collation* collation = operand.type.collation;
     Scalar value;
     if (!cast.style && !cast.tryForm && SameStorage(operand.type, to)) {
         value = ConvertTo(std::move(operand), to);
@@ -308,7 +316,7 @@ Scalar Translator::CastValue(const tsql::Cast& cast, const Scope* scope) {
     value.nullable = nullable;
     if (to.IsCharacter()) {
         value.label = label;
-        value.type.collation = collation != nullptr ? collation : DatabaseCollation();
+        value.type.collation = to.collation;
     }
     return value;
 }
@@ -319,7 +327,7 @@ Scalar Translator::CaseValue(const tsql::Case& value, const Scope* scope) {
         results.push_back(Value(*branch.then, scope));
     if (value.otherwise)
         results.push_back(Value(*value.otherwise, scope));
-    Scalar result = Common(results);
+    Scalar result = Common(results, "CASE");
     if (result.IsBareNull())
         throw SqlError(8133);
     std::string sql = "CASE";
@@ -348,7 +356,10 @@ Scalar Translator::CollateValue(const tsql::Collate& collate, const Scope* scope
                                      : FindCollation(collate.collation);
     if (collation == nullptr)
         throw SqlError(448, {collate.collation});
-    value.type.collation = collation;
+    SqlType collated = value.type;
+    collated.collation = collation;
+    value = ConvertTo(std::move(value), collated);
+    value.type = collated;
     value.label = CollationLabel::Explicit;
     return value;
 }

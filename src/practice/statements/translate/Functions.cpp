@@ -3,6 +3,7 @@
 #include "practice/statements/translate/Translator.h"
 
 #include "practice/values/SqlError.h"
+#include "practice/values/Unicode.h"
 
 namespace quillon::practice {
 
@@ -80,7 +81,7 @@ Scalar Translator::Coalesce(const tsql::FunctionCall& call, const Scope* scope) 
     }
     if (values.size() < 2)
         throw SqlError(174, {"COALESCE", "2"});
-    Scalar result = Common(values);
+    Scalar result = Common(values, "coalesce");
     if (result.IsBareNull())
         throw SqlError(4127);
     result.sql = "coalesce(";
@@ -110,7 +111,7 @@ Scalar Translator::IsNullFunction(const tsql::FunctionCall& call, const Scope* s
     Scalar second = Value(*call.arguments[1], scope);
     if (first.IsBareNull())
         return second;
-    Harmonize(first, second);
+    Harmonize(first, second, "isnull");
     const bool nullable = first.nullable && second.nullable;
     second = ConvertTo(std::move(second), first.type);
     first.sql = "ifnull(" + first.sql + ", " + second.sql + ")";
@@ -123,7 +124,7 @@ Scalar Translator::IsNullFunction(const tsql::FunctionCall& call, const Scope* s
 Scalar Translator::Iif(const tsql::FunctionCall& call, const Scope* scope) {
     RequireCount("IIF", call, 3);
     std::vector<Scalar> results{Value(*call.arguments[1], scope), Value(*call.arguments[2], scope)};
-    Scalar result = Common(results);
+    Scalar result = Common(results, "CASE");
     if (result.IsBareNull())
         throw SqlError(8133);
     result.sql = "(CASE WHEN " + Condition(*call.arguments[0], scope) + " THEN " + results[0].sql + " ELSE " +
@@ -138,7 +139,7 @@ Scalar Translator::Choose(const tsql::FunctionCall& call, const Scope* scope) {
     std::vector<Scalar> results;
     for (std::size_t i = 1; i < call.arguments.size(); ++i)
         results.push_back(Value(*call.arguments[i], scope));
-    Scalar result = Common(results);
+    Scalar result = Common(results, "CASE");
     if (result.IsBareNull())
         throw SqlError(8133);
     result.sql = "(CASE " + index.sql;
@@ -157,6 +158,8 @@ Scalar Translator::BuiltIn(const ScalarFunction& function, const tsql::FunctionC
     bool nullable = !function.neverNull;
     for (const tsql::ExpressionPtr& argument : call.arguments) {
         const auto word = function.takesDatePart && arguments.empty() ? BareWord(*argument) : std::nullopt;
+        if (function.takesDatePart && arguments.empty() && !word)
+            throw SqlError(1023, {"1", unicode::ToLower(function.name)});
         arguments.push_back(word ? Constant(Datum::VarCharOf(*word)) : Value(*argument, scope));
         types.push_back(arguments.back().type);
         nullable = nullable || arguments.back().nullable;

@@ -404,7 +404,7 @@ QuerySql Translator::SetOperation(const tsql::SetOperation& operation, const tsq
             scalar->nullable = column->nullable;
             scalar->label = column->label;
         }
-        const Scalar common = Common(both);
+        const Scalar common = Common(both, "UNION");
         OutputColumn output;
         output.name = left.columns[i].name;
         output.type = common.type;

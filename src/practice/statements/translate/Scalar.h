@@ -18,6 +18,7 @@ struct Scalar {
     bool nullable = true;
     CollationLabel label = CollationLabel::CoercibleDefault;
     std::optional<Datum> constant; // a literal, or folded from literals
+    bool isLiteral = false;        // a number as it was written, perhaps with a sign
     bool isParameter = false;      // a variable alone
 
     bool IsBareNull() const { return type.id == TypeId::Null; }

@@ -311,7 +311,7 @@ QuerySql Translator::ValuesQuery(const std::vector<tsql::ExpressionList>& rows, 
     QuerySql query;
     std::string names;
     for (std::vector<Scalar>& column : columns) {
-        const Scalar model = Common(column);
+        const Scalar model = Common(column, "UNION");
         OutputColumn output;
         output.type = model.type;
         output.nullable = model.nullable;

@@ -237,8 +237,10 @@ class Translator {
     std::string Compare(ComparisonOperator op, Scalar left, Scalar right);
 
     // Types
-    void Harmonize(Scalar& left, Scalar& right) const;
-    Scalar Common(std::vector<Scalar>& values); // converts all to one type; returns a model of it
+    // Gives both texts the stronger collation; 468 names the operation when neither is.
+    void Harmonize(Scalar& left, Scalar& right, const char* operation) const;
+    // Converts all to one type; returns a model of it.
+    Scalar Common(std::vector<Scalar>& values, const char* operation);
     Scalar Call(const std::string& key, std::vector<Scalar> arguments, const SqlType& result,
                 Evaluation evaluation, std::function<Datum(std::span<const Datum>)> evaluate);
     Scalar Fold(Scalar call, const std::vector<Scalar>& arguments,

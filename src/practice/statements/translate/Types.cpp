@@ -1,6 +1,7 @@
 // Static types: conversions, collations, and the calls of our functions from SQL.
 #include "practice/statements/translate/Translator.h"
 
+#include "practice/values/CodePage.h"
 #include "practice/values/SqlError.h"
 #include "practice/values/StorageForm.h"
 
@@ -30,6 +31,9 @@ bool TextFits(const SqlType& from, const SqlType& to) {
     const bool padded = to.id == TypeId::Char || to.id == TypeId::NChar;
     if (padded)
         return from.id == to.id && from.length == to.length;
+    if (!to.IsUnicode() && from.collation != to.collation &&
+        &CodePage::Of(from.collation) != &CodePage::Of(to.collation))
+        return false;
     return (to.IsUnicode() || !from.IsUnicode()) && LengthFits(from, to);
 }
 
@@ -92,6 +96,8 @@ Scalar Translator::Constant(const Datum& value) const {
     scalar.sql = value.IsNull() ? "NULL" : SqliteLiteral(value, scalar.type);
     scalar.nullable = value.IsNull();
     scalar.constant = value;
+    if (!value.IsNull())
+        scalar.constant->SetType(scalar.type);
     return scalar;
 }
 
@@ -157,6 +163,7 @@ Scalar Translator::ConvertTo(Scalar value, const SqlType& type) {
     }
     if (SameStorage(value.type, type)) {
         const Collation* kept = value.type.collation;
+        value.isLiteral = value.isLiteral && value.type.id == type.id;
         value.type = type;
         if (type.IsCharacter() &&
             (type.collation == nullptr || value.label != CollationLabel::CoercibleDefault))
@@ -201,7 +208,7 @@ Scalar Translator::AssignTo(Scalar value, const Column& column, const std::strin
     return assigned;
 }
 
-void Translator::Harmonize(Scalar& left, Scalar& right) const {
+void Translator::Harmonize(Scalar& left, Scalar& right, const char* operation) const {
     if (!left.type.IsCharacter() || !right.type.IsCharacter())
         return;
     if (left.type.collation == right.type.collation) {
@@ -209,16 +216,16 @@ void Translator::Harmonize(Scalar& left, Scalar& right) const {
         return;
     }
     if (left.label == CollationLabel::Explicit && right.label == CollationLabel::Explicit)
-        throw SqlError(468, {left.type.collation->name, right.type.collation->name, "equal to"});
+        throw SqlError(468, {right.type.collation->name, left.type.collation->name, operation}, 9);
     Scalar& stronger = left.label >= right.label ? left : right;
     Scalar& weaker = left.label >= right.label ? right : left;
     if (stronger.label == weaker.label && stronger.label != CollationLabel::CoercibleDefault)
-        throw SqlError(468, {left.type.collation->name, right.type.collation->name, "equal to"});
+        throw SqlError(468, {right.type.collation->name, left.type.collation->name, operation}, 9);
     weaker.type.collation = stronger.type.collation;
     weaker.label = stronger.label;
 }
 
-Scalar Translator::Common(std::vector<Scalar>& values) {
+Scalar Translator::Common(std::vector<Scalar>& values, const char* operation) {
     Scalar model;
     for (Scalar& value : values) {
         if (value.IsBareNull())
@@ -227,7 +234,7 @@ Scalar Translator::Common(std::vector<Scalar>& values) {
             model = value;
             continue;
         }
-        Harmonize(model, value);
+        Harmonize(model, value, operation);
         if (!(model.type == value.type))
             model.type = WithCollation(CommonType(model.type, value.type));
         if (value.type.IsCharacter() && model.type.IsCharacter())
@@ -252,7 +259,7 @@ std::string Translator::Compare(ComparisonOperator op, Scalar left, Scalar right
         left.type = right.IsBareNull() ? SimpleType(TypeId::Int) : right.type;
     if (right.IsBareNull())
         right.type = left.type;
-    Harmonize(left, right);
+    Harmonize(left, right, OperatorName(op));
     const SqlType type = ComparisonType(op, left.type, right.type);
     const bool texts = left.type.IsCharacter() && right.type.IsCharacter();
     const bool plainNumbers =
