@@ -44,6 +44,13 @@ class EchoSession : public SqlSession {
         }
         sink.Done({EndScope::Procedure, StatementKind::Execute, std::nullopt, false});
     }
+    bool AwaitsRows() const override { return true; }
+    void LoadRows(const RowReader& rows, ResultSink& sink) override {
+        for (std::vector<Datum> row; rows(row);) {
+            Require(!row.empty(), "a row has a value for each of its columns");
+        }
+        sink.Done({});
+    }
     void Describe(std::string_view, std::string_view, ResultSink& sink) override { sink.Done({}); }
     void RunTransactionRequest(const TransactionRequest&, ResultSink& sink) override { sink.Done({}); }
     void MakeDurable() override {}

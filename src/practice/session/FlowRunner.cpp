@@ -69,12 +69,16 @@ void FlowRunner::Run(const FlowProgram& program) {
 }
 
 std::size_t FlowRunner::RunStep(const FlowStep& step, std::size_t index) {
+    // Statements that are only looked at are so in all branches, and once in a loop.
+    const bool looksOnly = m_session.formatOnly || m_session.noExecute;
     switch (step.kind) {
     case FlowStep::Kind::Run: RunStatement(m_session, *step.statement); return index + 1;
-    case FlowStep::Kind::Jump: return step.target;
+    case FlowStep::Kind::Jump: return looksOnly ? index + 1 : step.target;
     case FlowStep::Kind::LeaveCatch: LeaveCatches(step.catches - 1); return index + 1;
     case FlowStep::Kind::JumpUnless: break;
     }
+    if (looksOnly)
+        return index + 1;
     const bool holds = m_session.Statements().IsTrue(*step.condition);
     m_session.error = 0;
     m_session.rowCount = 0;

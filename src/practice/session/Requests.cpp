@@ -58,6 +58,19 @@ LoginRefused Refused(int number, std::string_view name) {
     return LoginRefused(std::move(message));
 }
 
+/// Forgets the rows of a bulk load at the end of its scope.
+class FinallyNone {
+  public:
+    explicit FinallyNone(const RowReader*& rows)
+        : m_rows(rows) {}
+    ~FinallyNone() { m_rows = nullptr; }
+    FinallyNone(const FinallyNone&) = delete;
+    FinallyNone& operator=(const FinallyNone&) = delete;
+
+  private:
+    const RowReader*& m_rows;
+};
+
 } // namespace
 
 SessionOfRequests::SessionOfRequests(ServerParts& server, LoginFacts facts)
@@ -157,7 +170,19 @@ void SessionOfRequests::RunBatchText(std::string text) {
     FlowRunner(m_state).Run(program);
 }
 
+void SessionOfRequests::LoadRows(const RowReader& rows, ResultSink& sink) {
+    Serve(sink, [&] {
+        const std::shared_ptr<const tsql::Batch> tree = std::exchange(m_state.bulkTree, nullptr);
+        const FlowProgram program(tree->statements);
+        const FrameScope frame(m_state, BaseFrame(tree));
+        m_state.bulkRows = &rows;
+        const FinallyNone ended(m_state.bulkRows);
+        FlowRunner(m_state).Run(program);
+    });
+}
+
 void SessionOfRequests::ExecuteBatch(std::string_view text, ResultSink& sink) {
+    m_state.bulkTree = nullptr;
     Serve(sink, [&] { RunBatchText(std::string(text)); });
 }
 
@@ -248,6 +273,7 @@ void SessionOfRequests::Reset(bool keepTransaction, ResultSink& sink) {
     m_state.contextInfo.clear();
     m_state.sessionContext.clear();
     m_state.noExecute = false;
+    m_state.formatOnly = false;
     m_state.error = 0;
     m_state.rowCount = 0;
     m_state.fetchStatus = 0;

@@ -17,6 +17,8 @@ class SessionOfRequests : public SqlSession {
 
     void ExecuteBatch(std::string_view text, ResultSink& sink) override;
     void ExecuteProcedure(const ProcedureCall& call, ResultSink& sink) override;
+    bool AwaitsRows() const override { return m_state.bulkTree != nullptr; }
+    void LoadRows(const RowReader& rows, ResultSink& sink) override;
     void Describe(std::string_view statement, std::string_view parameters, ResultSink& sink) override;
     void RunTransactionRequest(const TransactionRequest& request, ResultSink& sink) override;
     void MakeDurable() override { m_state.server.store.MakeDurable(); }

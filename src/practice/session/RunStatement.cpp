@@ -40,11 +40,26 @@ void EndWithoutRows(SessionState& session, StatementKind kind) {
         session.Finish(kind, std::nullopt);
 }
 
+/// INSERT BULK says what the client will send next, and is kept until then.
+bool AnnouncesRows(SessionState& session, const tsql::Statement& statement) {
+    if (session.bulkRows != nullptr || statement.kind != tsql::StatementKind::Insert ||
+        As<tsql::InsertStatement>(statement).source != tsql::InsertSource::Bulk)
+        return false;
+    if (session.frames.size() > 1 || session.Top().tree->statements.size() > 1)
+        throw SqlError::NotSupported("INSERT BULK among other statements");
+    return true;
+}
+
 void RunData(SessionState& session, const tsql::Statement& statement) {
     if (session.options.implicitTransactions && session.store.TransactionCount() == 0 &&
         BeginsImplicitly(statement.kind))
         BeginTransaction(session, {});
-    const StatementOutcome outcome = session.Statements().Execute(statement);
+    const bool announces = AnnouncesRows(session, statement);
+    StatementOutcome outcome = session.Statements().Execute(statement);
+    if (announces) {
+        session.bulkTree = session.Top().tree;
+        outcome.count.reset();
+    }
     if (!outcome.keepsRowCount)
         session.rowCount = static_cast<std::int64_t>(outcome.count.value_or(0));
     // A SELECT that only filled variables has a count of which the client is not told.
@@ -126,6 +141,23 @@ bool EndIsTold(tsql::StatementKind kind) {
     }
 }
 
+/// What SET FMTONLY ON leaves as it is: settings, variables, and calls for the sake of the queries in them.
+bool RunsInFormatOnly(tsql::StatementKind kind) {
+    return kind == tsql::StatementKind::SetOption || kind == tsql::StatementKind::DeclareVariables ||
+           kind == tsql::StatementKind::DeclareTable || kind == tsql::StatementKind::ExecuteProcedure ||
+           kind == tsql::StatementKind::ExecuteText || kind == tsql::StatementKind::Return;
+}
+
+void TellFormat(SessionState& session, const tsql::Statement& statement) {
+    if (!Executor::Handles(statement.kind))
+        return;
+    const std::vector<ResultColumn> columns = session.Statements().Describe(statement);
+    if (columns.empty())
+        return;
+    session.sink.Columns(columns);
+    session.Finish(StatementKind::Select, std::nullopt);
+}
+
 /// @@ROWCOUNT is 1 after an assignment and a FETCH, 0 after most others.
 bool SetsRowCount(tsql::StatementKind kind) {
     return kind == tsql::StatementKind::SetVariable || kind == tsql::StatementKind::FetchCursor;
@@ -136,6 +168,8 @@ bool SetsRowCount(tsql::StatementKind kind) {
 void RunStatement(SessionState& session, const tsql::Statement& statement) {
     if (session.noExecute && statement.kind != tsql::StatementKind::SetOption)
         return;
+    if (session.formatOnly && !RunsInFormatOnly(statement.kind))
+        return TellFormat(session, statement);
     if (Executor::Handles(statement.kind)) {
         RunData(session, statement);
         session.error = 0;

@@ -118,6 +118,14 @@ void SessionContext::RunForInsert(const tsql::ExecuteStatement& call, ResultSink
     RunExecute(m_session, call);
 }
 
+bool SessionContext::HasBulkRows() {
+    return m_session.bulkRows != nullptr;
+}
+
+bool SessionContext::NextBulkRow(std::vector<Datum>& row) {
+    return m_session.bulkRows != nullptr && (*m_session.bulkRows)(row);
+}
+
 void SessionContext::NoteIdentity(const Datum& value) {
     m_session.identity = value;
     if (!m_session.frames.empty())

@@ -32,6 +32,8 @@ class SessionContext : public ExecutionContext {
     void RunTableFunction(const Module& function, std::span<const Datum> arguments,
                           const std::shared_ptr<const Table>& result) override;
     void RunForInsert(const tsql::ExecuteStatement& call, ResultSink& rows) override;
+    bool HasBulkRows() override;
+    bool NextBulkRow(std::vector<Datum>& row) override;
     void NoteIdentity(const Datum& value) override;
     CursorRow CursorPosition(const tsql::CurrentOf& cursor) override;
     void Inform(int messageNumber, std::string text) override;

@@ -51,7 +51,8 @@ struct SessionState {
     DatabaseId toldDatabase = 0; // the one of which the client knows
     std::string language = "us_english";
     std::string isolation = "READ COMMITTED";
-    bool noExecute = false; // SET NOEXEC ON: statements are looked at and not run
+    bool noExecute = false;  // SET NOEXEC ON: statements are looked at and not run
+    bool formatOnly = false; // SET FMTONLY ON: of queries only the columns are told
     std::string contextInfo;
     std::map<std::string, std::pair<Datum, bool>> sessionContext; // by key; whether it is read only
     std::vector<Impersonation> impersonations;
@@ -70,6 +71,10 @@ struct SessionState {
     std::vector<std::unique_ptr<Frame>> frames;
     std::unordered_map<std::string, std::shared_ptr<Cursor>> globalCursors;
     std::unordered_map<std::string, KeptText> keptTexts;
+
+    // INSERT BULK announces rows, which come with the next request: it runs again then.
+    std::shared_ptr<const tsql::Batch> bulkTree; // its batch while the rows are awaited
+    const RowReader* bulkRows = nullptr;         // while it loads them
 
     // For WAITFOR, which Cancel ends
     std::mutex waitMutex;

@@ -58,6 +58,8 @@ void SetSwitch(SessionState& session, const std::string& name, bool on) {
         session.options.ansiNullDefault = !on;
     } else if (name == "NOEXEC" || name == "PARSEONLY") {
         session.noExecute = on;
+    } else if (name == "FMTONLY") {
+        session.formatOnly = on;
     } else if (on && std::find(std::begin(kWithoutEffect), std::end(kWithoutEffect), name) ==
                          std::end(kWithoutEffect)) {
         throw SqlError::NotSupported("SET " + name + " ON");

@@ -74,6 +74,10 @@ struct TransactionRequest {
     Isolation nextIsolation = Isolation::Current;
 };
 
+// Puts the next row of a bulk load into its argument; false behind the last one. May throw, which undoes the
+// load.
+using RowReader = std::function<bool(std::vector<Datum>&)>;
+
 class SqlSession {
   public:
     // Rolls back what is open and gives up every lock and temporary object.
@@ -84,6 +88,9 @@ class SqlSession {
     // Calls a procedure, user's or system's. Statements end InProcedure; then come ReturnStatus,
     // OutputParameter for each output argument, and Done with scope Procedure.
     virtual void ExecuteProcedure(const ProcedureCall& call, ResultSink& sink) = 0;
+    // Whether the batch before has announced rows by INSERT BULK; and these rows, one value a column of it.
+    virtual bool AwaitsRows() const = 0;
+    virtual void LoadRows(const RowReader& rows, ResultSink& sink) = 0;
     // Tells the columns that `statement` would answer first, without running it (Columns, then Done), or only
     // Done when it answers none or they cannot be told beforehand. `parameters` is a declaration list as
     // sp_executesql takes it.

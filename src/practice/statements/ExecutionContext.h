@@ -110,6 +110,10 @@ class ExecutionContext {
                                   const std::shared_ptr<const Table>& result) = 0;
     // INSERT ... EXEC: runs the call with its rows going to `rows` (Columns and Row; the rest as usual).
     virtual void RunForInsert(const tsql::ExecuteStatement& call, ResultSink& rows) = 0;
+    // Whether the rows of INSERT BULK have come, which announces them first.
+    virtual bool HasBulkRows() = 0;
+    // The next row that the client sent for the INSERT BULK that runs; false where there is none.
+    virtual bool NextBulkRow(std::vector<Datum>& row) = 0;
     // An identity value was made: @@IDENTITY and SCOPE_IDENTITY() of this scope; numeric(38, 0).
     virtual void NoteIdentity(const Datum& value) = 0;
     // Throws 16916, 16931 and their like.

@@ -1,5 +1,6 @@
 #include "practice/tds/Dialogue.h"
 
+#include "practice/tds/BulkRows.h"
 #include "practice/tds/Login.h"
 #include "practice/tds/Refusals.h"
 #include "practice/tds/Requests.h"
@@ -166,9 +167,17 @@ void Dialogue::RunRequest(const ClientMessage& message, ResultSink& sink) {
         }
         return;
     case PacketType::TransactionManager: RunManagerRequest(message, sink); return;
-    case PacketType::BulkLoad: RefuseFeature("BULK INSERT", EndScope::Batch, sink); return;
+    case PacketType::BulkLoad: LoadRows(message, sink); return;
     default: throw ProtocolError("A message has no place after the login.");
     }
+}
+
+void Dialogue::LoadRows(const ClientMessage& message, ResultSink& sink) {
+    if (!m_session->AwaitsRows()) {
+        throw ProtocolError("Rows arrived that no INSERT BULK announced.");
+    }
+    BulkRows rows(message.body, m_facts.tdsVersion);
+    m_session->LoadRows([&](std::vector<Datum>& row) { return rows.Next(row); }, sink);
 }
 
 void Dialogue::RunCall(const ProcedureCall& call, ResultSink& sink) {

@@ -43,6 +43,7 @@ class Dialogue {
     void RefuseLogin(TokenWriter& tokens, const std::vector<ServerMessage>& messages);
     void ServeRequest(const ClientMessage& message);
     void RunRequest(const ClientMessage& message, ResultSink& sink);
+    void LoadRows(const ClientMessage& message, ResultSink& sink);
     void RunCall(const ProcedureCall& call, ResultSink& sink);
     void RunManagerRequest(const ClientMessage& message, ResultSink& sink);
     void ResetSession(const ClientMessage& message, ResultSink& sink);

@@ -47,6 +47,53 @@ void ParseInsertSource(ParseState& state, InsertStatement& insert) {
     }
 }
 
+/// The size of batches and the order of the rows are hints to which nothing need answer.
+void ParseBulkOption(ParseState& state, BulkOptions& options) {
+    if (state.Accept("CHECK_CONSTRAINTS")) {
+        options.checkConstraints = true;
+    } else if (state.Accept("FIRE_TRIGGERS")) {
+        options.fireTriggers = true;
+    } else if (state.Accept("KEEP_NULLS")) {
+        options.keepNulls = true;
+    } else if (state.Accept("ROWS_PER_BATCH") || state.Accept("KILOBYTES_PER_BATCH")) {
+        state.Expect(Symbol::Equal);
+        state.Take();
+    } else if (state.Accept(Keyword::Order)) {
+        state.Expect(Symbol::LeftParen);
+        do {
+            ParseName(state);
+            if (!state.Accept(Keyword::Asc))
+                state.Accept(Keyword::Desc);
+        } while (state.Accept(Symbol::Comma));
+        state.Expect(Symbol::RightParen);
+    } else if (!state.Accept("TABLOCK")) {
+        state.FailHere();
+    }
+}
+
+/// The types are those of the rows that follow, which tell them again.
+void ParseInsertBulk(ParseState& state, InsertStatement& insert) {
+    insert.source = InsertSource::Bulk;
+    insert.target.position = state.At();
+    insert.target.name = ParseName(state);
+    insert.hasColumns = true;
+    state.Expect(Symbol::LeftParen);
+    do {
+        insert.columns.push_back(ParseName(state));
+        ParseDataType(state);
+        if (state.Accept(Keyword::Collate))
+            state.Take();
+    } while (state.Accept(Symbol::Comma));
+    state.Expect(Symbol::RightParen);
+    if (!state.Accept(Keyword::With))
+        return;
+    state.Expect(Symbol::LeftParen);
+    do {
+        ParseBulkOption(state, insert.bulk);
+    } while (state.Accept(Symbol::Comma));
+    state.Expect(Symbol::RightParen);
+}
+
 /// `@v = column = value` has a column between its two signs.
 void ParseVariableClause(ParseState& state, SetClause& clause) {
     clause.variable = ParseVariableName(state);
@@ -147,8 +194,10 @@ std::vector<Name> ParseColumnNames(ParseState& state) {
 StatementPtr ParseInsert(ParseState& state) {
     auto insert = Begin<InsertStatement>(state);
     state.Expect(Keyword::Insert);
-    if (state.Is(Keyword::Bulk))
-        state.Refuse("INSERT BULK", state.At());
+    if (state.Accept(Keyword::Bulk)) {
+        ParseInsertBulk(state, *insert);
+        return insert;
+    }
     insert->top = ParseTop(state);
     state.Accept(Keyword::Into);
     insert->target = ParseDmlTarget(state);

@@ -35,7 +35,14 @@ struct DmlStatement : Statement {
     using Statement::Statement;
 };
 
-enum class InsertSource { Values, Query, Execute, Defaults };
+enum class InsertSource { Values, Query, Execute, Defaults, Bulk };
+
+/// What INSERT BULK asks for besides the rows, which come in a message of their own.
+struct BulkOptions {
+    bool checkConstraints = false; // CHECK and foreign keys hold for the rows
+    bool fireTriggers = false;
+    bool keepNulls = false; // a NULL stays NULL where the column has a default
+};
 
 struct InsertStatement : DmlStatement {
     std::vector<Name> columns; // none when the list was left out
@@ -44,6 +51,7 @@ struct InsertStatement : DmlStatement {
     std::vector<ExpressionList> rows; // may hold DefaultValue
     std::unique_ptr<Query> query;
     StatementPtr execute; // ExecuteProcedure or ExecuteText
+    BulkOptions bulk;
 
     InsertStatement()
         : DmlStatement(StatementKind::Insert) {}

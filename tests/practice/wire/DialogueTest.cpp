@@ -246,7 +246,6 @@ TEST_F(DialogueTest, WhatIsNotOfferedIsRefusedByName) {
     LogIn();
     for (const auto& [type, body] : std::vector<std::pair<PacketType, std::string>>{
              {PacketType::Rpc, CallBody(2).Int(1)}, // sp_cursoropen
-             {PacketType::BulkLoad, "rows"},
              {PacketType::TransactionManager,
               RequestHeaders() + std::string(2, '\0')}}) { // a distributed transaction
         Answer answer = Serve(type, body);
@@ -349,6 +348,49 @@ TEST_F(DialogueTest, APooledConnectionIsResetBeforeItsNextRequest) {
     Answer answer = Serve(PacketType::SqlBatch, BatchBody("x"), status::resetConnection);
     EXPECT_EQ(resetsSeen, 1);
     EXPECT_EQ(answer.environment, std::vector<std::uint8_t>{18});
+}
+
+// The message of a bulk load: two columns, an int and a text; then what `rows` writes.
+std::string BulkBody(const std::function<void(ByteWriter&)>& rows) {
+    ByteWriter body;
+    body.U8(0x81);
+    body.U16(2);
+    for (const SqlType& type : {SimpleType(TypeId::Int), SimpleType(TypeId::Text)}) {
+        body.U32(0);
+        body.U16(0);
+        const WireType wire = WireTypeFor(type, version::tds74);
+        WriteTypeInfo(wire, body);
+        if (wire.form == LengthForm::Pointer)
+            body.LongText("t");
+        body.ShortText("c");
+    }
+    rows(body);
+    return body.Content();
+}
+
+TEST_F(DialogueTest, RowsOfABulkLoadReachTheSessionOneByOne) {
+    std::string seen;
+    m_server.script.rows = [&](const RowReader& rows, ResultSink& sink) {
+        for (std::vector<Datum> row; rows(row);) {
+            seen += row[0].IsNull() ? "-" : std::to_string(row[0].Integer());
+            seen += row[1].IsNull() ? "-" : row[1].Text();
+        }
+        TellCount(sink, StatementKind::Insert, 2);
+    };
+    LogIn();
+    const auto rows = [](ByteWriter& body) {
+        body.Bytes(std::string("\xD1\x04\x05\0\0\0\x10", 7) + std::string(16 + 8, 'p'));
+        body.U32(2);
+        body.Bytes("ab");
+        body.Bytes(std::string("\xD1\0\0", 3));               // NULL by length, NULL by pointer
+        body.Bytes(std::string("\xD2\x02\x04\x07\0\0\0", 7)); // NULL by the bitmap
+        body.Bytes(std::string("\xFD\0\0\0\0", 5) + std::string(8, '\0'));
+    };
+    EXPECT_EQ(Serve(PacketType::BulkLoad, BulkBody(rows)).dones.back().count, 2U);
+    EXPECT_EQ(seen, "5ab--7-");
+    EXPECT_TRUE(m_goesOn);
+    Serve(PacketType::BulkLoad, BulkBody([](ByteWriter& body) { body.Bytes("\xD1\x04"); }));
+    EXPECT_FALSE(m_goesOn) << "a row that breaks off ends the connection";
 }
 
 } // namespace

@@ -20,6 +20,10 @@ void ScriptedSession::ExecuteProcedure(const ProcedureCall& call, ResultSink& si
     m_script.call(call, sink);
 }
 
+void ScriptedSession::LoadRows(const RowReader& rows, ResultSink& sink) {
+    m_script.rows(rows, sink);
+}
+
 void ScriptedSession::Describe(std::string_view statement, std::string_view parameters, ResultSink& sink) {
     m_script.describe(std::string(statement), std::string(parameters), sink);
 }

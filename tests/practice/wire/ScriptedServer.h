@@ -20,6 +20,7 @@ struct Script {
     std::function<void(const std::string&, ResultSink&, ScriptedSession&)> batch;
     std::function<void(const ProcedureCall&, ResultSink&)> call;
     std::function<void(const std::string&, const std::string&, ResultSink&)> describe;
+    std::function<void(const RowReader&, ResultSink&)> rows;
     std::function<void(const TransactionRequest&, ResultSink&)> transaction;
 };
 
@@ -30,6 +31,8 @@ class ScriptedSession : public SqlSession {
 
     void ExecuteBatch(std::string_view text, ResultSink& sink) override;
     void ExecuteProcedure(const ProcedureCall& call, ResultSink& sink) override;
+    bool AwaitsRows() const override { return true; }
+    void LoadRows(const RowReader& rows, ResultSink& sink) override;
     void Describe(std::string_view statement, std::string_view parameters, ResultSink& sink) override;
     void RunTransactionRequest(const TransactionRequest& request, ResultSink& sink) override;
     void MakeDurable() override {}

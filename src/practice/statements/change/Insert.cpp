@@ -79,12 +79,17 @@ std::string QuerySqlFor(Translator& translator, const InsertColumns& target,
 }
 
 // One row whose given values are bound, after what the defaults of the other columns need.
-std::string GivenSql(Translator& translator, InsertPlan& plan) {
+std::string GivenSql(Translator& translator, InsertPlan& plan, bool defaultForNull) {
     std::map<int, std::string> given;
     const auto placeFrom = [&](int first) {
         plan.firstGiven = first;
-        for (const Column* column : plan.target.columns)
-            given[column->id] = "?" + std::to_string(first++);
+        for (const Column* column : plan.target.columns) {
+            std::string& value = given[column->id];
+            value = "?" + std::to_string(first++);
+            if (defaultForNull && !column->identity)
+                value = "COALESCE(" + value + ", " +
+                        DefaultValueOf(translator, *plan.target.table, *column).sql + ")";
+        }
         return "SELECT " + JoinSql(plan.target.Complete(translator, given));
     };
     placeFrom(1); // finds out what the defaults need
@@ -100,7 +105,8 @@ std::unique_ptr<InsertPlan> MakePlan(Engine& engine, const tsql::InsertStatement
     plan->target = BindInsert(translator, statement);
     std::string sql;
     if (valuesKnown)
-        sql = GivenSql(translator, *plan);
+        sql = GivenSql(translator, *plan,
+                       statement.source == tsql::InsertSource::Bulk && !statement.bulk.keepNulls);
     else if (statement.source == tsql::InsertSource::Values)
         sql = ValuesSql(translator, plan->target, statement);
     else if (statement.source == tsql::InsertSource::Query)
@@ -155,10 +161,15 @@ Datum ForColumn(Engine& engine, const InsertColumns& target, const Column& colum
                : Convert(value, column.type, options);
 }
 
+// Rows that come from a call or a client are known only when the statement runs.
+bool IsBrought(const tsql::InsertStatement& statement) {
+    return statement.source == tsql::InsertSource::Execute || statement.source == tsql::InsertSource::Bulk;
+}
+
 // What is wrong with the statement itself, whatever the values are.
 void CheckKnown(const InsertColumns& target, const tsql::InsertStatement& statement,
                 const std::vector<Values>& known) {
-    const bool called = statement.source == tsql::InsertSource::Execute;
+    const bool called = IsBrought(statement);
     for (const Values& values : known) {
         if (called && values.size() != target.columns.size())
             throw SqlError(213);
@@ -172,27 +183,41 @@ void CheckKnown(const InsertColumns& target, const tsql::InsertStatement& statem
     }
 }
 
-// Whole rows from the values that are known, of a call or of literals.
+// A whole row from the values that are known, of a call, of literals or of a client. The plan is bound.
+StoredRow CompleteRow(Engine& engine, InsertPlan& plan, const Values& values) {
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const Column& column = *plan.target.columns[i];
+        BindDatum(plan.statement.Handle(), plan.firstGiven + static_cast<int>(i),
+                  ForColumn(engine, plan.target, column, values[i]), column.type);
+    }
+    engine.Step(plan.statement);
+    StoredRow row = RowOf(plan.statement);
+    plan.statement.Reset();
+    return row;
+}
+
 std::vector<StoredRow> Complete(Engine& engine, InsertPlan& plan, const std::vector<Values>& known) {
     std::vector<StoredRow> rows;
     rows.reserve(known.size());
     plan.Bind(engine);
-    for (const Values& values : known) {
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            const Column& column = *plan.target.columns[i];
-            BindDatum(plan.statement.Handle(), plan.firstGiven + static_cast<int>(i),
-                      ForColumn(engine, plan.target, column, values[i]), column.type);
-        }
-        engine.Step(plan.statement);
-        rows.push_back(RowOf(plan.statement));
-        plan.statement.Reset();
-    }
+    for (const Values& values : known)
+        rows.push_back(CompleteRow(engine, plan, values));
     return rows;
 }
 
 // Calls `use` for every row to insert.
 template <class Use>
-void ForEachRow(Engine& engine, InsertPlan& plan, std::vector<StoredRow>& known, Use use) {
+void ForEachRow(Engine& engine, InsertPlan& plan, const tsql::InsertStatement& statement,
+                std::vector<StoredRow>& known, Use use) {
+    if (statement.source == tsql::InsertSource::Bulk) {
+        plan.Bind(engine);
+        for (Values values; engine.context.NextBulkRow(values);) {
+            CheckKnown(plan.target, statement, {values});
+            StoredRow row = CompleteRow(engine, plan, values);
+            use(row);
+        }
+        return;
+    }
     if (plan.firstGiven > 0) {
         for (StoredRow& row : known)
             use(row);
@@ -211,12 +236,12 @@ void ForEachRow(Engine& engine, InsertPlan& plan, std::vector<StoredRow>& known,
         use(row);
 }
 
-std::uint64_t InsertInstead(Engine& engine, InsertPlan& plan, const std::shared_ptr<const Trigger>& trigger,
-                            std::vector<StoredRow>& known) {
+std::uint64_t InsertInstead(Engine& engine, InsertPlan& plan, const tsql::InsertStatement& statement,
+                            const std::shared_ptr<const Trigger>& trigger, std::vector<StoredRow>& known) {
     const InsertColumns& target = plan.target;
     const auto inserted = engine.rowSets.Take(*target.table, 'i');
     const auto deleted = engine.rowSets.Take(*target.table, 'd');
-    ForEachRow(engine, plan, known, [&](const StoredRow& row) {
+    ForEachRow(engine, plan, statement, known, [&](const StoredRow& row) {
         inserted->Counted();
         inserted->Insert().Bind(1, inserted->Count());
         BindRow(inserted->Insert(), row, 2);
@@ -238,12 +263,12 @@ std::uint64_t InsertInstead(Engine& engine, InsertPlan& plan, const std::shared_
 StatementOutcome RunInsert(Engine& engine, const tsql::InsertStatement& statement) {
     const std::string shape =
         engine.context.Options().rowCount == 0 ? ConstantShape(statement) : std::string();
-    const bool called = statement.source == tsql::InsertSource::Execute;
-    const bool valuesKnown = called || !shape.empty();
+    const bool bulk = statement.source == tsql::InsertSource::Bulk;
+    const bool valuesKnown = IsBrought(statement) || !shape.empty();
     std::vector<Values> values;
-    if (valuesKnown)
-        values = called ? RowsOfCall(engine, statement)
-                        : ConstantRows(statement, Translator(engine).DatabaseCollation());
+    if (valuesKnown && !bulk)
+        values = IsBrought(statement) ? RowsOfCall(engine, statement)
+                                      : ConstantRows(statement, Translator(engine).DatabaseCollation());
     std::unique_ptr<tsql::Attachment>& slot =
         shape.empty() ? statement.attachment : engine.shapes.Slot(shape);
     const StoreSession::Writes writes = KnownWrites(engine, slot, [&] {
@@ -258,18 +283,22 @@ StatementOutcome RunInsert(Engine& engine, const tsql::InsertStatement& statemen
     CheckKnown(target, statement, values);
     engine.begun = true;
     std::vector<StoredRow> known;
-    if (valuesKnown)
+    if (valuesKnown && !bulk)
         known = Complete(engine, *plan, values);
     std::uint64_t count = 0;
-    if (const auto instead = InsteadOfTrigger(engine, target.table->triggers, TriggerEvent::Insert)) {
-        count = InsertInstead(engine, *plan, instead, known);
+    const bool fires = !bulk || (statement.bulk.fireTriggers && engine.context.HasBulkRows());
+    const bool checks = !bulk || statement.bulk.checkConstraints;
+    const auto instead = InsteadOfTrigger(engine, target.table->triggers, TriggerEvent::Insert);
+    if (instead && fires) {
+        count = InsertInstead(engine, *plan, statement, instead, known);
         scope.End();
         return {StatementKind::Insert, count};
     }
     CheckOutput(engine, statement, *target.table, {TriggerEvent::Insert});
     ChangeRun run(engine);
     RowChange& change = run.Start(target.table, TriggerEvent::Insert, "INSERT", !statement.output.empty());
-    ForEachRow(engine, *plan, known, [&](StoredRow& row) {
+    change.checksRows = checks;
+    ForEachRow(engine, *plan, statement, known, [&](StoredRow& row) {
         GiveIdentity(engine, target, change.Writer(), row);
         if (!change.Insert(row))
             engine.context.Inform(3604, MessageText(3604));
@@ -277,10 +306,13 @@ StatementOutcome RunInsert(Engine& engine, const tsql::InsertStatement& statemen
             ++count;
     });
     plan->statement.Reset();
-    run.CheckKeys();
+    if (checks)
+        run.CheckKeys();
     RunOutput(engine, statement, {&change}, run);
-    run.CheckKeys();
-    run.FireTriggers();
+    if (checks)
+        run.CheckKeys();
+    if (fires)
+        run.FireTriggers();
     scope.End();
     return {StatementKind::Insert, count};
 }

@@ -49,15 +49,17 @@ InsertColumns BindInsert(Translator& translator, const tsql::InsertStatement& st
                                values, true);
         return ThroughView(translator, *target.view, statement);
     }
-    const bool instead = InsteadOfTrigger(engine, target.table->triggers, TriggerEvent::Insert) != nullptr;
+    const bool bulk = statement.source == tsql::InsertSource::Bulk;
+    const bool instead = (!bulk || statement.bulk.fireTriggers) &&
+                         InsteadOfTrigger(engine, target.table->triggers, TriggerEvent::Insert) != nullptr;
     return BindColumns(engine, target.table, statement.columns,
                        statement.hasColumns || statement.source == tsql::InsertSource::Defaults, values,
-                       instead);
+                       instead, bulk);
 }
 
 InsertColumns BindColumns(Engine& engine, std::shared_ptr<const Table> table,
                           const std::vector<tsql::Name>& names, bool hasNames, std::size_t valueCount,
-                          bool instead) {
+                          bool instead, bool bulk) {
     InsertColumns bound;
     bound.table = table;
     bound.instead = instead;
@@ -81,13 +83,13 @@ InsertColumns BindColumns(Engine& engine, std::shared_ptr<const Table> table,
         if (column->IsComputed() && !instead)
             throw SqlError(271, {column->name});
         if (column->identity) {
-            if (!allowed && !instead)
+            if (!allowed && !instead && !bulk)
                 throw SqlError(544, {table->name});
             bound.explicitIdentity = true;
         }
         bound.columns.push_back(column);
     }
-    if (allowed && !bound.explicitIdentity && table->IdentityColumn() != nullptr)
+    if (allowed && !bulk && !bound.explicitIdentity && table->IdentityColumn() != nullptr)
         throw SqlError(545, {table->name});
     return bound;
 }

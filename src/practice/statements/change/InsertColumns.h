@@ -25,9 +25,10 @@ struct InsertColumns {
 void GiveIdentity(Engine& engine, const InsertColumns& target, TableWriter& writer, StoredRow& row);
 
 InsertColumns BindInsert(Translator& translator, const tsql::InsertStatement& statement);
-// For a table that is known: the columns named, or all that can be given. 207, 264, 544, 545, 8101.
+// For a table that is known: the columns named, or all that can be given. 207, 264, 544, 545, 8101. A bulk
+// load may bring identity values without being allowed to.
 InsertColumns BindColumns(Engine& engine, std::shared_ptr<const Table> table,
                           const std::vector<tsql::Name>& names, bool hasNames, std::size_t valueCount,
-                          bool instead);
+                          bool instead, bool bulk = false);
 
 } // namespace quillon::practice

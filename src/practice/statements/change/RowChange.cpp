@@ -34,7 +34,7 @@ void RowChange::Keep(const std::shared_ptr<RowSet>& set, std::int64_t number, co
 }
 
 bool RowChange::Insert(StoredRow& row) {
-    m_writer.Complete(row, m_verb);
+    m_writer.Complete(row, m_verb, checksRows);
     if (!m_writer.Insert(row))
         return false;
     Keep(m_inserted, ++m_count, row);

@@ -34,6 +34,8 @@ class RowChange {
     TableWriter& Writer() { return m_writer; }
     const char* Verb() const { return m_verb; }
 
+    bool checksRows = true; // by the CHECK constraints, which a bulk load may leave aside
+
     // False when the row was passed over (IGNORE_DUP_KEY). Identity has been given already.
     bool Insert(StoredRow& row);
     void Delete(const std::vector<std::int64_t>& rowIds);

@@ -137,7 +137,7 @@ void TableWriter::PrepareRules() {
         m_ruleRow = Prepared(m_engine.Connection(), "SELECT " + list, true);
 }
 
-void TableWriter::Complete(StoredRow& row, const char* verb) {
+void TableWriter::Complete(StoredRow& row, const char* verb, bool checks) {
     if (!m_rulesReady)
         PrepareRules();
     if (m_rowVersionPlace >= 0) {
@@ -163,7 +163,7 @@ void TableWriter::Complete(StoredRow& row, const char* verb) {
     for (std::size_t i = 0; i < row.size(); ++i)
         if (row[i].IsNull() && !m_columns[i]->nullable)
             throw SqlError(515, {m_columns[i]->name, m_fullName, verb}, 2);
-    if (broken != nullptr)
+    if (broken != nullptr && checks)
         Refuse(*broken, verb);
 }
 

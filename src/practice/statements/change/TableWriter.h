@@ -27,8 +27,8 @@ class TableWriter {
     int PlaceOf(int columnId) const;
 
     // Fills in rowversion and stored computed columns, then refuses what must not be: 515, 547 (CHECK).
-    // `verb` is INSERT, UPDATE or MERGE.
-    void Complete(StoredRow& row, const char* verb);
+    // `verb` is INSERT, UPDATE or MERGE. Without `checks` no CHECK constraint is asked.
+    void Complete(StoredRow& row, const char* verb, bool checks = true);
     // The next identity value in its place; 8115 when the type has no more. Returns it.
     std::int64_t GiveIdentity(StoredRow& row);
 
