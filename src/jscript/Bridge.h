@@ -5,15 +5,10 @@
 
 namespace quillon::jscript {
 
-// Puts the handler that all proxies share into the engine's stash, and the functions that the rewriter calls
-// into the globals.
+// Puts the handler that all proxies share into the engine's stash.
 void InstallBridge(duk_context* context);
 
-// Pushes a new target that carries `wrapped`, and its proxy on top of it.
-void PushProxyPair(duk_context* context, Wrapped& wrapped);
-
-// Makes a global name of a member of an object, unless the name is taken.
-void DefineGlobalMember(Engine& engine, duk_context* context, std::string_view name, const ObjectRef& owner,
-                        MemberId member);
+// Pushes a new proxy, with a target of its own, and ties both to `wrapped`.
+void PushNewProxy(duk_context* context, Wrapped& wrapped);
 
 } // namespace quillon::jscript

@@ -1,18 +1,13 @@
 // One Duktape heap and everything that crosses its border: code, values, late-bound objects, failures.
 //
-// Duktape reports errors by longjmp, which skips destructors. Three rules keep that harmless, and every
-// function that takes a duk_context must follow them:
+// Duktape reports errors by a C++ exception of its own, so destructors run. Two rules hold:
 //   1. Duktape is entered through Guarded() only, so that no error goes past it.
-//   2. Between a call into Duktape that may fail and its return no local variable needs a destructor. What
-//   does
-//      lives in a Frame, which the engine owns and drops when the entry ends.
-//   3. No C++ exception leaves a function that Duktape calls. Shielded() turns it into a script error, and
-//   the
-//      failure comes out of Guarded() again.
+//   2. No other exception leaves a function that Duktape calls: what the system's objects do runs in
+//   Shielded(),
+//      which turns a failure into a script error, and the failure comes out of Guarded() again.
 #pragma once
 
 #include <atomic>
-#include <deque>
 #include <exception>
 #include <memory>
 #include <string>
@@ -22,21 +17,16 @@
 #include <duktape.h>
 
 #include "jscript/JScriptHost.h"
+#include "jscript/Memory.h"
+#include "jscript/Rewriter.h"
+#include "jscript/Sources.h"
 #include "platform/Failure.h"
 #include "platform/FailureNumbers.h"
 
 namespace quillon::jscript {
 
-// What a native function works with while Duktape may jump over it.
-struct Frame {
-    std::vector<Value> values;
-    Value result;
-    ObjectRef object;
-    std::string text;
-};
-
-// A late-bound object as scripts hold it: a proxy over a target that carries it. Target and proxy hold each
-// other, so that both live until the target's finalizer runs.
+// A late-bound object as scripts hold it: a proxy over a target. Their blocks of memory are tagged with it;
+// it goes when both have gone.
 struct Wrapped {
     ObjectRef object;
     void* target = nullptr;
@@ -46,6 +36,27 @@ struct Wrapped {
 // Tells objects that scripts made, and the system holds, whether their engine still lives.
 struct EngineLink {
     Engine* engine;
+};
+
+// What the rewriter's words tell the bridge about the use of a member that follows.
+class Announcement {
+  public:
+    // `name` is about to be called, maybe for an assignment to what it gives.
+    void Call(void* name, bool toAssign) noexcept {
+        m_name = name;
+        m_toAssign = toAssign;
+    }
+    // Whether `name` was announced just now; forgets it.
+    bool TakeCall(void* name) noexcept { return std::exchange(m_name, nullptr) == name && name != nullptr; }
+    bool IsToAssign() const noexcept { return m_toAssign; }
+    // A member has kept its arguments for the value that is assigned next; whether one has, forgotten by
+    // asking.
+    void NoteAssignable() noexcept { m_isAssignable = true; }
+    bool TakeAssignable() noexcept { return std::exchange(m_isAssignable, false); }
+
+  private:
+    void* m_name = nullptr;
+    bool m_toAssign = false, m_isAssignable = false;
 };
 
 class Engine {
@@ -66,49 +77,41 @@ class Engine {
 
     // --- for the functions that Duktape calls ---
     static Engine& Of(duk_context* context);
-    Frame& OpenFrame();
-    void CloseFrame() noexcept { m_frames.pop_back(); }
-    // Runs C++ that may throw; false if it did. Then ThrowShielded raises it in the script.
-    template <class Body>
-    bool Shielded(Body&& body) noexcept;
-    [[noreturn]] void ThrowShielded(duk_context* context);
-    // Raises an error that scripts can catch. An empty description takes the number's own text.
-    [[noreturn]] void Throw(duk_context* context, std::int32_t number, const char* description = "");
-    // Ends the script if it was told to stop, and fails it when its memory is used up.
-    void Poll(duk_context* context) {
-        if (m_stop || m_memoryShort)
-            EndOrGoOn(context);
+    // Runs C++ that may fail, and that enters Duktape through Guarded() only; its failure is raised in the
+    // script.
+    template <class Work>
+    auto Shielded(duk_context* context, Work&& work);
+    // The same, and the value that it gives is what the native function returns.
+    template <class Work>
+    duk_ret_t Answer(duk_context* context, Work&& work) {
+        PushValue(context, Shielded(context, work));
+        return 1;
     }
+    // Raises an error that scripts can catch. An empty description takes the number's own text.
+    [[noreturn]] void Throw(duk_context* context, std::int32_t number, const std::string& description = {});
+    // Ends the script if it must end; lets go of what scripts have dropped. Where script code may run.
+    void Poll(duk_context* context);
+    // Whether the script must end. Duktape asks too, from time to time.
+    bool MustEnd() const noexcept { return !m_describing && (m_stop || m_memory.IsShort()); }
+    Announcement& Announced() noexcept { return m_announcement; }
+    // Where the script is while an error is thrown.
+    void NotePlace(std::string file, std::int32_t line);
+    const Sources& Texts() const noexcept { return m_sources; }
+    const ObjectFactory& Factory() const noexcept { return m_factory; }
+    // The text with the names of global members defined and announced.
+    Rewritten Prepare(std::string_view text);
 
     // --- values; may fail in Duktape's way ---
+    void PushText(duk_context* context, std::string_view text);
     void PushValue(duk_context* context, const Value& value);
     void PushObject(duk_context* context, const ObjectRef& object);
-    void ReadValue(duk_context* context, duk_idx_t index, Value& value);
-    // All arguments of the running native function, into the frame's values.
-    void ReadArguments(duk_context* context, Frame& frame);
-
-    // --- the bridge's bookkeeping ---
-    Wrapped* WrappedByProxy(void* proxy) noexcept;
-    void Forget(Wrapped* wrapped) noexcept; // its target is being finalized
-    void MarkCalled(void* name, bool toAssign = false) noexcept {
-        m_called = name;
-        m_calledToAssign = toAssign;
-    }
-    bool IsCalledToAssign() const noexcept { return m_calledToAssign; }
-    // A member has kept its arguments for the value that is assigned next; whether one has, forgotten by
-    // asking.
-    void NoteAssignable() noexcept { m_isAssignable = true; }
-    bool TakeAssignable() noexcept { return std::exchange(m_isAssignable, false); }
-    // Whether `name` was announced by $called just now; forgets it.
-    bool TakeCalled(void* name) noexcept {
-        return std::exchange(m_called, nullptr) == name && name != nullptr;
-    }
-    void NoteThrow(const char* file, std::int32_t line);
-    const ObjectFactory& Factory() const noexcept { return m_factory; }
-    // The number of the failure that Shielded caught last.
-    std::int32_t ShieldedNumber() const noexcept { return m_failure->number(); }
-    // The object among those whose members are global that has a member of this name.
-    const ObjectRef* GlobalOwner(std::string_view name, MemberId& member);
+    Value ReadValue(duk_context* context, duk_idx_t index);
+    // The elements of the array at `index`.
+    std::vector<Value> ReadList(duk_context* context, duk_idx_t index);
+    // All arguments of the running native function.
+    std::vector<Value> ReadArguments(duk_context* context);
+    // The late-bound object whose proxy or target is at `index`; null for anything else.
+    Wrapped* WrappedAt(duk_context* context, duk_idx_t index) noexcept;
 
     // --- for objects that scripts made (ScriptedObject.h) ---
     using Step = void (*)(Engine& engine, duk_context* context, void* data);
@@ -124,70 +127,63 @@ class Engine {
     static void* Allocate(void* engine, duk_size_t size);
     static void* Reallocate(void* engine, void* memory, duk_size_t size);
     static void Free(void* engine, void* memory);
-    bool HasRoomFor(std::size_t bytes) noexcept;
-    void EndOrGoOn(duk_context* context);
+    bool RefusesMemory(std::size_t size) noexcept;
+
+    bool TryGuarded(Step step, void* data);
+    void ReleaseDropped(duk_context* context);
+    void EndEntry() noexcept;
 
     static void Execute(Engine& engine, duk_context* context, void* data);
     static void Call(Engine& engine, duk_context* context, void* data);
-    static void DescribeError(Engine& engine, duk_context* context, void* data);
-    static void DropReferences(Engine& engine, duk_context* context, void* data);
-    bool TryGuarded(Step step, void* data);
-    [[noreturn]] void RaiseReported(ScriptError* error, bool compiling);
     void ExecuteText(Execution& execution, ScriptError& error);
+    const ObjectRef* GlobalOwner(std::string_view name, MemberId& member);
     void DefineGlobalMembers(std::string_view text);
-    void EndEntry() noexcept;
-    std::string LineOf(const std::string& file, std::int32_t line) const;
 
-    void WrapNew(duk_context* context, Wrapped& wrapped);
-    void PushText(duk_context* context, std::string_view text);
+    static void DescribeError(Engine& engine, duk_context* context, void* data);
+    [[noreturn]] void RaiseReported(ScriptError* error, bool compiling);
+
+    void ForgetBlock(void* memory) noexcept;
     void PushDate(duk_context* context, DateValue date);
     void PushArray(duk_context* context, const ArrayValue& array);
-    void ReadObject(duk_context* context, duk_idx_t index, Value& value);
+    Value ReadObject(duk_context* context, duk_idx_t index);
     bool ReadArray(duk_context* context, duk_idx_t index, Value& value);
     bool ReadDate(duk_context* context, duk_idx_t index, Value& value);
-    void ReadScripted(duk_context* context, duk_idx_t index, Value& value);
+    Value ReadScripted(duk_context* context, duk_idx_t index);
 
     const ObjectFactory& m_factory;
-    std::size_t m_memoryLimit, m_memoryUsed = 0;
+    Memory m_memory;
     duk_context* m_context = nullptr;
     std::shared_ptr<EngineLink> m_link;
     std::atomic<bool> m_stop = false;
-    bool m_memoryShort = false; // the limit was crossed
+    std::size_t m_unheeded = 0; // memory asked for since the script was told to stop
+    int m_refusals = 0;
     int m_depth = 0;
+    bool m_describing = false;
 
-    std::deque<Frame> m_frames; // a frame stays in place while others come and go behind it
     std::unordered_map<Object*, std::unique_ptr<Wrapped>> m_wrapped;
-    std::unordered_map<void*, Wrapped*> m_byProxy;
-    std::vector<ObjectRef> m_releasedObjects; // let go of when the entry ends
+    std::vector<ObjectRef> m_dropped; // by scripts; let go of where script code may run
     std::vector<std::uint32_t> m_releasedReferences;
     std::uint32_t m_nextReference = 1;
     std::vector<ObjectRef> m_globalObjects; // whose members are global names
-    std::vector<std::string> m_sources;     // by number; "code3" is m_sources[3]
-    std::string m_expression;               // what Eval got last
-    std::string m_scratch;
-    void* m_called = nullptr;
-    bool m_calledToAssign = false;
-    bool m_isAssignable = false;
+    Sources m_sources;
+    Announcement m_announcement;
     std::string m_thrownFile;
     std::int32_t m_thrownLine = 0;
-    std::unique_ptr<Failure> m_failure; // what Shielded caught
-    std::exception_ptr m_foreign;       // what is no Failure goes through to the host's caller
+    std::exception_ptr m_foreign; // what is no Failure goes through to the host's caller
     std::unique_ptr<Report> m_report;
 };
 
-template <class Body>
-bool Engine::Shielded(Body&& body) noexcept {
+template <class Work>
+auto Engine::Shielded(duk_context* context, Work&& work) {
     try {
-        body();
-        return true;
+        return work();
     } catch (const Failure& failure) {
-        m_failure = std::make_unique<Failure>(failure);
+        Throw(context, failure.number(), failure.description());
     } catch (...) {
         m_foreign = std::current_exception();
         m_stop = true; // nothing may catch it on its way out
-        m_failure = std::make_unique<Failure>(numbers::ScriptStopped);
     }
-    return false;
+    Throw(context, numbers::ScriptStopped);
 }
 
 } // namespace quillon::jscript

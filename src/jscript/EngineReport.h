@@ -11,18 +11,19 @@ namespace quillon::jscript {
 struct Engine::Report {
     std::int32_t number = 0; // 0: the value thrown has none
     std::string errorClass, message, description;
-    std::string ownFile; // where the error object says that it was made
-    std::string file;    // where the script failed
-    std::int32_t line = 0;
+    std::string file; // where the script failed, and the engine's number of the line there
+    std::int32_t engineLine = 0;
+    Place place; // the same in the text as it was written
 };
 
 // One text to compile and run.
 struct Engine::Execution {
     std::string_view original;
-    const std::string* rewritten;
+    const Rewritten* rewritten;
     std::string file;
     bool isExpression = false;
     bool compiled = false; // behind the compiler: failures are the script's
+    Place complaint;       // of the compiler
     Value result;
 };
 

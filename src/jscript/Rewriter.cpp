@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "jscript/Brackets.h"
+#include "jscript/TextEdits.h"
 #include "jscript/Tokens.h"
 
 namespace quillon::jscript {
@@ -12,10 +14,13 @@ class Rewriting {
     Rewriting(std::string_view script, const IsGlobalMember& isGlobalMember)
         : m_script(script)
         , m_isGlobalMember(isGlobalMember)
-        , m_tokens(Tokenize(script)) {}
+        , m_tokens(Tokenize(script))
+        , m_edits(script) {}
 
-    std::string Run() {
+    Rewritten Run() {
         for (std::size_t i = 0; i < m_tokens.size(); ++i) {
+            if (m_tokens[i].startsStatement)
+                BeginLine(i);
             if (m_tokens[i].kind != TokenKind::Word)
                 continue;
             if (Is(i - 1, "."))
@@ -27,21 +32,36 @@ class Rewriting {
     }
 
   private:
-    struct Edit {
-        std::size_t offset, erased;
-        std::string inserted;
-    };
-
     bool Is(std::size_t index, std::string_view text) const {
         return index < m_tokens.size() && m_tokens[index].text == text &&
                m_tokens[index].kind != TokenKind::Text;
     }
 
     void Replace(const Token& token, std::string text) {
-        m_edits.push_back({token.offset, token.text.size(), std::move(text)});
+        m_edits.Replace(token.offset, token.text.size(), std::move(text));
     }
     void InsertBehind(const Token& token, std::string text) {
-        m_edits.push_back({token.offset + token.text.size(), 0, std::move(text)});
+        m_edits.Insert(token.offset + token.text.size(), std::move(text));
+    }
+
+    void BeginLine(std::size_t word) {
+        const Token& token = m_tokens[word];
+        if (word > 0 && !IsEmptyStatement(word) && IsOnLineOf(m_tokens[word - 1], token))
+            m_edits.Insert(token.offset, "\n");
+        if (word == 0 && token.kind == TokenKind::Text)
+            m_edits.Insert(token.offset, ";"); // so that it is no directive: this language has no strict mode
+    }
+
+    // What no error can come from.
+    bool IsEmptyStatement(std::size_t i) const {
+        return Is(i, "{") || Is(i, "}") || Is(i, ";") || Is(i, ")");
+    }
+
+    bool IsOnLineOf(const Token& before, const Token& token) const {
+        std::size_t at = before.offset + before.text.size();
+        while (at < token.offset && LineEndAt(m_script, at) == 0)
+            ++at;
+        return at == token.offset;
     }
 
     // The point goes, the name becomes a subscript; blanks and line ends between them stay.
@@ -71,9 +91,9 @@ class Rewriting {
     std::size_t ClosingOf(std::size_t open) const {
         int depth = 0;
         for (std::size_t i = open; i < m_tokens.size(); ++i) {
-            if (IsOpening(i))
+            if (Is(i, "(") || Is(i, "[") || Is(i, "{"))
                 ++depth;
-            else if (IsClosing(i) && --depth == 0)
+            else if ((Is(i, ")") || Is(i, "]") || Is(i, "}")) && --depth == 0)
                 return i;
         }
         return m_tokens.size();
@@ -86,69 +106,100 @@ class Rewriting {
 
     void FreeWord(std::size_t word) {
         const std::string_view text = m_tokens[word].text;
-        if (text == "while" && Is(word + 1, "("))
-            InsertBehind(m_tokens[word + 1], "$poll(),");
-        else if (text == "for" && Is(word + 1, "("))
-            PollInFor(word + 1);
+        if (text == "typeof")
+            MarkTypeof(word);
         else if (text == "function")
-            PollInFunction(word);
-        else if (Is(word - 1, "function") || MarkIndexed(word))
+            MarkFunction(word);
+        else if (Is(word - 1, "function"))
             return;
-        else if (m_isGlobalMember && Is(word + 1, "(") && m_isGlobalMember(text))
+        else if (text == "eval" && Is(word + 1, "("))
+            MarkEval(word + 1);
+        else if (!MarkIndexed(word) && m_isGlobalMember && Is(word + 1, "(") && m_isGlobalMember(text))
             Replace(m_tokens[word], "($called(\"" + std::string(text) + "\")," + std::string(text) + ")");
     }
 
-    // for (a; b; c): the condition asks. for (a in b) ends by itself.
-    void PollInFor(std::size_t open) {
-        int depth = 0;
-        for (std::size_t i = open; i < m_tokens.size(); ++i) {
-            if (IsOpening(i))
-                ++depth;
-            else if (IsClosing(i) && --depth == 0)
-                return;
-            if (depth == 1 && Is(i, ";")) {
-                InsertBehind(m_tokens[i], Is(i + 1, ";") ? "$poll()" : "$poll(),");
-                return;
-            }
-        }
-    }
-
-    // Behind the brace that opens the body, unless the body begins with a directive, which must stay first.
-    void PollInFunction(std::size_t word) {
+    // Behind the brace that opens the body.
+    void MarkFunction(std::size_t word) {
         std::size_t i = word + 1;
         if (i < m_tokens.size() && m_tokens[i].kind == TokenKind::Word)
             ++i;
-        if (!Is(i, "("))
-            return;
-        while (i < m_tokens.size() && !Is(i, ")"))
-            ++i;
-        if (Is(i + 1, "{") && i + 2 < m_tokens.size() && m_tokens[i + 2].kind != TokenKind::Text)
-            InsertBehind(m_tokens[i + 1], "$poll();");
+        const std::size_t body = Is(i, "(") ? ClosingOf(i) + 1 : m_tokens.size();
+        if (Is(body, "{"))
+            InsertBehind(m_tokens[body], "$enter();");
     }
 
-    bool IsOpening(std::size_t i) const { return Is(i, "(") || Is(i, "[") || Is(i, "{"); }
-    bool IsClosing(std::size_t i) const { return Is(i, ")") || Is(i, "]") || Is(i, "}"); }
+    void MarkEval(std::size_t open) {
+        const std::size_t closing = ClosingOf(open);
+        if (closing >= m_tokens.size() || closing == open + 1)
+            return;
+        InsertBehind(m_tokens[open], "$script(");
+        m_edits.Insert(m_tokens[closing].offset, ")");
+    }
 
-    std::string Applied() {
-        std::ranges::stable_sort(m_edits, {}, &Edit::offset);
-        std::string text;
-        std::size_t copied = 0;
-        for (const Edit& edit : m_edits) {
-            text.append(m_script.substr(copied, edit.offset - copied)).append(edit.inserted);
-            copied = edit.offset + edit.erased;
+    // A name alone may be unknown, and only typeof itself may ask for such a one.
+    void MarkTypeof(std::size_t word) {
+        const std::size_t first = word + 1, last = LastOfOperand(first);
+        if (last >= m_tokens.size())
+            return;
+        if (last == first) {
+            if (m_tokens[first].kind != TokenKind::Word)
+                return;
+            const std::string name(m_tokens[first].text);
+            m_edits.Insert(m_tokens[word].offset, "(");
+            InsertBehind(m_tokens[last], "===\"function\"?$typeof(" + name + "):typeof " + name + ")");
+            return;
         }
-        return text.append(m_script.substr(copied));
+        Replace(m_tokens[word], "$typeof(");
+        InsertBehind(m_tokens[last], ")");
+    }
+
+    // The end of a name or a bracket with the members and calls that follow it; the count of tokens for other
+    // operands.
+    std::size_t LastOfOperand(std::size_t first) const {
+        std::size_t last = Is(first, "(") ? ClosingOf(first) : first;
+        if (last >= m_tokens.size() || (last == first && m_tokens[first].kind != TokenKind::Word) ||
+            IsOperatorWord(m_tokens[first].text) || Is(first, "function"))
+            return m_tokens.size();
+        for (;;) {
+            if (Is(last + 1, "."))
+                last += 2;
+            else if (Is(last + 1, "(") || Is(last + 1, "["))
+                last = ClosingOf(last + 1);
+            else
+                return last;
+            if (last >= m_tokens.size())
+                return last;
+        }
+    }
+
+    Rewritten Applied() {
+        std::vector<std::size_t> starts;
+        Rewritten rewritten{m_edits.Apply(starts), {}};
+        PlaceCounter places(m_script);
+        auto token = m_tokens.begin();
+        for (const std::size_t start : starts) {
+            token = std::find_if(token, m_tokens.end(), [&](const Token& t) { return t.offset >= start; });
+            const Place line = places.At(start);
+            rewritten.lines.push_back(line);
+            if (token == m_tokens.end())
+                continue;
+            PlaceCounter ahead = places;
+            const Place first = ahead.At(token->offset);
+            if (first.line == line.line)
+                rewritten.lines.back() = first;
+        }
+        return rewritten;
     }
 
     std::string_view m_script;
     const IsGlobalMember& m_isGlobalMember;
     std::vector<Token> m_tokens;
-    std::vector<Edit> m_edits;
+    TextEdits m_edits;
 };
 
 } // namespace
 
-std::string Rewrite(std::string_view script, const IsGlobalMember& isGlobalMember) {
+Rewritten Rewrite(std::string_view script, const IsGlobalMember& isGlobalMember) {
     return Rewriting(script, isGlobalMember).Run();
 }
 

@@ -1,25 +1,35 @@
-// What is added to a script's text before it is compiled.
+// What is changed in a script's text before it is compiled.
 //
-// The embedded engine knows neither late-bound objects nor how to be stopped, so the text is given both, line
-// by line in place:
+// The embedded engine does not know late-bound objects, so the text is given words for them:
 //   - `a.name(` becomes `a[$called("name")](`. A late-bound object cannot tell a method from a property; this
 //     tells the bridge that the member is about to be called, so that it does not read it first.
 //   - `a.name(x) = y` becomes `a[$put("name")](x)[$assigned()] = y`, and `a(x) = y` becomes
 //     `$indexed(a)(x)[$assigned()] = y`: late-bound properties with parameters are assigned to, which the
 //     engine's own language has no words for.
-//   - every loop and every function asks `$poll()`, which ends a script that was told to stop.
-// Lines keep their numbers. What the rewriter does not understand stays as it is.
+//   - every function begins with `$enter()`: one of the script's own answered to the name that was told.
+//   - `typeof a.b` becomes `$typeof(a.b)`, since the engine takes a late-bound object for a function.
+//   - `eval(a)` becomes `eval($script(a))`: what a script makes up as it runs is rewritten too.
+//   - every statement begins a line, since lines are the only places that the engine remembers.
+// What the rewriter does not understand stays as it is.
 #pragma once
 
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "jscript/Sources.h"
 
 namespace quillon::jscript {
 
 // Whether a global object has a member of this name. Calls of such names, `Print(x)`, are announced too.
 using IsGlobalMember = std::function<bool(std::string_view name)>;
 
-std::string Rewrite(std::string_view script, const IsGlobalMember& isGlobalMember = {});
+struct Rewritten {
+    std::string text;
+    std::vector<Place> lines; // where each line of the text begins in the script
+};
+
+Rewritten Rewrite(std::string_view script, const IsGlobalMember& isGlobalMember = {});
 
 } // namespace quillon::jscript

@@ -68,7 +68,7 @@ void Read(Engine& engine, duk_context* context, void* data) {
     } else if (!question.arguments.empty()) {
         engine.Throw(context, numbers::WrongArgumentCount);
     }
-    engine.ReadValue(context, -1, question.result);
+    question.result = engine.ReadValue(context, -1);
 }
 
 void ReadDefault(Engine& engine, duk_context* context, void* data) {
@@ -82,7 +82,7 @@ void ReadDefault(Engine& engine, duk_context* context, void* data) {
     } else {
         duk_to_primitive(context, -1, DUK_HINT_NONE);
     }
-    engine.ReadValue(context, -1, question.result);
+    question.result = engine.ReadValue(context, -1);
 }
 
 void ReadElements(Engine& engine, duk_context* context, void* data) {
@@ -90,13 +90,7 @@ void ReadElements(Engine& engine, duk_context* context, void* data) {
     question.object->Push(context);
     if (!duk_is_array(context, -1))
         engine.Throw(context, numbers::NotACollection);
-    const auto count = static_cast<duk_uarridx_t>(duk_get_length(context, -1));
-    for (duk_uarridx_t i = 0; i < count; ++i) {
-        duk_get_prop_index(context, -1, i);
-        question.elements.emplace_back();
-        engine.ReadValue(context, -1, question.elements.back());
-        duk_pop(context);
-    }
+    question.elements = engine.ReadList(context, -1);
 }
 
 class ElementWalk final : public ObjectEnumerator {

@@ -1,7 +1,8 @@
 #include "jscript/Tokens.h"
 
 #include <algorithm>
-#include <array>
+
+#include "jscript/Brackets.h"
 
 namespace quillon::jscript {
 namespace {
@@ -16,13 +17,13 @@ bool IsWordStart(char c) {
 bool IsWordPart(char c) {
     return IsWordStart(c) || IsDigit(c);
 }
-bool IsLineEnd(char c) {
-    return c == '\n' || c == '\r';
+// A blank or a line end beyond the first 128 characters: no-break space, byte-order mark, separators.
+std::size_t WideBlankAt(std::string_view script, std::size_t at) {
+    for (const std::string_view blank : {"\xC2\xA0", "\xEF\xBB\xBF", "\xE2\x80\xA8", "\xE2\x80\xA9"})
+        if (script.substr(at).starts_with(blank))
+            return blank.size();
+    return 0;
 }
-
-constexpr std::array<std::string_view, 12> Operators{
-    "return", "typeof", "instanceof", "in", "new", "delete", "void", "throw", "case", "else", "do", "of"};
-
 class Tokenizer {
   public:
     explicit Tokenizer(std::string_view script)
@@ -32,7 +33,8 @@ class Tokenizer {
         for (SkipBlanks(); m_at < m_script.size(); SkipBlanks()) {
             const std::size_t start = m_at;
             const TokenKind kind = TakeOne();
-            m_tokens.push_back({kind, m_script.substr(start, m_at - start), start});
+            m_tokens.push_back({kind, m_script.substr(start, m_at - start), start, false});
+            m_brackets.Take(m_tokens.back());
         }
         return std::move(m_tokens);
     }
@@ -45,15 +47,29 @@ class Tokenizer {
     void SkipBlanks() {
         while (m_at < m_script.size()) {
             const char c = Peek();
+            if (AtConditional())
+                return;
             if (c == ' ' || (c >= '\t' && c <= '\r'))
                 ++m_at;
+            else if (const std::size_t blank = WideBlankAt(m_script, m_at))
+                m_at += blank;
             else if (c == '/' && Peek(1) == '/')
-                m_at = std::min(m_script.find_first_of("\r\n", m_at), m_script.size());
+                SkipLine();
             else if (c == '/' && Peek(1) == '*')
                 SkipPast(m_script.find("*/", m_at + 2), 2);
             else
                 return;
         }
+    }
+
+    bool AtConditional() const {
+        return Peek() == '/' && (Peek(1) == '*' || Peek(1) == '/') &&
+               m_script.substr(m_at + 2).starts_with("@cc_on");
+    }
+
+    void SkipLine() {
+        while (m_at < m_script.size() && LineEndAt(m_script, m_at) == 0)
+            ++m_at;
     }
 
     void SkipPast(std::size_t found, std::size_t length) {
@@ -62,8 +78,12 @@ class Tokenizer {
 
     TokenKind TakeOne() {
         const char c = Peek();
+        if (AtConditional()) {
+            m_at += std::string_view("/*@cc_on").size();
+            return TokenKind::Conditional;
+        }
         if (IsWordStart(c)) {
-            while (m_at < m_script.size() && IsWordPart(Peek()))
+            while (m_at < m_script.size() && IsWordPart(Peek()) && WideBlankAt(m_script, m_at) == 0)
                 ++m_at;
             return TokenKind::Word;
         }
@@ -75,7 +95,7 @@ class Tokenizer {
             TakeText(c);
             return TokenKind::Text;
         }
-        if (c == '/' && ExpressionMayStart()) {
+        if (c == '/' && m_brackets.OperandComes()) {
             TakeExpression();
             return TokenKind::Expression;
         }
@@ -99,19 +119,20 @@ class Tokenizer {
     }
 
     void TakeText(char quote) {
-        for (++m_at; m_at < m_script.size() && Peek() != quote && !IsLineEnd(Peek()); ++m_at) {
+        for (++m_at; m_at < m_script.size() && Peek() != quote && LineEndAt(m_script, m_at) == 0; ++m_at) {
             if (Peek() != '\\')
                 continue;
             ++m_at; // whatever is escaped, a line end included
-            if (Peek() == '\r' && Peek(1) == '\n')
-                ++m_at;
+            if (const std::size_t end = LineEndAt(m_script, m_at))
+                m_at += end - 1;
         }
         m_at = std::min(m_at + 1, m_script.size());
     }
 
     void TakeExpression() {
         bool inSet = false;
-        for (++m_at; m_at < m_script.size() && !IsLineEnd(Peek()) && (inSet || Peek() != '/'); ++m_at) {
+        for (++m_at; m_at < m_script.size() && LineEndAt(m_script, m_at) == 0 && (inSet || Peek() != '/');
+             ++m_at) {
             if (Peek() == '\\')
                 ++m_at;
             else if (Peek() == '[' || Peek() == ']')
@@ -122,28 +143,22 @@ class Tokenizer {
             ++m_at;
     }
 
-    // Behind a value a slash divides.
-    bool ExpressionMayStart() const {
-        if (m_tokens.empty())
-            return true;
-        const Token& last = m_tokens.back();
-        if (last.kind == TokenKind::Word)
-            return IsOperatorWord(last.text);
-        if (last.kind != TokenKind::Mark)
-            return false;
-        return last.text != ")" && last.text != "]" && last.text != "}";
-    }
-
     std::string_view m_script;
     std::size_t m_at = 0;
     bool m_hex = false;
     std::vector<Token> m_tokens;
+    Brackets m_brackets;
 };
 
 } // namespace
 
-bool IsOperatorWord(std::string_view word) {
-    return std::ranges::find(Operators, word) != Operators.end();
+std::size_t LineEndAt(std::string_view script, std::size_t at) {
+    const std::string_view rest = script.substr(std::min(at, script.size()));
+    if (rest.starts_with('\n'))
+        return 1;
+    if (rest.starts_with('\r'))
+        return rest.starts_with("\r\n") ? 2 : 1;
+    return rest.starts_with("\xE2\x80\xA8") || rest.starts_with("\xE2\x80\xA9") ? 3 : 0;
 }
 
 std::vector<Token> Tokenize(std::string_view script) {

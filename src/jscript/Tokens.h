@@ -4,25 +4,16 @@
 // complains.
 #pragma once
 
-#include <cstddef>
 #include <string_view>
 #include <vector>
 
+#include "jscript/Token.h"
+
 namespace quillon::jscript {
 
-enum class TokenKind { Word, Number, Text, Expression, Mark };
-
-// A view of the script; blanks and comments lie between tokens.
-struct Token {
-    TokenKind kind;
-    std::string_view text;
-    std::size_t offset;
-};
-
-// Words behind which an operand begins, a regular expression or a bracket, although words are values
-// otherwise.
-bool IsOperatorWord(std::string_view word);
-
 std::vector<Token> Tokenize(std::string_view script);
+
+// How many bytes of a line end lie at `at`; 0: it is none.
+std::size_t LineEndAt(std::string_view script, std::size_t at);
 
 } // namespace quillon::jscript

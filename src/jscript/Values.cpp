@@ -13,26 +13,16 @@
 
 namespace quillon::jscript {
 
-// --- failures on their way into the script ---
-
-void Engine::ThrowShielded(duk_context* context) {
-    // The frame of the function that fails goes now: a script that catches the error does not end the entry.
-    CloseFrame();
-    m_scratch.clear();
-    AppendCesu8(m_scratch, m_failure->description());
-    Throw(context, m_failure->number(), m_scratch.c_str());
-}
-
-void Engine::Throw(duk_context* context, std::int32_t number, const char* description) {
-    ThrowNumbered(context, number, description);
-}
-
 // --- to the script ---
 
 void Engine::PushText(duk_context* context, std::string_view text) {
-    m_scratch.clear();
-    AppendCesu8(m_scratch, text);
-    duk_push_lstring(context, m_scratch.data(), m_scratch.size());
+    if (text.find_first_of("\xF0\xF1\xF2\xF3\xF4") == std::string_view::npos) {
+        duk_push_lstring(context, text.data(), text.size());
+        return;
+    }
+    std::string encoded;
+    AppendCesu8(encoded, text);
+    duk_push_lstring(context, encoded.data(), encoded.size());
 }
 
 void Engine::PushValue(duk_context* context, const Value& value) {
@@ -92,76 +82,79 @@ void Engine::PushObject(duk_context* context, const ObjectRef& object) {
         return;
     }
     std::unique_ptr<Wrapped>& held = m_wrapped[object.get()];
-    if (held == nullptr) {
-        held = std::make_unique<Wrapped>();
-        held->object = object;
-    }
-    Wrapped& wrapped = *held;
-    if (wrapped.target == nullptr)
-        WrapNew(context, wrapped);
+    if (held == nullptr)
+        held = std::make_unique<Wrapped>(Wrapped{object});
+    if (held->proxy != nullptr)
+        duk_push_heapptr(context, held->proxy);
     else
-        duk_push_heapptr(context, wrapped.proxy);
+        PushNewProxy(context, *held);
 }
 
-void Engine::WrapNew(duk_context* context, Wrapped& wrapped) {
-    PushProxyPair(context, wrapped);
-    wrapped.target = duk_get_heapptr(context, -2);
-    wrapped.proxy = duk_get_heapptr(context, -1);
-    m_byProxy[wrapped.proxy] = &wrapped;
-    duk_remove(context, -2);
+Wrapped* Engine::WrappedAt(duk_context* context, duk_idx_t index) noexcept {
+    void* const block = duk_is_object(context, index) != 0 ? duk_get_heapptr(context, index) : nullptr;
+    return block == nullptr ? nullptr : static_cast<Wrapped*>(Memory::TagOf(block));
 }
 
-Wrapped* Engine::WrappedByProxy(void* proxy) noexcept {
-    const auto found = m_byProxy.find(proxy);
-    return found == m_byProxy.end() ? nullptr : found->second;
-}
-
-void Engine::Forget(Wrapped* wrapped) noexcept {
-    m_byProxy.erase(wrapped->proxy);
-    const auto found = m_wrapped.find(wrapped->object.get());
-    if (found == m_wrapped.end() || found->second.get() != wrapped)
+void Engine::ForgetBlock(void* memory) noexcept {
+    auto* const wrapped = static_cast<Wrapped*>(Memory::TagOf(memory));
+    (memory == wrapped->proxy ? wrapped->proxy : wrapped->target) = nullptr;
+    if (wrapped->proxy != nullptr || wrapped->target != nullptr)
         return;
-    m_releasedObjects.push_back(std::move(wrapped->object));
+    const auto found = m_wrapped.find(wrapped->object.get());
+    m_dropped.push_back(std::move(wrapped->object));
     m_wrapped.erase(found);
 }
 
 // --- from the script ---
 
-void Engine::ReadArguments(duk_context* context, Frame& frame) {
+std::vector<Value> Engine::ReadArguments(duk_context* context) {
+    std::vector<Value> arguments;
     const duk_idx_t count = duk_get_top(context);
-    frame.values.resize(static_cast<std::size_t>(count));
+    arguments.reserve(static_cast<std::size_t>(count) + 1);
     for (duk_idx_t i = 0; i < count; ++i)
-        ReadValue(context, i, frame.values[static_cast<std::size_t>(i)]);
+        arguments.push_back(ReadValue(context, i));
+    return arguments;
 }
 
-void Engine::ReadValue(duk_context* context, duk_idx_t index, Value& value) {
+std::vector<Value> Engine::ReadList(duk_context* context, duk_idx_t index) {
+    index = duk_normalize_index(context, index);
+    std::vector<Value> elements;
+    const auto count = static_cast<duk_uarridx_t>(duk_get_length(context, index));
+    for (duk_uarridx_t i = 0; i < count; ++i) {
+        duk_get_prop_index(context, index, i);
+        elements.push_back(ReadValue(context, -1));
+        duk_pop(context);
+    }
+    return elements;
+}
+
+Value Engine::ReadValue(duk_context* context, duk_idx_t index) {
     switch (duk_get_type(context, index)) {
-    case DUK_TYPE_NULL: value = NullValue{}; break;
-    case DUK_TYPE_BOOLEAN: value = duk_get_boolean(context, index) != 0; break;
+    case DUK_TYPE_NULL: return NullValue{};
+    case DUK_TYPE_BOOLEAN: return duk_get_boolean(context, index) != 0;
     case DUK_TYPE_NUMBER: {
         const double number = duk_get_number(context, index);
         const bool whole = number >= std::numeric_limits<std::int32_t>::min() &&
                            number <= std::numeric_limits<std::int32_t>::max() && std::trunc(number) == number;
-        value = whole ? Value(static_cast<std::int32_t>(number)) : Value(number);
-        break;
+        return whole ? Value(static_cast<std::int32_t>(number)) : Value(number);
     }
     case DUK_TYPE_STRING: {
         duk_size_t length = 0;
         const char* const text = duk_get_lstring(context, index, &length);
-        value = duk_is_symbol(context, index) ? Value() : Value(Utf8FromCesu8({text, length}));
-        break;
+        return duk_is_symbol(context, index) ? Value() : Value(Utf8FromCesu8({text, length}));
     }
-    case DUK_TYPE_OBJECT: ReadObject(context, index, value); break;
-    default: value = Value(); break;
+    case DUK_TYPE_OBJECT: return ReadObject(context, duk_normalize_index(context, index));
+    default: return {};
     }
 }
 
-void Engine::ReadObject(duk_context* context, duk_idx_t index, Value& value) {
-    index = duk_normalize_index(context, index);
-    if (const Wrapped* const wrapped = WrappedByProxy(duk_get_heapptr(context, index)))
-        value = wrapped->object;
-    else if (!ReadArray(context, index, value) && !ReadDate(context, index, value))
-        ReadScripted(context, index, value);
+Value Engine::ReadObject(duk_context* context, duk_idx_t index) {
+    if (const Wrapped* const wrapped = WrappedAt(context, index))
+        return wrapped->object;
+    Value value;
+    if (ReadArray(context, index, value) || ReadDate(context, index, value))
+        return value;
+    return ReadScripted(context, index);
 }
 
 bool Engine::ReadArray(duk_context* context, duk_idx_t index, Value& value) {
@@ -172,27 +165,13 @@ bool Engine::ReadArray(duk_context* context, duk_idx_t index, Value& value) {
     duk_pop(context);
     if (!isArray)
         return false;
-    // The elements are gathered in a frame, since reading one may fail.
-    Frame& frame = OpenFrame();
-    duk_get_prop_string(context, index, "$elements");
-    const auto count = static_cast<duk_uarridx_t>(duk_get_length(context, -1));
-    frame.values.resize(count);
-    for (duk_uarridx_t i = 0; i < count; ++i) {
-        duk_get_prop_index(context, -1, i);
-        ReadValue(context, -1, frame.values[i]);
-        duk_pop(context);
-    }
-    duk_get_prop_string(context, index, "$bounds");
     const auto array = std::make_shared<ArrayValue>();
-    const auto dimensions = static_cast<duk_uarridx_t>(duk_get_length(context, -1));
-    for (duk_uarridx_t i = 0; i < dimensions; ++i) {
-        duk_get_prop_index(context, -1, i);
-        array->upperBounds.push_back(duk_get_int(context, -1));
-        duk_pop(context);
-    }
+    duk_get_prop_string(context, index, "$elements");
+    array->elements = ReadList(context, -1);
+    duk_get_prop_string(context, index, "$bounds");
+    for (const Value& bound : ReadList(context, -1))
+        array->upperBounds.push_back(bound.As<std::int32_t>());
     duk_pop_2(context);
-    array->elements = std::move(frame.values);
-    CloseFrame();
     value = Value(std::shared_ptr<const ArrayValue>(array));
     return true;
 }
@@ -201,9 +180,9 @@ bool Engine::ReadDate(duk_context* context, duk_idx_t index, Value& value) {
     PushPreludeFunction(context, "dateParts");
     duk_dup(context, index);
     duk_call(context, 1);
+    std::array<int, 6> parts{};
     const bool isDate = duk_is_array(context, -1) != 0;
-    int parts[6] = {};
-    for (duk_uarridx_t i = 0; isDate && i < 6; ++i) {
+    for (duk_uarridx_t i = 0; isDate && i < parts.size(); ++i) {
         duk_get_prop_index(context, -1, i);
         parts[i] = duk_get_int(context, -1);
         duk_pop(context);
@@ -211,20 +190,18 @@ bool Engine::ReadDate(duk_context* context, duk_idx_t index, Value& value) {
     duk_pop(context);
     if (!isDate)
         return false;
-    // Years that a date value does not reach keep the object as it is.
-    return Shielded(
-        [&] { value = conversion::DateOf(parts[0], parts[1] + 1, parts[2], parts[3], parts[4], parts[5]); });
+    try {
+        value = conversion::DateOf(parts[0], parts[1] + 1, parts[2], parts[3], parts[4], parts[5]);
+    } catch (const Failure&) {
+        return false; // years that a date value does not reach keep the object as it is
+    }
+    return true;
 }
 
-void Engine::ReadScripted(duk_context* context, duk_idx_t index, Value& value) {
+Value Engine::ReadScripted(duk_context* context, duk_idx_t index) {
     const std::uint32_t reference = m_nextReference++;
     ScriptedObject::Keep(context, index, reference);
-    value = ObjectRef(new ScriptedObject(Link(), reference));
-}
-
-void Engine::DropReferences(Engine& engine, duk_context* context, void*) {
-    for (const std::uint32_t reference : engine.m_releasedReferences)
-        ScriptedObject::Drop(context, reference);
+    return ObjectRef(new ScriptedObject(Link(), reference));
 }
 
 } // namespace quillon::jscript

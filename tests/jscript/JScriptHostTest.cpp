@@ -428,7 +428,7 @@ TEST_F(JScriptHostTest, RecursionThroughTheHostEnds) {
 TEST_F(JScriptHostTest, ScriptsReachNothingOutside) {
     for (const char* name : {"Duktape", "require", "process", "print", "alert", "WScript", "load"})
         EXPECT_EQ(Evaluate(std::string("typeof ") + name), "undefined") << name;
-    EXPECT_EQ(Evaluate("$poll = 1; typeof $poll"), "function");
+    EXPECT_EQ(Evaluate("$called = 1; typeof $called"), "function");
 }
 
 TEST_F(JScriptHostTest, ObjectsLiveAsLongAsScriptsHoldThem) {
