@@ -11,7 +11,8 @@ namespace {
 enum class Verdict { Compiles, EndsTooEarly, Rejected };
 
 Verdict VerdictOn(duk_context* context, std::string_view text, duk_uint_t flags) {
-    Engine::Of(context).PushText(context, text);
+    // With a blank behind it the last token does not look like the end of the text.
+    Engine::Of(context).PushText(context, std::string(text) + ' ');
     duk_push_string(context, "");
     const bool compiles = duk_pcompile(context, flags) == 0;
     const std::string_view complaint = compiles ? "" : duk_safe_to_string(context, -1);
