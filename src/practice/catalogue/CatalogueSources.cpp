@@ -1,6 +1,7 @@
 // The SQL functions behind the system views: lists of logins, sessions and messages as JSON, which SQLite
 // takes apart, and the number of rows of a table.
 #include "practice/catalogue/CatalogueViews.h"
+#include "practice/storage/Catalogue.h"
 #include "practice/values/Convert.h"
 #include "practice/values/SqlError.h"
 #include "practice/values/StorageForm.h"
@@ -81,6 +82,15 @@ void UnhexBytes(sqlite3_context* context, int, sqlite3_value** values) {
     ResultDatum(context, bytes, bytes.Type());
 }
 
+// Whether an expression speaks of a column.
+void Mentions(sqlite3_context* context, int, sqlite3_value** values) {
+    const auto text = [&](int index) {
+        const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(values[index]));
+        return bytes == nullptr ? std::string() : std::string(bytes);
+    };
+    sqlite3_result_int(context, MentionsName(text(0), text(1)));
+}
+
 // Rows of a user table, which lies under its number; 0 for what has no rows of its own.
 void RowCount(sqlite3_context* context, int, sqlite3_value** values) {
     const std::string sql = "SELECT count(*) FROM main.t" + std::to_string(sqlite3_value_int64(values[0]));
@@ -108,6 +118,7 @@ void RegisterCatalogueSources(sqlite3* connection, const CatalogueSources& sourc
     add("quillon_messages", 0, Messages);
     add("quillon_server_name", 0, ServerName);
     add("unhex_bytes", 1, UnhexBytes);
+    add("quillon_mentions", 2, Mentions);
     add("quillon_row_count", 1, RowCount);
 }
 

@@ -22,6 +22,21 @@ std::string FoldName(std::string_view name) {
     return folded;
 }
 
+bool MentionsName(std::string_view text, std::string_view name) {
+    const std::string folded = FoldName(text);
+    const std::string wanted = FoldName(name);
+    const auto isPart = [](char c) {
+        return c == '_' || c == '@' || c == '#' || c == '$' || (c >= '0' && c <= '9') ||
+               (c >= 'a' && c <= 'z');
+    };
+    for (std::size_t at = folded.find(wanted); at != std::string::npos; at = folded.find(wanted, at + 1)) {
+        const std::size_t end = at + wanted.size();
+        if ((at == 0 || !isPart(folded[at - 1])) && (end == folded.size() || !isPart(folded[end])))
+            return true;
+    }
+    return false;
+}
+
 bool SameName(std::string_view left, std::string_view right) {
     if (left == right)
         return true;

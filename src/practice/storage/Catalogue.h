@@ -16,6 +16,8 @@ namespace quillon::practice {
 
 // A name as a key of maps: equal for names that differ in case alone.
 std::string FoldName(std::string_view name);
+// Whether the text of an expression holds the name as a word; what it means there is not looked at.
+bool MentionsName(std::string_view text, std::string_view name);
 bool SameName(std::string_view left, std::string_view right);
 
 struct NamedObject {

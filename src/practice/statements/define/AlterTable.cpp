@@ -82,7 +82,7 @@ void AlterColumn(Engine& engine, const tsql::AlterTableStatement& statement,
         changed.nullable = engine.context.Options().ansiNullDefault;
     const bool wider = SameStorage(old->type, changed.type) && old->type.collation == changed.type.collation;
     if (!wider)
-        RequireFreeColumn(engine, *before, *old, "ALTER TABLE ALTER COLUMN");
+        RequireFreeColumn(engine, *before, *old, "ALTER TABLE ALTER COLUMN", old->type.id == changed.type.id);
     RequireConversion(old->type, changed.type, false);
     *std::find_if(after->columns.begin(), after->columns.end(),
                   [&](const Column& one) { return one.id == old->id; }) = changed;

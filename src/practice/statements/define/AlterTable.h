@@ -16,9 +16,8 @@ void RebuildStorage(Engine& engine, const Table& before, const Table& after,
 // 547 when rows that exist break the constraint.
 void CheckExisting(Engine& engine, const std::shared_ptr<const Table>& table, ObjectId constraint);
 // 5074 and 4922 when something hangs on the column.
-void RequireFreeColumn(Engine& engine, const Table& table, const Column& column, const char* action);
-// Whether the text of an expression holds the name as a word; what it means there is not looked at.
-bool MentionsName(const std::string& text, const std::string& name);
+void RequireFreeColumn(Engine& engine, const Table& table, const Column& column, const char* action,
+                       bool keepsType = false);
 void DropConstraint(Engine& engine, Table& table, const std::string& name);
 
 } // namespace quillon::practice

@@ -113,9 +113,10 @@ void CheckRows(Engine& engine, const std::shared_ptr<const Table>& table, const 
                    0);
 }
 
-// What hangs on a column, as messages call it; empty when nothing does.
-std::pair<std::string, std::string> DependentOf(const Table& table, const Column& column) {
-    if (const DefaultConstraint* value = table.DefaultOf(column.id))
+// What hangs on a column, as messages call it; empty when nothing does. A default only minds a change of the
+// type itself, a check any but that of a varying length.
+std::pair<std::string, std::string> DependentOf(const Table& table, const Column& column, bool keepsType) {
+    if (const DefaultConstraint* value = table.DefaultOf(column.id); value != nullptr && !keepsType)
         return {"object", value->name};
     for (const Index& index : table.indexes) {
         const bool key = std::any_of(index.keys.begin(), index.keys.end(),
@@ -128,13 +129,11 @@ std::pair<std::string, std::string> DependentOf(const Table& table, const Column
     for (const ForeignKey& key : table.foreignKeys)
         if (std::find(key.columns.begin(), key.columns.end(), column.id) != key.columns.end())
             return {"object", key.name};
-    for (const CheckConstraint& check : table.checks)
-        if (check.columnId == column.id)
-            return {"object", check.name};
     const auto mentions = [&](const std::string& text) { return MentionsName(text, column.name); };
-    for (const CheckConstraint& check : table.checks)
-        if (mentions(check.text))
-            return {"object", check.name};
+    if (!keepsType || column.type.IsFixedLength())
+        for (const CheckConstraint& check : table.checks)
+            if (check.columnId == column.id || mentions(check.text))
+                return {"object", check.name};
     for (const Column& other : table.columns)
         if (other.IsComputed() && mentions(other.computed))
             return {"column", other.name};
@@ -142,21 +141,6 @@ std::pair<std::string, std::string> DependentOf(const Table& table, const Column
 }
 
 } // namespace
-
-bool MentionsName(const std::string& text, const std::string& name) {
-    const std::string folded = FoldName(text);
-    const std::string wanted = FoldName(name);
-    const auto isPart = [](char c) {
-        return c == '_' || c == '@' || c == '#' || c == '$' || (c >= '0' && c <= '9') ||
-               (c >= 'a' && c <= 'z');
-    };
-    for (std::size_t at = folded.find(wanted); at != std::string::npos; at = folded.find(wanted, at + 1)) {
-        const std::size_t end = at + wanted.size();
-        if ((at == 0 || !isPart(folded[at - 1])) && (end == folded.size() || !isPart(folded[end])))
-            return true;
-    }
-    return false;
-}
 
 void CheckExisting(Engine& engine, const std::shared_ptr<const Table>& table, ObjectId constraint) {
     for (const CheckConstraint& check : table->checks)
@@ -167,8 +151,9 @@ void CheckExisting(Engine& engine, const std::shared_ptr<const Table>& table, Ob
             CheckRows(engine, table, key);
 }
 
-void RequireFreeColumn(Engine& engine, const Table& table, const Column& column, const char* action) {
-    auto [kind, name] = DependentOf(table, column);
+void RequireFreeColumn(Engine& engine, const Table& table, const Column& column, const char* action,
+                       bool keepsType) {
+    auto [kind, name] = DependentOf(table, column, keepsType);
     if (name.empty())
         for (const ObjectId other : table.referencedBy)
             if (const auto child = engine.store.View()->FindTable(other))

@@ -3,6 +3,7 @@
 
 #include "practice/statements/define/AlterTable.h"
 #include "practice/storage/SystemDatabases.h"
+#include "practice/tsql/ExpressionText.h"
 #include "practice/values/SqlError.h"
 
 namespace quillon::practice {
@@ -19,45 +20,14 @@ std::string Hex(ObjectId id) {
     return text;
 }
 
-bool IsNumber(const std::string& text) {
-    const std::size_t start = text.find_first_of("0123456789.");
-    return start != std::string::npos && text.find_first_not_of("+- ") == start &&
-           text.find_first_not_of("0123456789.eE+-", start) == std::string::npos;
-}
-
-bool IsBracketed(const std::string& text) {
-    if (text.size() < 2 || text.front() != '(' || text.back() != ')')
-        return false;
-    int depth = 0;
-    char quote = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char c = text[i];
-        if (quote != 0)
-            quote = c == quote ? '\0' : quote;
-        else if (c == '\'' || c == '"')
-            quote = c;
-        else if (c == '(')
-            ++depth;
-        else if (c == ')' && --depth == 0 && i + 1 < text.size())
-            return false;
-    }
-    return true;
-}
-
 ReferenceAction ActionOf(tsql::ReferentialAction action) {
     return static_cast<ReferenceAction>(action);
 }
 
 } // namespace
 
-// As the catalogue keeps and shows an expression: in brackets, a number in two pairs of them.
-std::string KeptExpression(std::string text) {
-    std::string bare = text;
-    while (IsBracketed(bare))
-        bare = bare.substr(1, bare.size() - 2);
-    if (IsNumber(bare))
-        return "((" + bare + "))";
-    return IsBracketed(text) ? text : "(" + text + ")";
+std::string KeptExpression(const tsql::Expression& expression, std::string_view source) {
+    return "(" + tsql::ExpressionText(expression).value_or(std::string(source)) + ")";
 }
 
 TableBuilder::TableBuilder(Engine& engine, Table& table)
@@ -105,7 +75,7 @@ Column TableBuilder::MakeColumn(const tsql::ColumnDefinition& definition, int id
     column.rowGuid = definition.rowGuid;
     Translator translator(m_engine);
     if (definition.computed) {
-        column.computed = KeptExpression(TextOf(definition.computedText));
+        column.computed = KeptExpression(*definition.computed, TextOf(definition.computedText));
         column.persisted = definition.persisted;
         column.stored = definition.persisted;
         return column;
@@ -333,7 +303,7 @@ void TableBuilder::AddCheck(const tsql::ConstraintDefinition& definition, Column
     check.id = m_engine.store.Shared().NextObjectId();
     check.systemNamed = definition.name.empty();
     check.name = ConstraintName(definition, "CK", of == nullptr ? "" : of->name, check.id);
-    check.text = KeptExpression(TextOf(definition.expressionText));
+    check.text = KeptExpression(*definition.expression, TextOf(definition.expressionText));
     // It must bind now: 207 and its like belong to the definition.
     Translator translator(m_engine);
     Scope scope;
@@ -359,7 +329,7 @@ void TableBuilder::AddDefault(const tsql::ConstraintDefinition& definition, Colu
     value.systemNamed = definition.name.empty();
     value.name = ConstraintName(definition, "DF", column.name, value.id);
     value.columnId = column.id;
-    value.text = KeptExpression(TextOf(definition.expressionText));
+    value.text = KeptExpression(*definition.expression, TextOf(definition.expressionText));
     Translator translator(m_engine);
     translator.AssignTo(translator.Value(*definition.expression, nullptr), column, m_table.name);
     m_table.defaults.push_back(std::move(value));
@@ -389,7 +359,7 @@ Index& TableBuilder::AddIndex(const tsql::IndexDefinition& definition) {
     for (const std::string& name : definition.included)
         index.included.push_back(RequireColumn(name, 1911).id);
     if (definition.filter)
-        index.filter = KeptExpression(TextOf(definition.filterText));
+        index.filter = KeptExpression(*definition.filter, TextOf(definition.filterText));
     for (const tsql::OptionSetting& option : definition.options) {
         if (option.name == "IGNORE_DUP_KEY")
             index.ignoreDuplicates = UpperCase(option.value) == "ON";

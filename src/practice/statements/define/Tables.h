@@ -22,8 +22,9 @@ std::string TwoPartName(Engine& engine, const SchemaObject& object);
 // A copy to be changed, with a new modification date and version.
 std::shared_ptr<Table> CopyOf(Engine& engine, const Table& table);
 
-// As the catalogue keeps and shows an expression: in brackets, a number in two pairs of them.
-std::string KeptExpression(std::string text);
+// As the catalogue keeps and shows an expression: in its common form, else as it stands in the source, in
+// brackets.
+std::string KeptExpression(const tsql::Expression& expression, std::string_view source);
 
 // Builds definitions from their tree.
 class TableBuilder {

@@ -109,19 +109,20 @@ Translator::Item Translator::ValueItem(const tsql::SelectItem& item, const Scope
         one.output.readOnly = column.readOnly;
         one.output.tableName = column.tableName;
         one.output.baseColumn = column.baseColumn;
-        if (item.alias.empty())
+        if (one.output.name.empty())
             one.output.name = column.name;
     };
+    if (item.expression->kind == tsql::ExpressionKind::Column) {
+        // The heading has the letters of the query, not those of the table.
+        const auto& name = tsql::As<tsql::ColumnReference>(*item.expression).name;
+        if (item.alias.empty())
+            one.output.name = name.Last();
+        const std::vector<ColumnUse> found = FindColumns(scope, name);
+        if (scope.looseColumns.size() == before && found.size() == 1)
+            addFrom(*found.front().column);
+    }
     if (scope.looseColumns.size() > before)
         addFrom(*scope.looseColumns.back().column);
-    else if (item.expression->kind == tsql::ExpressionKind::Column) {
-        const auto& name = tsql::As<tsql::ColumnReference>(*item.expression).name;
-        const std::vector<ColumnUse> found = FindColumns(scope, name);
-        if (found.size() == 1)
-            addFrom(*found.front().column);
-        else if (item.alias.empty())
-            one.output.name = name.Last();
-    }
     return one;
 }
 
