@@ -169,13 +169,26 @@ bool RenameConstraint(NativeHost& host, const std::string& name, const std::stri
     return true;
 }
 
+// The table one of whose columns or indexes the name means.
+std::shared_ptr<const Table> TableOfMember(NativeHost& host, const std::string& name) {
+    const Target target = FindTarget(host, name, true);
+    auto table = std::dynamic_pointer_cast<const Table>(target.object);
+    if (table && table->FindColumn(target.member) == nullptr && table->FindIndex(target.member) == nullptr)
+        return nullptr;
+    return table;
+}
+
 int RenameObject(NativeHost& host, const std::string& name, const std::string& newName,
                  const std::string& type) {
     const Target target = FindTarget(host, name, false);
     if (!target.object) {
         if (RenameConstraint(host, name, newName))
             return 0;
-        NoSuchItem(host, name, type);
+        const auto table = type.empty() ? TableOfMember(host, name) : nullptr;
+        if (!table)
+            NoSuchItem(host, name, type);
+        return table->FindColumn(SplitName(name)->back()) != nullptr ? RenameColumn(host, name, newName)
+                                                                     : RenameIndex(host, name, newName);
     }
     if (!SameName(target.object->name, newName))
         RequireFree(host, target.object->schema, newName);
