@@ -65,7 +65,7 @@ TEST(Parser, ReportsWhereATextIsWrong) {
         {u"a = 1\rb = 2 c", numbers::ExpectedEndOfStatement, 2, 6},
         {u"a = 1 _\n + * 2", numbers::ExpectedExpression, 2, 3},
         {u"Sub S\nSub T\nEnd Sub\nEnd Sub", numbers::SyntaxError, 2, 0},
-        {u"For i = 1 To 3\nWend", numbers::SyntaxError, 2, 0},
+        {u"For i = 1 To 3\nWend", numbers::ExpectedStatement, 2, 0},
         {u"Function\n", numbers::ExpectedIdentifier, 1, 8},
         {u"Do\nEnd If", numbers::ExpectedLoop, 2, 0},
     };

@@ -74,13 +74,14 @@ Variant MonthName(BuiltinContext&, Arguments arguments) {
 
 // Years 0 to 29 are those from 2000, 30 to 99 those from 1930.
 Variant DateSerial(BuiltinContext&, Arguments arguments) {
-    const int year = ToLong(arguments[0]), month = ToLong(arguments[1]), day = ToLong(arguments[2]);
+    const int year = ToInteger(arguments[0]), month = ToInteger(arguments[1]), day = ToInteger(arguments[2]);
     const int century = year < 0 || year > 99 ? 0 : year < 30 ? 2000 : 1900;
     return conversion::DateOf(year + century, month, day);
 }
 
 Variant TimeSerial(BuiltinContext&, Arguments arguments) {
-    const int hour = ToLong(arguments[0]), minute = ToLong(arguments[1]), second = ToLong(arguments[2]);
+    const int hour = ToInteger(arguments[0]), minute = ToInteger(arguments[1]),
+              second = ToInteger(arguments[2]);
     return conversion::DateOf(1899, 12, 30, hour, minute, second);
 }
 

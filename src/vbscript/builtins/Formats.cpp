@@ -149,7 +149,7 @@ Variant FormatPercent(BuiltinContext&, Arguments arguments) {
     const NumberForm form = FormOf(arguments, false);
     Signed number = SignedDigits(Formattable(arguments[0]));
     number.digits.point += 2;
-    return Text::FromAscii(WithSign(Magnitude(number.digits, form), number.negative, form.parentheses) + "%");
+    return Text::FromAscii(WithSign(Magnitude(number.digits, form) + "%", number.negative, form.parentheses));
 }
 
 Text LongDate(DateValue date) {

@@ -30,6 +30,8 @@ int CompareTextWith(const Variant& text, const Variant& other, bool textIsLitera
         throw Failure(numbers::TypeMismatch);
     if (otherIsLiteral && other.kind() == Kind::Boolean)
         return CompareBinary(text.View(), ToText(other).View());
+    if (otherIsLiteral && other.kind() == Kind::Date)
+        return Order(ToDate(text).days, other.Real());
     if (otherIsLiteral)
         return Order(ToDouble(text), ToDouble(other));
     if (textIsLiteral)

@@ -51,6 +51,29 @@ void StatementParser::ParseDim(std::vector<Declaration>& into, bool isPublic) {
     } while (Take(TokenKind::Comma));
 }
 
+// A literal; before a number there may be any signs.
+const LiteralExpression* StatementParser::ParseConstantValue() {
+    bool isSigned = false, negative = false;
+    for (; Is(TokenKind::Minus) || Is(TokenKind::Plus); Skip()) {
+        isSigned = true;
+        negative = negative != Is(TokenKind::Minus);
+    }
+    const LiteralExpression* literal = ParseLiteral();
+    const bool isNumber = literal != nullptr && literal->literal >= LiteralKind::Integer &&
+                          literal->literal <= LiteralKind::Double;
+    if (literal == nullptr || (isSigned && !isNumber))
+        Fail(numbers::ExpectedLiteral);
+    if (!negative)
+        return literal;
+    LiteralExpression node = *literal;
+    node.number = -node.number;
+    if (node.literal == LiteralKind::Integer && node.number > INT16_MAX) // of &H8000
+        node.literal = LiteralKind::Long;
+    if (node.literal == LiteralKind::Long && node.number > INT32_MAX)
+        node.literal = LiteralKind::Double;
+    return Make(node);
+}
+
 void StatementParser::ParseConst() {
     Skip();
     do {
@@ -61,21 +84,9 @@ void StatementParser::ParseConst() {
         int brackets = 0;
         while (Take(TokenKind::OpenBracket))
             ++brackets;
-        const bool negative = Is(TokenKind::Minus);
-        if (negative || Is(TokenKind::Plus))
-            Skip();
-        const LiteralExpression* literal = ParseLiteral();
-        if (literal == nullptr ||
-            (negative && (literal->literal < LiteralKind::Integer || literal->literal > LiteralKind::Double)))
-            Fail(numbers::ExpectedLiteral);
-        if (negative) {
-            LiteralExpression node = *literal;
-            node.number = -node.number;
-            literal = Make(node);
-        }
+        constant.value = ParseConstantValue();
         for (; brackets > 0; --brackets)
             Expect(TokenKind::CloseBracket, numbers::ExpectedCloseBracket);
-        constant.value = literal;
         Declare(constant.name, constant.place);
         m_scope->constants.push_back(constant);
     } while (Take(TokenKind::Comma));

@@ -68,7 +68,7 @@ Statement* StatementParser::ParseStatement() {
         return statement;
     }
     if (!Is(TokenKind::Name))
-        Fail(Is(TokenKind::Integer) ? numbers::ExpectedStatement : numbers::SyntaxError);
+        Fail(numbers::ExpectedStatement);
     return ParseKeywordStatement();
 }
 
@@ -79,7 +79,6 @@ Statement* StatementParser::ParseKeywordStatement() {
     case Keyword::Const: ParseConst(); break;
     case Keyword::Call: statement = ParseCall(); break;
     case Keyword::Set: statement = ParseSet(); break;
-    case Keyword::Let: Fail(numbers::SyntaxError);
     case Keyword::ReDim: statement = ParseReDim(); break;
     case Keyword::Erase: statement = ParseErase(); break;
     case Keyword::If: return ParseIf();
@@ -96,7 +95,12 @@ Statement* StatementParser::ParseKeywordStatement() {
         break;
     case Keyword::Loop: Fail(numbers::LoopWithoutDo);
     case Keyword::Next: Fail(numbers::UnexpectedNext);
-    default: Fail(numbers::SyntaxError);
+    case Keyword::Sub: // these stand at the top of a module only
+    case Keyword::Function:
+    case Keyword::Class:
+    case Keyword::Public:
+    case Keyword::Private: Fail(numbers::SyntaxError);
+    default: Fail(numbers::ExpectedStatement);
     }
     EndStatement();
     return statement;

@@ -26,6 +26,7 @@ class StatementParser : protected ExpressionParser {
     // --- declarations that stand among statements (DeclarationParser.cpp) ---
     void ParseDim(std::vector<Declaration>& into, bool isPublic);
     void ParseConst();
+    const LiteralExpression* ParseConstantValue();
     void Declare(NameId name, Place place); // raises 1041 for a second declaration in the scope
     // Declarations outside procedures: procedures, Public, Private, and classes where `isTopLevel`, not
     // within a block; false if none is here.

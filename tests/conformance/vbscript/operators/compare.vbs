@@ -8,6 +8,8 @@ Say "a" < "b", "B" < "a", "a" = "A", "abc" < "abd" '= True True False True
 Say e = 0, e = "", u = e '= True True True
 Say TypeName(Null = 1), TypeName(Null = Null) '= Null Null
 Say #1/1/2000# < #1/2/2000#, #1/1/2000# = 36526 '= True True
+s = "1/1/2000"
+Say s = #1/1/2000#, "1/2/2000" > #1/1/2000# '= True True
 Say Host Is Host, Host Is Nothing, Nothing Is Nothing '= True False True
 Say "a" & 1 = "a1" '= True
 On Error Resume Next

@@ -19,3 +19,4 @@ Say ErrorOf("DateSerial(10000, 1, 1)") '= 5
 Say ErrorOf("DateSerial(-10000, 1, 1)") '= 5
 Say ErrorOf("DateSerial(Null, 1, 1)") '= 94
 Say ErrorOf("DateSerial(2000, 1, Null)") '= 94
+Say ErrorOf("DateSerial(2003, 1, 32768)") '= 6

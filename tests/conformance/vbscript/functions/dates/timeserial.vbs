@@ -12,3 +12,4 @@ Say TimeSerial(0, 0, 0) '= 12:00:00 AM
 Say TimeSerial(25, 0, 0) '= 12/31/1899 1:00:00 AM
 Say TimeSerial(0, -1, 0) '= 12/29/1899 11:59:00 PM
 Say ErrorOf("TimeSerial(Null, 1, 1)") '= 94
+Say ErrorOf("TimeSerial(40000, 0, 0)") '= 6
