@@ -245,9 +245,11 @@ Scalar Translator::Operate(BinaryOperator op, Scalar left, Scalar right) {
                          });
         }
     }
-    const bool nullable = left.nullable || right.nullable;
     const CollationLabel label = std::max(left.label, right.label);
     const bool constants = left.constant && right.constant;
+    // A calculation that leaves its type's range may give NULL, as the session has it.
+    const bool calculates = result.IsNumber() && !constants;
+    const bool nullable = left.nullable || right.nullable || calculates;
     const bool joinsTexts = op == BinaryOperator::Add && left.type.IsCharacter() && right.type.IsCharacter();
     if (joinsTexts && !constants && LengthsAdd(left.type, right.type, result)) {
         Scalar joined;

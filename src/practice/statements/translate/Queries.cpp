@@ -1,6 +1,7 @@
 // SELECT and set operations.
 #include "practice/statements/translate/Translator.h"
 
+#include "practice/tsql/ExpressionText.h"
 #include "practice/values/SqlError.h"
 
 namespace quillon::practice {
@@ -34,6 +35,21 @@ class Depth {
   private:
     int& m_depth;
 };
+
+// Where the first SELECT of a set operation shows the expression in so many words, counted from 1; 0 for
+// nowhere, and where a star hides the places.
+int PlaceInFirst(const tsql::QueryBody& body, const tsql::Expression& expression) {
+    if (body.kind == tsql::QueryBodyKind::SetOperation)
+        return PlaceInFirst(*tsql::As<tsql::SetOperation>(body).left, expression);
+    const auto wanted = tsql::ExpressionText(expression);
+    if (body.kind != tsql::QueryBodyKind::Select || !wanted)
+        return 0;
+    const auto& items = tsql::As<tsql::SelectBody>(body).items;
+    for (std::size_t i = 0; i < items.size() && items[i].expression; ++i)
+        if (SameName(tsql::ExpressionText(*items[i].expression).value_or(""), *wanted))
+            return static_cast<int>(i) + 1;
+    return 0;
+}
 
 } // namespace
 
@@ -429,7 +445,9 @@ QuerySql Translator::SetOperation(const tsql::SetOperation& operation, const tsq
     }
     std::vector<std::string> terms;
     for (const tsql::OrderItem& item : whole->orderBy) {
-        const int ordinal = OrdinalOf(*item.expression, items);
+        int ordinal = OrdinalOf(*item.expression, items);
+        if (ordinal == 0)
+            ordinal = PlaceInFirst(*operation.left, *item.expression);
         if (ordinal == 0)
             throw SqlError(104);
         const auto index = static_cast<std::size_t>(ordinal) - 1;
