@@ -21,7 +21,10 @@ OptionSetting ParseDatabaseOption(ParseState& state) {
     }
     if (state.Peek().kind == TokenKind::Identifier && IsFlag(UpperWord(state.Value(state.Peek()))))
         return {TakeWord(state), {}};
-    return ParseSetting(state);
+    OptionSetting setting = ParseSetting(state);
+    if (setting.name == "TARGET_RECOVERY_TIME" && (state.Is("SECONDS") || state.Is("MINUTES")))
+        setting.value += " " + TakeWord(state);
+    return setting;
 }
 
 /// WITH ROLLBACK IMMEDIATE, WITH ROLLBACK AFTER n SECONDS, WITH NO_WAIT: nothing here waits for others.
