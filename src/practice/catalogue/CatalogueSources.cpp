@@ -54,7 +54,26 @@ void Sessions(sqlite3_context* context, int, sqlite3_value**) {
                             {"database", row.database},
                             {"process", row.hostProcessId},
                             {"login_time", StoredMoment(row.loginTime)},
+                            {"blocked", row.blockedBy},
                             {"transactions", row.openTransactions}});
+    Answer(context, list.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
+}
+
+void AllLocks(sqlite3_context* context, int, sqlite3_value**) {
+    static constexpr const char* types[] = {"FILE", "OBJECT", "APPLICATION"};
+    static constexpr const char* modes[] = {"IS", "S", "U", "IX", "X"};
+    nlohmann::json list = nlohmann::json::array();
+    if (SourcesOf(context).locks)
+        for (const LockRow& row : SourcesOf(context).locks())
+            list.push_back({{"session", row.session},
+                            {"type", types[static_cast<std::size_t>(row.lock.name.kind)]},
+                            {"mode", modes[static_cast<std::size_t>(row.lock.mode)]},
+                            {"status", row.granted ? "GRANT" : "WAIT"},
+                            {"owner", row.forSession ? "SESSION" : "TRANSACTION"},
+                            {"database", row.lock.name.database},
+                            {"object", row.lock.name.object},
+                            {"resource", row.lock.name.resource},
+                            {"count", row.count}});
     Answer(context, list.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
 }
 
@@ -115,6 +134,7 @@ void RegisterCatalogueSources(sqlite3* connection, const CatalogueSources& sourc
     };
     add("quillon_logins", 0, Logins);
     add("quillon_sessions", 0, Sessions);
+    add("quillon_locks", 0, AllLocks);
     add("quillon_messages", 0, Messages);
     add("quillon_server_name", 0, ServerName);
     add("unhex_bytes", 1, UnhexBytes);

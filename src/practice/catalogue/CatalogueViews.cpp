@@ -160,7 +160,7 @@ std::string Expand(const std::string& fragment) {
         return "CASE WHEN p.principal_id = 1 THEN x'01' WHEN p.sid <> x'' THEN p.sid ELSE (SELECT "
                "unhex_bytes(json_extract(value, '$.sid')) FROM json_each(quillon_logins()) WHERE "
                "json_extract(value, '$.name') = p.login COLLATE CI_AS) END";
-    if (key == "login" || key == "session")
+    if (key == "login" || key == "session" || key == "lock")
         return LoginPart(argument);
     return {};
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "practice/statements/SystemViews.h"
+#include "practice/storage/Locks.h"
 #include "practice/values/Moment.h"
 
 #include <functional>
@@ -32,12 +33,14 @@ struct SessionRow {
     int hostProcessId = 0;
     Moment loginTime;
     int openTransactions = 0;
+    int blockedBy = 0; // the session it waits for
 };
 
 // What the views need and only the server knows. Called on the thread that runs the query.
 struct CatalogueSources {
     std::function<std::vector<LoginRow>()> logins;
     std::function<std::vector<SessionRow>()> sessions;
+    std::function<std::vector<LockRow>()> locks;
     std::string serverName;
 };
 // To be done on every connection before a system view is read; `sources` must outlive the connection.

@@ -208,7 +208,7 @@ SELECT spid, ecid, status, loginame, hostname, blk = CONVERT(char(5), blocked), 
 )"},
     {"sp_who2", R"(CREATE PROCEDURE sys.sp_who2 @loginame sysname = NULL AS
 SET NOCOUNT ON
-SELECT SPID = CONVERT(char(5), spid), Status = status, Login = loginame, HostName = hostname, BlkBy = '  .',
+SELECT SPID = CONVERT(char(5), spid), Status = status, Login = loginame, HostName = hostname, BlkBy = CASE blocked WHEN 0 THEN '  .' ELSE CONVERT(char(5), blocked) END,
     DBName = DB_NAME(dbid), Command = cmd, CPUTime = cpu, DiskIO = physical_io,
     LastBatch = CONVERT(varchar(20), last_batch, 120), ProgramName = program_name, SPID2 = CONVERT(char(5), spid)
 FROM sysprocesses WHERE @loginame IS NULL OR loginame = @loginame ORDER BY spid

@@ -36,7 +36,7 @@ constexpr ViewDefinition rows[] = {
      "nchar(16), "
      "!nt_domain nchar(128), !nt_username nchar(128), !net_address nchar(12), !net_library nchar(12), "
      "!loginame nchar(128)",
-     "SELECT {session:id}, 0, 0, x'0000', 0, '', '', "
+     "SELECT {session:id}, 0, {session:blocked}, x'0000', 0, '', '', "
      "coalesce((SELECT d.database_id FROM q_database d WHERE d.name = {session:database}), 1), 1, 0, 0, 0, "
      "{session:login_time}, {session:login_time}, 0, {session:transactions}, {session:status}, x'01', "
      "{session:host}, "

@@ -1,5 +1,6 @@
 // What the procedures of the system do beneath Transact-SQL: renaming, the order of triggers, binding of
 // defaults and rules, what runs when the server starts.
+#include "practice/catalogue/LockProcedures.h"
 #include "practice/catalogue/SystemProcedures.h"
 #include "practice/functions/NameParts.h"
 #include "practice/values/Convert.h"
@@ -309,18 +310,23 @@ int SetStartup(NativeHost& host, std::span<const Datum> arguments) {
     return 0;
 }
 
-constexpr std::pair<std::string_view, NativeProcedure> natives[] = {
-    {"q_raise", Raise},   {"q_refuse", Refuse},
-    {"q_rename", Rename}, {"q_settriggerorder", SetTriggerOrder},
-    {"q_bind", Bind},     {"q_startup", SetStartup},
+constexpr Native natives[] = {
+    {"q_raise", Raise},
+    {"q_refuse", Refuse},
+    {"q_rename", Rename},
+    {"q_settriggerorder", SetTriggerOrder},
+    {"q_bind", Bind},
+    {"q_startup", SetStartup},
+    {"q_getapplock", TakeApplicationLock, false},
+    {"q_releaseapplock", ReleaseApplicationLock, false},
 };
 
 } // namespace
 
-NativeProcedure FindNativeProcedure(std::string_view name) {
+const Native* FindNativeProcedure(std::string_view name) {
     const auto* found = std::find_if(std::begin(natives), std::end(natives),
-                                     [&](const auto& row) { return SameName(row.first, name); });
-    return found == std::end(natives) ? nullptr : found->second;
+                                     [&](const Native& row) { return SameName(row.name, name); });
+    return found == std::end(natives) ? nullptr : found;
 }
 
 } // namespace quillon::practice

@@ -61,6 +61,16 @@ constexpr ViewDefinition rows[] = {
      "{session:status}, coalesce((SELECT d.database_id FROM q_database d WHERE d.name = {session:database}), "
      "1), "
      "{session:transactions}, 1, {session:login} FROM json_each(quillon_sessions())"},
+    {"sys", "dm_tran_locks",
+     "!resource_type nvarchar(60), !resource_subtype nvarchar(60), !resource_database_id int, "
+     "!resource_description nvarchar(256), resource_associated_entity_id bigint, !request_mode nvarchar(60), "
+     "!request_type nvarchar(60), !request_status nvarchar(60), !request_reference_count smallint, "
+     "!request_session_id int, !request_owner_type nvarchar(60)",
+     "SELECT {lock:type}, '', coalesce((SELECT o.database_id FROM q_object o WHERE o.object_id = "
+     "{lock:object}), nullif({lock:database}, 0), 1), CASE {lock:type} WHEN 'FILE' THEN '1' "
+     "WHEN 'APPLICATION' THEN '0:[' || substr({lock:resource}, 1, 32) || ']' ELSE '' END, {lock:object}, "
+     "{lock:mode}, 'LOCK', {lock:status}, {lock:count}, {lock:session}, {lock:owner} "
+     "FROM json_each(quillon_locks())"},
     {"sys", "database_files", fileColumns,
      "SELECT 1, NULL, 0, 'ROWS', 1, d.name, d.name || '.mdf', 0, 'ONLINE', 1024, -1, 1024, 0, 0, 0, 0 FROM "
      "q_database d "

@@ -1,5 +1,6 @@
 #include "practice/catalogue/SystemProcedures.h"
 
+#include "practice/catalogue/LockProcedures.h"
 #include "practice/catalogue/ProcedureTexts.h"
 
 namespace quillon::practice {
@@ -7,8 +8,8 @@ namespace quillon::practice {
 std::span<const SystemProcedure> AllSystemProcedures() {
     static const std::vector<SystemProcedure> all = [] {
         std::vector<SystemProcedure> list;
-        for (const auto part :
-             {DriverProcedures(), HelpProcedures(), SecurityProcedures(), ChangeProcedures()})
+        for (const auto part : {DriverProcedures(), HelpProcedures(), SecurityProcedures(),
+                                ChangeProcedures(), LockProcedures()})
             list.insert(list.end(), part.begin(), part.end());
         return list;
     }();

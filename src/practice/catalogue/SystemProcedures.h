@@ -28,7 +28,7 @@ std::span<const SystemProcedure> AllSystemProcedures();
 class NativeHost {
   public:
     virtual ~NativeHost() = default;
-    virtual StoreSession& Store() = 0; // the call runs inside of a statement that writes
+    virtual StoreSession& Store() = 0;
     virtual DatabaseId CurrentDatabase() = 0;
     virtual SchemaId DefaultSchema() = 0;
     // A message of severity 10 or below.
@@ -36,7 +36,12 @@ class NativeHost {
 };
 // Returns the return status; throws SqlError.
 using NativeProcedure = int (*)(NativeHost& host, std::span<const Datum> arguments);
-// By the name behind `sys.`: q_rename, q_settriggerorder, q_bind ...; nullptr when there is none.
-NativeProcedure FindNativeProcedure(std::string_view name);
+struct Native {
+    std::string_view name; // behind `sys.`: q_rename, q_settriggerorder, q_bind ...
+    NativeProcedure run;
+    bool writes = true; // it runs inside of a statement that writes
+};
+// nullptr when there is none.
+const Native* FindNativeProcedure(std::string_view name);
 
 } // namespace quillon::practice

@@ -30,14 +30,16 @@ class NativeCall : public NativeHost {
     SessionState& m_session;
 };
 
-int CallNative(SessionState& session, NativeProcedure procedure, const std::vector<CallArgument>& arguments) {
+int CallNative(SessionState& session, const Native& procedure, const std::vector<CallArgument>& arguments) {
     std::vector<Datum> values;
     for (const CallArgument& argument : arguments)
         values.push_back(argument.value);
     NativeCall host(session);
+    if (!procedure.writes)
+        return procedure.run(host, values);
     const StoreSession::StatementMark mark = session.store.BeginStatement(StoreSession::Writes::Data);
     try {
-        const int status = procedure(host, values);
+        const int status = procedure.run(host, values);
         session.store.EndStatement(mark);
         return status;
     } catch (...) {
@@ -182,8 +184,8 @@ int CallProcedure(SessionState& session, const tsql::Name& name, std::vector<Cal
         // Only the system's own procedures may reach what lies under them.
         const bool inside = session.Top().kind == FrameKind::Procedure && !session.Top().module;
         if (inside) {
-            if (const NativeProcedure native = FindNativeProcedure(name.Last()))
-                return CallNative(session, native, arguments);
+            if (const Native* native = FindNativeProcedure(name.Last()))
+                return CallNative(session, *native, arguments);
         }
     }
     const auto module = std::dynamic_pointer_cast<const Module>(session.Statements().FindObject(name));

@@ -280,6 +280,9 @@ void SessionOfRequests::Reset(bool keepTransaction, ResultSink& sink) {
     m_state.identity = Datum::Null(DecimalType(38, 0, TypeId::Numeric));
     m_state.isolation = "READ COMMITTED";
     m_state.store.SetLockTimeout(-1);
+    m_state.store.SetDeadlockPriority(0);
+    if (!keepTransaction)
+        m_state.store.UnlockAllApplication();
     SetLoginDefaults(m_state, m_state.facts.odbcDefaults);
     const auto account = m_state.server.accounts.Find(m_state.facts.login);
     const std::string home =

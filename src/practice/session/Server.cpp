@@ -45,6 +45,7 @@ class Server : public SqlServer {
         , m_parts{m_store, *options.accounts, "PRACTICE", {}} {
         m_parts.sources.logins = [this] { return Logins(); };
         m_parts.sources.sessions = [this] { return Sessions(); };
+        m_parts.sources.locks = [this] { return m_store.AllLocks().List(); };
         if (options.createSample && m_store.Committed()->FindDatabase(sampleDatabaseName) == nullptr)
             MakeSample();
         m_startup = std::make_unique<StartupProcedures>(*this, *m_store.Committed(), options.log);
@@ -93,8 +94,12 @@ class Server : public SqlServer {
     std::vector<SessionRow> Sessions() const {
         const std::lock_guard lock(m_mutex);
         std::vector<SessionRow> rows;
-        for (const SessionOfRequests* session : m_sessions)
-            rows.push_back(session->Row());
+        for (const SessionOfRequests* session : m_sessions) {
+            SessionRow& row = rows.emplace_back(session->Row());
+            row.blockedBy = m_store.AllLocks().BlockerOf(row.sessionId);
+            if (row.blockedBy != 0)
+                row.status = "suspended";
+        }
         return rows;
     }
 

@@ -109,6 +109,14 @@ std::int64_t IntegerOf(const std::string& text) {
     }
 }
 
+int DeadlockPriorityOf(const std::string& value) {
+    static constexpr std::pair<std::string_view, int> words[] = {{"LOW", -5}, {"NORMAL", 0}, {"HIGH", 5}};
+    for (const auto& [word, priority] : words)
+        if (tsql::SameWord(word, value))
+            return priority;
+    return static_cast<int>(std::clamp<std::int64_t>(IntegerOf(value), -10, 10));
+}
+
 /// SET option value, for the options that have a value; the value as text.
 void SetValue(SessionState& session, const std::string& option, const std::string& value) {
     if (option == "ROWCOUNT") {
@@ -128,10 +136,12 @@ void SetValue(SessionState& session, const std::string& option, const std::strin
         SetLanguage(session, value);
     } else if (option == "LOCK_TIMEOUT") {
         session.store.SetLockTimeout(static_cast<int>(std::max<std::int64_t>(IntegerOf(value), -1)));
+    } else if (option == "DEADLOCK_PRIORITY") {
+        session.store.SetDeadlockPriority(DeadlockPriorityOf(value));
     } else if (option == "FIPS_FLAGGER" && !tsql::SameWord(value, "OFF")) {
         throw SqlError::NotSupported("SET FIPS_FLAGGER");
     }
-    // DEADLOCK_PRIORITY and QUERY_GOVERNOR_COST_LIMIT govern what never happens here.
+    // QUERY_GOVERNOR_COST_LIMIT governs what never happens here.
 }
 
 void SetIdentityInsert(SessionState& session, const tsql::SetOptionStatement& statement) {

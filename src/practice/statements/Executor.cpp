@@ -75,6 +75,7 @@ Datum RunExpression(Engine& engine, const tsql::Expression& expression, const Sq
         engine.Step(other->statement);
         return LoadColumn(other->statement.Handle(), 0, *target);
     }
+    LockReads(engine, plan->needs);
     plan->Bind(engine);
     engine.Step(plan->statement);
     if (condition)

@@ -73,10 +73,30 @@ void StatementScope::End() {
         throw SqlError(3609);
 }
 
-StoreSession::Writes WritesOf(const Table& table) {
+StoreSession::Written WritesOf(const Table& table) {
     if (table.variable)
         return StoreSession::Writes::Variables;
-    return table.temporary ? StoreSession::Writes::Temporary : StoreSession::Writes::Data;
+    if (table.temporary)
+        return StoreSession::Writes::Temporary;
+    return {StoreSession::Writes::Data, {ObjectLock(table.id), LockMode::Exclusive}};
+}
+
+void LockReads(Engine& engine, const Needs& needs) {
+    const bool keeps = engine.context.KeepsWhatItReads();
+    if (!keeps && needs.hinted.empty())
+        return;
+    const auto view = engine.store.View();
+    std::vector<WantedLock> kept;
+    std::vector<WantedLock> passing;
+    for (const ObjectId id : needs.reads) {
+        const auto found = needs.hinted.find(id);
+        ReadLock lock = found != needs.hinted.end() ? found->second : ReadLock{LockMode::Shared};
+        lock.kept = lock.kept || keeps;
+        // Temporary tables are nobody else's.
+        if (lock.mode && view->FindTable(id))
+            (lock.kept ? kept : passing).push_back({ObjectLock(id), *lock.mode});
+    }
+    engine.store.LockReads(kept, passing, needs.noWait);
 }
 
 } // namespace quillon::practice

@@ -31,7 +31,7 @@ class Plan : public tsql::Attachment {
     Prepared statement;
     std::vector<OutputColumn> columns;
     bool inUse = false;
-    StoreSession::Writes writes = StoreSession::Writes::Data; // of a plan that changes rows
+    StoreSession::Written writes = StoreSession::Writes::Data; // of a plan that changes rows
 
     bool Fits(Engine& engine, const PlanStamp& now) const;
     // Puts the values of variables in place.
@@ -77,8 +77,8 @@ class PlanUse {
 
 // What a statement writes, from the plan that it has already or found out anew.
 template <class FindOut>
-StoreSession::Writes KnownWrites(Engine& engine, const std::unique_ptr<tsql::Attachment>& slot,
-                                 FindOut findOut) {
+StoreSession::Written KnownWrites(Engine& engine, const std::unique_ptr<tsql::Attachment>& slot,
+                                  FindOut findOut) {
     const auto* kept = dynamic_cast<const Plan*>(slot.get());
     return kept != nullptr && kept->Fits(engine, PlanStamp::Now(engine)) ? kept->writes : findOut();
 }
@@ -86,7 +86,7 @@ StoreSession::Writes KnownWrites(Engine& engine, const std::unique_ptr<tsql::Att
 // A statement that writes: everything or nothing.
 class StatementScope {
   public:
-    StatementScope(Engine& engine, StoreSession::Writes writes)
+    StatementScope(Engine& engine, const StoreSession::Written& writes)
         : m_store(engine.store)
         , m_mark(engine.store.BeginStatement(writes)) {}
     ~StatementScope() {
@@ -104,6 +104,9 @@ class StatementScope {
     bool m_ended = false;
 };
 
-StoreSession::Writes WritesOf(const Table& table);
+StoreSession::Written WritesOf(const Table& table);
+
+// Locks what a plan is about to read, as its hints and the isolation level ask.
+void LockReads(Engine& engine, const Needs& needs);
 
 } // namespace quillon::practice

@@ -40,14 +40,9 @@ std::unique_ptr<Plan> MakePlan(Engine& engine, const tsql::SelectStatement& stat
     return plan;
 }
 
-void HoldIfAsked(Engine& engine, const Plan& plan) {
-    if (!plan.needs.reads.empty() && (plan.needs.locks || engine.context.KeepsWhatItReads()))
-        engine.store.HoldReads();
-}
-
 StatementOutcome RunAssignment(Engine& engine, const tsql::SelectStatement& statement) {
     PlanUse<Plan> plan(engine, statement.attachment, [&] { return MakePlan(engine, statement, false); });
-    HoldIfAsked(engine, *plan);
+    LockReads(engine, plan->needs);
     plan->Bind(engine);
     std::vector<Variable*> variables;
     for (const tsql::SelectItem& item : statement.First().items)
@@ -161,7 +156,7 @@ StatementOutcome RunSelect(Engine& engine, const tsql::SelectStatement& statemen
     if (Assigns(statement.First()))
         return RunAssignment(engine, statement);
     PlanUse<Plan> plan(engine, statement.attachment, [&] { return MakePlan(engine, statement, false); });
-    HoldIfAsked(engine, *plan);
+    LockReads(engine, plan->needs);
     plan->Bind(engine);
     ResultSink& sink = engine.context.Sink();
     bool more = FirstStep(engine, *plan);
@@ -180,7 +175,7 @@ std::unique_ptr<QueryReader> OpenReader(Engine& engine, const tsql::SelectStatem
                                         bool withRowIds) {
     std::shared_ptr<const Table> base;
     std::unique_ptr<Plan> plan = MakePlan(engine, statement, withRowIds, &base);
-    HoldIfAsked(engine, *plan);
+    LockReads(engine, plan->needs);
     return std::make_unique<Reader>(engine, std::move(plan), base);
 }
 

@@ -1,13 +1,13 @@
 // Store: the data folder, opened. All databases lie in one SQLite file, practice.db, so that a transaction
 // over several of them is one transaction of the file. The store holds what all sessions share: the committed
-// catalogue, the write lock, the identity counters, the number of the last rowversion.
+// catalogue, the locks, the identity counters, the number of the last rowversion.
 //
 // Threads: any. It outlives its sessions (StoreSession).
 #pragma once
 
 #include "practice/storage/Catalogue.h"
 #include "practice/storage/IdentityCounters.h"
-#include "practice/storage/WriteLock.h"
+#include "practice/storage/Locks.h"
 
 #include <atomic>
 #include <filesystem>
@@ -42,10 +42,11 @@ class Store {
 
     // The last committed definitions.
     std::shared_ptr<const Catalogue> Committed() const;
-    // By the holder of the write lock alone, once its transaction is in the file.
+    // By the holder of the file's lock alone, once its transaction is in the file.
     void Publish(std::shared_ptr<const Catalogue> catalogue);
 
-    WriteLock& Lock() { return m_lock; }
+    Locks& AllLocks() { return m_locks; }
+    const Locks& AllLocks() const { return m_locks; }
     IdentityCounters& Identities() { return m_identities; }
     // Grows. What a committed row bears is not given again, not even by a server started anew.
     std::uint64_t NextRowVersion() { return ++m_rowVersion; }
@@ -79,7 +80,7 @@ class Store {
     bool m_diskFailed = false;
     mutable std::mutex m_mutex;
     std::shared_ptr<const Catalogue> m_committed;
-    WriteLock m_lock;
+    Locks m_locks;
     IdentityCounters m_identities;
     std::atomic<std::uint64_t> m_rowVersion{2000};
     std::atomic<ObjectId> m_lastObjectId{0};

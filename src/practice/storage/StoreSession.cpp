@@ -19,11 +19,12 @@ std::string SavepointName(std::size_t place) {
 
 StoreSession::StoreSession(Store& store, int sessionId)
     : m_store(store)
-    , m_sessionId(sessionId)
-    , m_connection(store.Connect()) {}
+    , m_connection(store.Connect())
+    , m_holder{sessionId, m_interrupted} {}
 
 StoreSession::~StoreSession() {
     RollBackAll();
+    m_store.AllLocks().ReleaseAll(m_holder);
 }
 
 void StoreSession::Run(const std::string& sql) {
@@ -40,7 +41,7 @@ Prepared& StoreSession::Kept(const std::string& sql) {
 void StoreSession::Interrupt() noexcept {
     m_interrupted = true;
     sqlite3_interrupt(Connection());
-    m_store.Lock().Wake();
+    m_store.AllLocks().Wake();
 }
 
 std::uint64_t StoreSession::NextRowVersion() {
@@ -57,6 +58,11 @@ const std::shared_ptr<const Catalogue>& StoreSession::View() {
 void StoreSession::Change(const std::function<void(CatalogueEditor&)>& change) {
     CatalogueEditor editor(View(), m_store.NextVersion());
     change(editor);
+    std::vector<WantedLock> wanted;
+    for (const auto& [id, wasThere] : editor.ChangedObjects())
+        if (wasThere)
+            wanted.push_back({ObjectLock(id), LockMode::Exclusive});
+    LockWritten(wanted);
     if (!m_saver)
         m_saver = std::make_unique<DefinitionSaver>(Connection());
     m_saver->Save(editor);
@@ -68,6 +74,7 @@ void StoreSession::Change(const std::function<void(CatalogueEditor&)>& change) {
 
 void StoreSession::StartNew() {
     m_number = ++m_lastNumber;
+    m_changesAtBegin = sqlite3_total_changes(Connection());
     m_temporaryAtBegin = m_temporary.All();
 }
 
@@ -123,21 +130,67 @@ void StoreSession::Doom() {
         m_doomed = true;
 }
 
-void StoreSession::TakeLock() {
-    if (m_locked)
+// --- Locks ---------------------------------------------------------------------------------------------
+
+Locks::Timeout StoreSession::Patience() const {
+    return m_lockTimeout < 0 ? std::nullopt : std::optional(std::chrono::milliseconds(m_lockTimeout));
+}
+
+void StoreSession::TakeLocks(std::span<const WantedLock> wanted, Locks::Timeout timeout) {
+    if (wanted.empty())
         return;
-    const auto timeout =
-        m_lockTimeout < 0 ? std::nullopt : std::optional(std::chrono::milliseconds(m_lockTimeout));
-    switch (m_store.Lock().Take(this, m_sessionId, timeout, m_interrupted)) {
-    case WriteLock::Outcome::Taken: m_locked = true; return;
-    case WriteLock::Outcome::TimedOut: throw SqlError(1222);
-    case WriteLock::Outcome::Interrupted: throw Interrupted();
+    m_holder.work = static_cast<std::uint64_t>(sqlite3_total_changes(Connection()) - m_changesAtBegin);
+    switch (m_store.AllLocks().Take(m_holder, wanted, timeout)) {
+    case Locks::Outcome::Taken:
+    case Locks::Outcome::TakenAfterWaiting: return;
+    case Locks::Outcome::TimedOut: throw SqlError(1222);
+    case Locks::Outcome::Interrupted: throw Interrupted();
+    case Locks::Outcome::Victim: throw SqlError(1205, {std::to_string(m_holder.session), "lock"}, 51);
     }
 }
 
+void StoreSession::LockWritten(std::span<const WantedLock> wanted) {
+    TakeLocks(wanted, Patience());
+}
+
+void StoreSession::LockReads(std::span<const WantedLock> kept, std::span<const WantedLock> passing,
+                             bool noWait) {
+    const Locks::Timeout timeout = noWait ? std::chrono::milliseconds(0) : Patience();
+    std::vector<WantedLock> released(passing.begin(), passing.end());
+    if (m_count == 0)
+        released.insert(released.end(), kept.begin(), kept.end());
+    else
+        TakeLocks(kept, timeout);
+    std::erase_if(released, [&](const WantedLock& lock) { return m_store.AllLocks().Holds(m_holder, lock); });
+    TakeLocks(released, timeout);
+    for (const WantedLock& lock : released)
+        m_store.AllLocks().Release(m_holder, lock);
+}
+
+Locks::Outcome StoreSession::LockApplication(const WantedLock& wanted, bool forSession, int timeout) {
+    m_holder.work = static_cast<std::uint64_t>(sqlite3_total_changes(Connection()) - m_changesAtBegin);
+    return m_store.AllLocks().TakeApplication(
+        m_holder, wanted, forSession,
+        timeout < 0 ? std::nullopt : std::optional(std::chrono::milliseconds(timeout)));
+}
+
+bool StoreSession::UnlockApplication(const LockName& name, bool forSession) {
+    return m_store.AllLocks().ReleaseApplication(m_holder, name, forSession);
+}
+
+void StoreSession::UnlockAllApplication() {
+    m_store.AllLocks().ReleaseAll(m_holder);
+}
+
 // A transaction of T-SQL that has only read so far becomes one of SQLite, with the savepoints it has by now.
-void StoreSession::OpenWrite() {
-    TakeLock();
+void StoreSession::OpenWrite(const WantedLock& table) {
+    std::vector<WantedLock> wanted;
+    if (!m_locked)
+        wanted.push_back({});
+    if (table.name.kind != LockName::Kind::File)
+        wanted.push_back(table);
+    TakeLocks(wanted, Patience());
+    m_locked = true;
     if (m_open)
         return;
     Kept("BEGIN IMMEDIATE").Run();
@@ -192,8 +245,7 @@ void StoreSession::Forget() {
     m_usedIdentities.clear();
     m_usedRowVersion = false;
     m_temporaryAtBegin.clear();
-    if (m_locked)
-        m_store.Lock().Release(this);
+    m_store.AllLocks().ReleaseTransaction(m_holder);
     m_locked = false;
 }
 
@@ -231,7 +283,8 @@ std::vector<KeptRows> StoreSession::KeepVariables() {
 
 // --- Statements ----------------------------------------------------------------------------------------
 
-StoreSession::StatementMark StoreSession::BeginStatement(Writes writes) {
+StoreSession::StatementMark StoreSession::BeginStatement(const Written& written) {
+    const Writes writes = written.what;
     if (m_interrupted)
         throw Interrupted();
     if (m_doomed)
@@ -240,7 +293,7 @@ StoreSession::StatementMark StoreSession::BeginStatement(Writes writes) {
     if (m_count == 0) {
         // Of the lock first: what others commit while we wait must be seen.
         if (writes == Writes::Data)
-            OpenWrite();
+            OpenWrite(written.table);
         else {
             Kept("BEGIN").Run();
             m_open = true;
@@ -252,16 +305,11 @@ StoreSession::StatementMark StoreSession::BeginStatement(Writes writes) {
         Kept("SAVEPOINT aside").Run();
         mark.aside = true;
     } else {
-        OpenWrite();
+        OpenWrite(written.table);
         mark.savepoint = PushSavepoint({});
     }
     mark.transaction = m_number;
     return mark;
-}
-
-void StoreSession::HoldReads() {
-    if (m_count > 0)
-        OpenWrite();
 }
 
 bool StoreSession::EndStatement(const StatementMark& mark) {

@@ -57,9 +57,17 @@ class StoreSession {
 
     // --- Statements --------------------------------------------------------------------------------------
     enum class Writes : std::uint8_t {
-        Data,      // the file: takes the write lock, waiting for it (1222 after the lock timeout)
+        Data,      // the file: takes its lock, waiting for it (1222 after the lock timeout)
         Temporary, // temporary tables alone
         Variables, // table variables alone: no rollback undoes what they hold
+    };
+    // What is written, and the table that is, where one is known: it is locked with the file.
+    struct Written {
+        Written(Writes kind, WantedLock target = {}) // NOLINT(google-explicit-constructor)
+            : what(kind)
+            , table(std::move(target)) {}
+        Writes what;
+        WantedLock table; // of the kind File: none
     };
     // Returns a mark to end the statement with. In autocommit the count of transactions becomes 1 until then,
     // so that a trigger sees itself inside a transaction.
@@ -69,18 +77,28 @@ class StoreSession {
         bool own = false;   // it is a transaction by itself
         bool aside = false; // it stands outside of the open transaction: table variables alone
     };
-    StatementMark BeginStatement(Writes writes);
+    StatementMark BeginStatement(const Written& written);
     // Keeps what the statement did (and commits when it was a transaction by itself). Returns false when the
     // transaction in which it began is gone: a trigger has rolled it back.
     bool EndStatement(const StatementMark& mark);
-    // In an open transaction: nobody else writes until it ends, so that what it reads stays true.
-    void HoldReads();
+    // Locks what is about to be read: until the end of the open transaction, or, where it is not to be kept
+    // (or none is open), for as long as others write it. 1222, 1205 like all that wait.
+    void LockReads(std::span<const WantedLock> kept, std::span<const WantedLock> passing, bool noWait);
+    // Locks tables that the statement which runs comes to write.
+    void LockWritten(std::span<const WantedLock> wanted);
     // Undoes what the statement did; quiet when the transaction is gone already.
     void UndoStatement(const StatementMark& mark) noexcept;
 
     // --- Waiting and interruption ------------------------------------------------------------------------
     void SetLockTimeout(int milliseconds) { m_lockTimeout = milliseconds; } // -1: without end
     int LockTimeout() const { return m_lockTimeout; }
+    // From -10 to 10; of those that block each other in a circle the lowest is rolled back.
+    void SetDeadlockPriority(int priority) { m_holder.priority = priority; }
+    int DeadlockPriority() const { return m_holder.priority; }
+    // Locks of the application's own; see Locks. The timeout is that of the call.
+    Locks::Outcome LockApplication(const WantedLock& wanted, bool forSession, int timeout);
+    bool UnlockApplication(const LockName& name, bool forSession);
+    void UnlockAllApplication(); // of a session that begins anew
     // From any thread: a running or waiting statement ends as soon as it can, with Interrupted.
     void Interrupt() noexcept;
     void ClearInterrupt() { m_interrupted = false; }
@@ -101,8 +119,9 @@ class StoreSession {
     };
 
     Prepared& Kept(const std::string& sql);
-    void TakeLock();
-    void OpenWrite();
+    void TakeLocks(std::span<const WantedLock> wanted, Locks::Timeout timeout);
+    Locks::Timeout Patience() const;
+    void OpenWrite(const WantedLock& table = {});
     void CommitAll();
     void RollBackAll() noexcept;
     int PushSavepoint(std::string name);
@@ -113,7 +132,6 @@ class StoreSession {
     void Forget();
 
     Store& m_store;
-    int m_sessionId;
     OwnConnection m_connection;
     std::unordered_map<std::string, Prepared> m_kept; // few texts, used all the time
     std::unique_ptr<DefinitionSaver> m_saver;         // from the first definition on
@@ -126,7 +144,7 @@ class StoreSession {
     std::uint64_t m_number = 0;
     bool m_doomed = false;
     bool m_open = false;   // an SQLite transaction is open
-    bool m_locked = false; // and it holds the write lock
+    bool m_locked = false; // and it holds the file's lock
     std::string m_outerName;
     std::vector<Savepoint> m_savepoints;
     int m_lastSerial = 0;
@@ -136,6 +154,8 @@ class StoreSession {
 
     int m_lockTimeout = -1;
     std::atomic<bool> m_interrupted{false};
+    Locks::Holder m_holder;
+    int m_changesAtBegin = 0;
 };
 
 } // namespace quillon::practice

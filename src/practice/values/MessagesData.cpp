@@ -131,6 +131,9 @@ constexpr MessageRow rows[] = {
      "Transaction (Process ID %1) was deadlocked on %2 resources with another process and has been chosen as "
      "the deadlock victim. Rerun the transaction."},
     {1222, 16, "Lock request time out period exceeded."},
+    {1223, 16,
+     "Cannot release the application lock (Database Principal: '%1', Resource: '%2') because it is not "
+     "currently held."},
     {1505, 16,
      "The CREATE UNIQUE INDEX statement terminated because a duplicate key was found for the object name "
      "'%1' and the index name '%2'. The duplicate key value is %3."},

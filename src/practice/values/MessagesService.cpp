@@ -226,6 +226,8 @@ constexpr MessageRow rows[] = {
     {15519, 10, "Default unbound from table column."},
     {15522, 10, "Rule unbound from table column."},
     {15600, 15, "An invalid parameter or option was specified for procedure '%1'."},
+    {15625, 10, "Option '%1' not recognized for '%2' parameter."},
+    {15626, 10, "You attempted to acquire a transactional application lock without an active transaction."},
     {15664, 16,
      "Cannot set key '%1' in the session context. The key has been set as read_only for this session."},
     {15665, 16,

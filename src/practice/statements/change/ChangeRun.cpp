@@ -130,6 +130,8 @@ void ChangeRun::Follow(RowChange& change, const Table& child, const ForeignKey& 
 
 void ChangeRun::Cascade(RowChange& change, const std::shared_ptr<const Table>& child, const ForeignKey& key,
                         ReferenceAction action, const std::string& from) {
+    const WantedLock lock{ObjectLock(child->id), LockMode::Exclusive};
+    m_engine.store.LockWritten({&lock, 1});
     const bool deletes = change.Event() == TriggerEvent::Delete && action == ReferenceAction::Cascade;
     TableWriter& writer = m_engine.Writer(child);
     std::string list = "SELECT x.rowid";

@@ -271,7 +271,7 @@ StatementOutcome RunInsert(Engine& engine, const tsql::InsertStatement& statemen
                                       : ConstantRows(statement, Translator(engine).DatabaseCollation());
     std::unique_ptr<tsql::Attachment>& slot =
         shape.empty() ? statement.attachment : engine.shapes.Slot(shape);
-    const StoreSession::Writes writes = KnownWrites(engine, slot, [&] {
+    const StoreSession::Written writes = KnownWrites(engine, slot, [&] {
         Translator translator(engine);
         const Target target = RequireTarget(translator, statement.target);
         return WritesOf(engine, statement, target.table.get());

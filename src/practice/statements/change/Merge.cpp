@@ -194,7 +194,7 @@ std::vector<Taken> TakeRows(Engine& engine, MergePlan& plan) {
 } // namespace
 
 StatementOutcome RunMerge(Engine& engine, const tsql::MergeStatement& statement) {
-    const StoreSession::Writes writes = [&] {
+    const StoreSession::Written writes = [&] {
         Translator translator(engine);
         const Target target = RequireTarget(translator, statement.target);
         return WritesOf(engine, statement, target.table.get());

@@ -150,13 +150,16 @@ std::string TopSql(const tsql::DmlStatement& statement, Translator& translator) 
     return limit.empty() ? "" : " LIMIT " + limit;
 }
 
-StoreSession::Writes WritesOf(Engine& engine, const tsql::DmlStatement& statement, const Table* target) {
+StoreSession::Written WritesOf(Engine& engine, const tsql::DmlStatement& statement, const Table* target) {
     Translator translator(engine);
-    StoreSession::Writes writes = target == nullptr ? StoreSession::Writes::Data : WritesOf(*target);
+    StoreSession::Written writes = target == nullptr ? StoreSession::Writes::Data : WritesOf(*target);
     for (const tsql::OutputClause& clause : statement.output)
         if (clause.hasInto) {
             const Target into = FindTarget(translator, clause.into);
-            writes = std::min(writes, into.table ? WritesOf(*into.table) : StoreSession::Writes::Data);
+            const StoreSession::Written other =
+                into.table ? WritesOf(*into.table) : StoreSession::Written(StoreSession::Writes::Data);
+            if (other.what < writes.what)
+                writes = other;
         }
     return writes;
 }

@@ -43,7 +43,7 @@ void CheckOutput(Engine& engine, const tsql::DmlStatement& statement, const Tabl
 // ` LIMIT n` for TOP and SET ROWCOUNT, or nothing.
 std::string TopSql(const tsql::DmlStatement& statement, Translator& translator);
 // What the statement and its OUTPUT INTO write.
-StoreSession::Writes WritesOf(Engine& engine, const tsql::DmlStatement& statement, const Table* target);
+StoreSession::Written WritesOf(Engine& engine, const tsql::DmlStatement& statement, const Table* target);
 
 StatementOutcome RunInsert(Engine& engine, const tsql::InsertStatement& statement);
 StatementOutcome RunUpdate(Engine& engine, const tsql::UpdateStatement& statement);

@@ -113,7 +113,7 @@ template <class Statement>
 std::uint64_t RunChange(Engine& engine, const Statement& statement, TriggerEvent event,
                         const std::vector<tsql::SetClause>& clauses) {
     const char* verb = event == TriggerEvent::Update ? "UPDATE" : "DELETE";
-    const StoreSession::Writes writes = KnownWrites(engine, statement.attachment, [&] {
+    const StoreSession::Written writes = KnownWrites(engine, statement.attachment, [&] {
         // What is written may be named by an alias only; the tables of FROM are looked at.
         Translator translator(engine);
         if (!statement.with.empty())

@@ -63,21 +63,33 @@ bool IsTemporaryName(const tsql::Name& name) {
     return name.Last().starts_with("#");
 }
 
-// Temporary tables need no lock.
-bool IsTemporary(const tsql::Statement& statement) {
+// The tables that the statement is about.
+std::vector<tsql::Name> TablesOf(const tsql::Statement& statement) {
     using namespace tsql;
     switch (statement.kind) {
-    case Kind::CreateTable: return IsTemporaryName(As<CreateTableStatement>(statement).name);
-    case Kind::AlterTable: return IsTemporaryName(As<AlterTableStatement>(statement).name);
-    case Kind::CreateIndex: return IsTemporaryName(As<CreateIndexStatement>(statement).table);
-    case Kind::Truncate: return IsTemporaryName(As<TruncateStatement>(statement).table);
+    case Kind::CreateTable: return {As<CreateTableStatement>(statement).name};
+    case Kind::AlterTable: return {As<AlterTableStatement>(statement).name};
+    case Kind::CreateIndex: return {As<CreateIndexStatement>(statement).table};
+    case Kind::Truncate: return {As<TruncateStatement>(statement).table};
     case Kind::Drop: {
         const auto& drop = As<DropStatement>(statement);
-        return drop.what == DropKind::Table &&
-               std::all_of(drop.names.begin(), drop.names.end(), IsTemporaryName);
+        return drop.what == DropKind::Table ? drop.names : std::vector<Name>();
     }
-    default: return false;
+    default: return {};
     }
+}
+
+StoreSession::Written WrittenBy(Engine& engine, const tsql::Statement& statement) {
+    const std::vector<tsql::Name> tables = TablesOf(statement);
+    if (tables.empty())
+        return StoreSession::Writes::Data;
+    // Temporary tables need no lock.
+    if (std::all_of(tables.begin(), tables.end(), IsTemporaryName))
+        return StoreSession::Writes::Temporary;
+    const auto object = Translator(engine).FindSourceObject(tables.front());
+    return object ? StoreSession::Written(StoreSession::Writes::Data,
+                                          {ObjectLock(object->id), LockMode::Exclusive})
+                  : StoreSession::Writes::Data;
 }
 
 bool ConcernsLogins(const tsql::Statement& statement) {
@@ -101,8 +113,7 @@ void RunDefinition(Engine& engine, const tsql::Statement& statement) {
         return Use(engine, tsql::As<tsql::UseStatement>(statement));
     if (ConcernsLogins(statement))
         return engine.context.RunLoginStatement(statement);
-    StatementScope scope(engine, IsTemporary(statement) ? StoreSession::Writes::Temporary
-                                                        : StoreSession::Writes::Data);
+    StatementScope scope(engine, WrittenBy(engine, statement));
     RunKind(engine, statement);
     scope.End();
 }

@@ -101,6 +101,8 @@ std::string Translator::AddTable(const std::shared_ptr<const Table>& table, cons
     }
     RequireNewName(scope, *source);
     needs.reads.insert(table->id);
+    if (m_readLock)
+        needs.hinted[table->id] = *m_readLock;
     const std::string text = RowsOf(*table) + " AS " + source->alias;
     scope.sources.push_back(std::move(source));
     return text;
@@ -185,12 +187,20 @@ std::shared_ptr<const SchemaObject> Translator::FindSourceObject(const tsql::Nam
 
 namespace {
 
-bool AsksForLock(const std::vector<std::string>& hints) {
-    constexpr std::string_view keeping[] = {"UPDLOCK",      "XLOCK",          "HOLDLOCK",
-                                            "SERIALIZABLE", "REPEATABLEREAD", "TABLOCKX"};
-    return std::any_of(hints.begin(), hints.end(), [&](const std::string& hint) {
-        return std::find(std::begin(keeping), std::end(keeping), hint) != std::end(keeping);
-    });
+// The strongest of what the hints ask for; nothing where none concerns locks.
+std::optional<ReadLock> ReadLockOf(const std::vector<std::string>& hints) {
+    static const std::pair<std::string_view, ReadLock> rows[] = {
+        {"XLOCK", {LockMode::Exclusive, true}},     {"TABLOCKX", {LockMode::Exclusive, true}},
+        {"UPDLOCK", {LockMode::Update, true}},      {"HOLDLOCK", {LockMode::Shared, true}},
+        {"SERIALIZABLE", {LockMode::Shared, true}}, {"REPEATABLEREAD", {LockMode::Shared, true}},
+        {"TABLOCK", {LockMode::Shared, false}},     {"READCOMMITTEDLOCK", {LockMode::Shared, false}},
+        {"NOLOCK", {std::nullopt, false}},          {"READUNCOMMITTED", {std::nullopt, false}},
+        {"READCOMMITTED", {std::nullopt, false}},   {"READPAST", {std::nullopt, false}},
+    };
+    for (const auto& [hint, lock] : rows)
+        if (std::find(hints.begin(), hints.end(), hint) != hints.end())
+            return lock;
+    return std::nullopt;
 }
 
 } // namespace
@@ -204,7 +214,17 @@ std::string Translator::AddRowSet(const std::shared_ptr<const Table>& set, bool 
 }
 
 std::string Translator::NamedSource(const tsql::NamedTable& source, Scope& scope) {
-    needs.locks = needs.locks || AsksForLock(source.hints);
+    needs.noWait =
+        needs.noWait || std::find(source.hints.begin(), source.hints.end(), "NOWAIT") != source.hints.end();
+    const std::optional<ReadLock> around = m_readLock;
+    if (const auto own = ReadLockOf(source.hints))
+        m_readLock = own; // for the tables of a view as well
+    std::string text = FindNamed(source, scope);
+    m_readLock = around;
+    return text;
+}
+
+std::string Translator::FindNamed(const tsql::NamedTable& source, Scope& scope) {
     const tsql::Name& name = source.name;
     if (name.parts.size() == 1) {
         if (const TriggerFrame* frame = m_here.isModule ? nullptr : m_engine.context.CurrentTrigger())

@@ -23,12 +23,19 @@ struct Needed {
     SqlType type;
 };
 
+// What a hint asks for a table that is read.
+struct ReadLock {
+    std::optional<LockMode> mode; // nothing: no lock, whatever the isolation level says
+    bool kept = true;             // until the transaction ends; otherwise others are only waited for
+};
+
 struct Needs {
     std::vector<Needed> values;
     std::set<ObjectId> reads;  // tables
     bool callsModules = false; // user functions: they may read anything
     bool systemViews = false;
-    bool locks = false; // a hint asks that what is read stays as it is
+    std::map<ObjectId, ReadLock> hinted; // tables that are read under a hint
+    bool noWait = false;                 // NOWAIT
     // Table variables by name, with the table that each one was: another run may have other ones.
     std::vector<std::pair<std::string, ObjectId>> tableVariables;
     std::vector<std::string> liveVariables; // assigned by the very SELECT that reads them
@@ -169,6 +176,7 @@ class Translator {
     std::string AddRowSet(const std::shared_ptr<const Table>& set, bool after, const std::string& exposed,
                           Scope& scope);
     std::string NamedSource(const tsql::NamedTable& source, Scope& scope);
+    std::string FindNamed(const tsql::NamedTable& source, Scope& scope);
     std::string FunctionSource(const tsql::FunctionTable& source, Scope& scope);
     std::string VariableSource(const tsql::VariableTable& source, Scope& scope);
     std::string JoinSource(const tsql::Join& join, Scope& scope);
@@ -256,7 +264,8 @@ class Translator {
     std::vector<Recursion> m_recursions;
     std::int64_t m_maxRecursion = 100;
     bool m_usedLive = false;
-    std::vector<ObjectId> m_expanding; // views, against endless ones
+    std::vector<ObjectId> m_expanding;  // views, against endless ones
+    std::optional<ReadLock> m_readLock; // of the hints around the table that is read
 };
 
 // `text COLLATE CI_AS` where a text of that type must sort or compare by it; the text alone otherwise.

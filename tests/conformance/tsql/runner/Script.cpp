@@ -28,7 +28,7 @@ class Reader {
             Finish();
         if (line.starts_with(switchMark)) {
             Finish();
-            m_connection = line.substr(4) == "first" ? std::string() : line.substr(4);
+            SwitchTo(line.substr(4));
         } else if (line == "GO") {
             Finish();
         } else {
@@ -46,9 +46,18 @@ class Reader {
     }
 
   private:
+    void SwitchTo(std::string name) {
+        m_goesOn = name.ends_with(" &");
+        if (m_goesOn)
+            name.resize(name.size() - 2);
+        m_connection = name == "first" ? std::string() : name;
+    }
+
     void Finish() {
         if (!IsBlank(m_batch.text)) {
             m_batch.connection = m_connection;
+            m_batch.goesOn = m_goesOn;
+            m_goesOn = false;
             m_batches.push_back(std::move(m_batch));
         } else if (m_batch.isChecked) {
             throw std::runtime_error("line " + std::to_string(m_line) + ": an expectation without a batch");
@@ -59,6 +68,7 @@ class Reader {
     std::vector<ScriptBatch> m_batches;
     ScriptBatch m_batch;
     std::string m_connection;
+    bool m_goesOn = false;
     int m_line = 0;
 };
 

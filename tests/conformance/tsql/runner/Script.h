@@ -11,6 +11,7 @@ struct ScriptBatch {
     std::string text;
     int firstLine = 0;      // in the script's file, from 1
     std::string connection; // empty: the first one
+    bool goesOn = false;    // what follows does not wait for its answers
     bool isChecked = false; // expectations follow it; otherwise it must only not fail
     std::vector<Answer> expected;
 };

@@ -20,11 +20,14 @@
 // messages that came with them, so among answers that no row parts the errors are taken first. Message 3621
 // (statement terminated) counts only where a script names it. A batch without expectations must only not
 // fail. The line `--@ name` sends what follows over another connection, `--@ first` over the first one again.
+// `--@ name &` sends the next batch and does not wait: its answers are looked at before the next batch of
+// that connection, or at the end.
 #include "practice/support/ServerProcess.h"
 #include "runner/Client.h"
 #include "runner/Script.h"
 
 #include <algorithm>
+#include <future>
 #include <iostream>
 #include <map>
 #include <memory>
@@ -92,7 +95,9 @@ class ScriptRun {
         creator.Run(std::string("CREATE DATABASE ") + databaseName);
         bool isGood = true;
         for (const ScriptBatch& batch : ReadScript(m_file))
-            isGood = Check(batch) && isGood;
+            isGood = Send(batch) && isGood;
+        for (auto& [name, sent] : m_sent)
+            isGood = Await(name) && isGood;
         m_clients.clear();
         Clean();
         return isGood;
@@ -113,8 +118,30 @@ class ScriptRun {
         return *client;
     }
 
-    bool Check(const ScriptBatch& batch) {
-        const std::vector<Answer> actual = ErrorsFirst(Relevant(On(batch.connection).Run(batch.text), batch));
+    struct Sent {
+        ScriptBatch batch;
+        std::future<std::vector<Answer>> answers;
+    };
+
+    bool Send(const ScriptBatch& batch) {
+        const bool isGood = Await(batch.connection);
+        Client& client = On(batch.connection);
+        if (!batch.goesOn)
+            return Check(batch, client.Run(batch.text)) && isGood;
+        m_sent[batch.connection] = {
+            batch, std::async(std::launch::async, [&client, text = batch.text] { return client.Run(text); })};
+        return isGood;
+    }
+
+    bool Await(const std::string& connection) {
+        const auto sent = m_sent.find(connection);
+        if (sent == m_sent.end() || !sent->second.answers.valid())
+            return true;
+        return Check(sent->second.batch, sent->second.answers.get());
+    }
+
+    bool Check(const ScriptBatch& batch, const std::vector<Answer>& answers) {
+        const std::vector<Answer> actual = ErrorsFirst(Relevant(answers, batch));
         const std::vector<Answer> wanted = ErrorsFirst(batch.expected);
         const bool isGood =
             actual.size() == wanted.size() &&
@@ -131,6 +158,7 @@ class ScriptRun {
     std::string m_connectionString;
     std::filesystem::path m_file;
     std::map<std::string, std::unique_ptr<Client>> m_clients;
+    std::map<std::string, Sent> m_sent; // goes first: it uses the clients
 };
 
 std::vector<std::filesystem::path> FindScripts(const std::vector<std::string>& paths) {
