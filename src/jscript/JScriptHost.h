@@ -5,14 +5,14 @@
 // wanted, `new Enumerator(collection)`, `new VBArray(array)`, `new ActiveXObject("Scripting.Dictionary")`.
 // They reach no file, process or network.
 //
-// Errors know their line and a column: a compile error's is that of the token at fault, a run-time error's that of
-// the statement, or of the first word of its line where the statement began on an earlier one.
+// Errors know their line and a column: a compile error's is that of the token at fault, a run-time error's
+// that of the statement, or of the first word of its line where the statement began on an earlier one.
 //
-// Stop() ends a script wherever it is within moments: in its own code, in code made by eval and new Function, in a
-// regular expression, in a long call of a built-in. Memory is limited; recursion ends with 28.
+// Stop() ends a script wherever it is within moments: in its own code, in code made by eval and new Function,
+// in a regular expression, in a long call of a built-in. Memory is limited; recursion ends with 28.
 //
-// Limits. A regular expression takes at most 10,000 rounds of a repeated group (28). Strict mode is ignored, as this
-// language has none; conditional compilation is refused.
+// Limits. A regular expression takes at most 10,000 rounds of a repeated group (28). Strict mode is ignored,
+// as this language has none; conditional compilation is refused.
 #pragma once
 
 #include <functional>
