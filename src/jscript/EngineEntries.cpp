@@ -10,6 +10,8 @@
 namespace quillon::jscript {
 namespace {
 
+constexpr std::int32_t ConditionalCompilation = 1030;
+
 struct GlobalDefinition {
     std::string_view name;
     const ObjectRef* object;
@@ -93,13 +95,18 @@ Rewritten Engine::Prepare(std::string_view text) {
 void Engine::Execute(Engine& engine, duk_context* context, void* data) {
     auto& execution = *static_cast<Execution*>(data);
     const duk_uint_t flags = execution.isExpression ? DUK_COMPILE_EVAL : 0;
+    if (execution.rewritten->conditional) {
+        execution.complaint = {*execution.rewritten->conditional, {}};
+        engine.NotePlace(execution.file, 0);
+        engine.Throw(context, ConditionalCompilation, "Conditional compilation is turned off");
+    }
     if (!Compiles(engine, context, execution.rewritten->text, execution.file, flags)) {
         // The complaint must be about the text as it was written; and should the rewriter be at fault, that
         // text runs.
         duk_pop(context);
         engine.m_sources.SetLines(execution.file, {});
         if (!Compiles(engine, context, execution.original, execution.file, flags)) {
-            execution.complaint = PlaceOfComplaint(context, execution.original, flags);
+            execution.complaint = ComplaintAbout(context, execution.original, flags);
             duk_throw(context);
         }
     }
@@ -116,7 +123,11 @@ void Engine::ExecuteText(Execution& execution, ScriptError& error) {
     if (TryGuarded(Execute, &execution))
         return;
     if (!execution.compiled) {
-        m_report->place = execution.complaint;
+        m_report->place = execution.complaint.place;
+        if (execution.complaint.error.number != 0) {
+            m_report->number = execution.complaint.error.number;
+            m_report->description = execution.complaint.error.description;
+        }
         if (LooksLikeVBScript(execution.original))
             m_report->description = "Syntax error: the text looks like VBScript, but the language is JScript";
     }

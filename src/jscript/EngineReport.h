@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "jscript/CompileErrors.h"
 #include "jscript/Engine.h"
 
 namespace quillon::jscript {
@@ -23,7 +24,7 @@ struct Engine::Execution {
     std::string file;
     bool isExpression = false;
     bool compiled = false; // behind the compiler: failures are the script's
-    Place complaint;       // of the compiler
+    Complaint complaint;   // of the compiler
     Value result;
 };
 

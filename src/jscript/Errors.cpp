@@ -23,6 +23,9 @@ constexpr std::array Rows{
     Row{"TypeError", "not constructable", 445, "Object doesn't support this action"},
     Row{"TypeError", "of undefined", 5007, "'undefined' is null or not an object"},
     Row{"TypeError", "of null", 5007, "'null' is null or not an object"},
+    Row{"TypeError", "expected Date", 5006, "Date object expected"},
+    Row{"TypeError", "expected RegExp", 5016, "Regular Expression object expected"},
+    Row{"TypeError", "unexpected type", 5007, "Object expected"},
     Row{"TypeError", "object required", 5007, "Object expected"},
     Row{"TypeError", "not object coercible", 5007, "Object expected"},
     Row{"TypeError", "not writable", 5008, "Illegal assignment"},
@@ -32,11 +35,13 @@ constexpr std::array Rows{
     Row{"RangeError", "recursion limit", numbers::OutOfStackSpace, "Out of stack space"},
     Row{"RangeError", "stack limit", numbers::OutOfStackSpace, "Out of stack space"},
     Row{"RangeError", "too long", numbers::OutOfStringSpace, "Out of string space"},
+    Row{"RangeError", "invalid array length", 5030, "Array length must be assigned a finite positive number"},
     Row{"RangeError", "invalid length", 5029, "Array length must be a finite positive integer"},
     Row{"RangeError", "number outside range", 5026, "The number of fractional digits is out of range"},
     Row{"RangeError", "", numbers::InvalidCall, ""},
-    Row{"URIError", "", 5024, "The URI to be decoded is not a valid encoding"},
+    Row{"URIError", "", 5025, "The URI to be decoded is not a valid encoding"},
     Row{"Error", "alloc failed", numbers::OutOfMemory, "Out of memory"},
+    Row{"SyntaxError", "without preceding atom", 5018, "Unexpected quantifier"},
     Row{"SyntaxError", "unterminated character class", 5019, "Expected ']' in regular expression"},
     Row{"SyntaxError", "unexpected end of pattern", 5020, "Expected ')' in regular expression"},
     Row{"SyntaxError", "invalid quantifier", 5018, "Unexpected quantifier"},
@@ -51,10 +56,24 @@ constexpr std::array Rows{
     Row{"SyntaxError", "expected identifier", 1010, "Expected identifier"},
     Row{"SyntaxError", "invalid return", 1018, "'return' statement outside of function"},
     Row{"SyntaxError", "invalid label", 1026, "Label not found"},
+    Row{"SyntaxError", "invalid token", 1014, "Invalid character"},
+    Row{"SyntaxError", "invalid array literal", 1007, "Expected ']'"},
+    Row{"SyntaxError", "invalid try", 1033, "Expected 'catch'"},
+    Row{"SyntaxError", "name required", 1010, "Expected identifier"},
     Row{"SyntaxError", "duplicate label", 1025, "Label redefined"},
     Row{"SyntaxError", "invalid lvalue", 5008, "Illegal assignment"},
     Row{"SyntaxError", "invalid throw", 1002, "Syntax error"},
     Row{"SyntaxError", "", 1002, ""},
+};
+
+struct ExpectedRow {
+    std::string_view what;
+    std::int32_t number;
+};
+
+constexpr std::array ExpectedRows{
+    ExpectedRow{":", 1003}, ExpectedRow{";", 1004}, ExpectedRow{"(", 1005}, ExpectedRow{")", 1006},
+    ExpectedRow{"]", 1007}, ExpectedRow{"{", 1008}, ExpectedRow{"}", 1009}, ExpectedRow{"while", 1024},
 };
 
 constexpr std::uint32_t ScriptFacility = 0x800A0000;
@@ -87,6 +106,13 @@ KnownError KnownErrorOf(std::string_view errorClass, std::string_view message) {
                 row.description.empty() ? OwnText(row.number, message) : std::string(row.description)};
     }
     return {numbers::InvalidCall, std::string(message)};
+}
+
+KnownError Expected(std::string_view what) {
+    for (const ExpectedRow& row : ExpectedRows)
+        if (row.what == what)
+            return {row.number, "Expected '" + std::string(what) + "'"};
+    return {0, {}};
 }
 
 std::int32_t WithFacility(std::int32_t number) {

@@ -15,6 +15,9 @@ struct KnownError {
 // From an error of the engine: its class ("TypeError") and message.
 KnownError KnownErrorOf(std::string_view errorClass, std::string_view message);
 
+// The number and text for what a compiler expects: ")", "identifier" ...; number 0 for what none tells.
+KnownError Expected(std::string_view what);
+
 // What `error.number` holds for a failure's number: small ones get the facility of script errors.
 std::int32_t WithFacility(std::int32_t number);
 // And back.

@@ -64,17 +64,17 @@ void Engine::DescribeError(Engine& engine, duk_context* context, void* data) {
     }
     report.errorClass = ReadText(context, "name");
     report.message = ReadText(context, "message");
-    if (duk_is_error(context, -1)) {
+    report.number = ReadNumber(context, "number");
+    report.description = ReadText(context, "description");
+    if (report.number == 0 && !duk_is_error(context, -1))
+        report.number = notCaught;
+    if (duk_is_error(context, -1)) { // asking for the place takes calls
         std::string made = ReadText(context, "fileName");
         if (engine.m_sources.Knows(made)) {
             report.file = std::move(made);
             report.engineLine = ReadNumber(context, "lineNumber");
         }
     }
-    report.number = ReadNumber(context, "number");
-    report.description = ReadText(context, "description");
-    if (report.number == 0 && !duk_is_error(context, -1))
-        report.number = notCaught;
 }
 
 void Engine::RaiseReported(ScriptError* error, bool compiling) {

@@ -1,8 +1,8 @@
 #include "jscript/Prelude.h"
 
 #include "jscript/Bridge.h"
-#include "jscript/Errors.h"
 #include "jscript/RewriterWords.h"
+#include "jscript/Thrown.h"
 #include "platform/FailureNumbers.h"
 
 namespace quillon::jscript {
@@ -21,18 +21,6 @@ duk_ret_t Hide(duk_context* context) {
     duk_def_prop(context, 0,
                  DUK_DEFPROP_HAVE_VALUE | DUK_DEFPROP_SET_WRITABLE | DUK_DEFPROP_SET_CONFIGURABLE |
                      DUK_DEFPROP_CLEAR_ENUMERABLE);
-    return 1;
-}
-
-// known(class, message): [number, description].
-duk_ret_t Known(duk_context* context) {
-    Engine& engine = Engine::Of(context);
-    const KnownError known = KnownErrorOf(TextAt(engine, context, 0), TextAt(engine, context, 1));
-    duk_push_array(context);
-    duk_push_int(context, WithFacility(known.number));
-    duk_put_prop_index(context, -2, 0);
-    engine.PushText(context, known.description);
-    duk_put_prop_index(context, -2, 1);
     return 1;
 }
 
@@ -76,29 +64,6 @@ duk_ret_t Create(duk_context* context) {
     });
 }
 
-// noteThrow(value): remembers the innermost line of the texts that were added, for errors that do not know
-// theirs.
-duk_ret_t NoteThrow(duk_context* context) {
-    constexpr duk_int_t deepest = -64;
-    Engine& engine = Engine::Of(context);
-    for (duk_int_t level = -2; level >= deepest; --level) {
-        duk_set_top(context, 1);
-        duk_inspect_callstack_entry(context, level);
-        if (!duk_is_object(context, -1))
-            break;
-        duk_get_prop_string(context, -1, "lineNumber");
-        duk_get_prop_string(context, -2, "function");
-        duk_get_prop_string(context, -1, "fileName");
-        const char* const file = duk_get_string(context, -1);
-        if (file != nullptr && engine.Texts().Knows(file)) {
-            engine.NotePlace(file, duk_get_int(context, -3));
-            break;
-        }
-    }
-    duk_set_top(context, 1);
-    return 1;
-}
-
 void PutFunction(duk_context* context, const char* name, duk_c_function function, duk_idx_t count) {
     duk_push_c_function(context, function, count);
     duk_put_prop_string(context, -2, name);
@@ -107,11 +72,10 @@ void PutFunction(duk_context* context, const char* name, duk_c_function function
 void PushNatives(duk_context* context) {
     duk_push_object(context);
     PutFunction(context, "hide", Hide, 3);
-    PutFunction(context, "known", Known, 2);
     PutFunction(context, "fail", Fail, 2);
     PutFunction(context, "elements", Elements, 1);
     PutFunction(context, "create", Create, 1);
-    PutFunction(context, "noteThrow", NoteThrow, 1);
+    PutFunction(context, "thrown", Thrown, 1);
 }
 
 } // namespace

@@ -174,20 +174,23 @@ class Rewriting {
 
     Rewritten Applied() {
         std::vector<std::size_t> starts;
-        Rewritten rewritten{m_edits.Apply(starts), {}};
+        Rewritten rewritten{m_edits.Apply(starts), {}, {}};
         PlaceCounter places(m_script);
         auto token = m_tokens.begin();
         for (const std::size_t start : starts) {
             token = std::find_if(token, m_tokens.end(), [&](const Token& t) { return t.offset >= start; });
             const Place line = places.At(start);
-            rewritten.lines.push_back(line);
+            rewritten.lines.push_back({start, line});
             if (token == m_tokens.end())
                 continue;
             PlaceCounter ahead = places;
             const Place first = ahead.At(token->offset);
             if (first.line == line.line)
-                rewritten.lines.back() = first;
+                rewritten.lines.back().place = first;
         }
+        const auto conditional = std::ranges::find(m_tokens, TokenKind::Conditional, &Token::kind);
+        if (conditional != m_tokens.end())
+            rewritten.conditional = PlaceCounter(m_script).At(conditional->offset);
         return rewritten;
     }
 

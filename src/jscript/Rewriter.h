@@ -10,10 +10,12 @@
 //   - `typeof a.b` becomes `$typeof(a.b)`, since the engine takes a late-bound object for a function.
 //   - `eval(a)` becomes `eval($script(a))`: what a script makes up as it runs is rewritten too.
 //   - every statement begins a line, since lines are the only places that the engine remembers.
-// What the rewriter does not understand stays as it is.
+// What the rewriter does not understand stays as it is, but for conditional compilation: a comment that
+// switches it on would hide code, so it is reported.
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,7 +29,8 @@ using IsGlobalMember = std::function<bool(std::string_view name)>;
 
 struct Rewritten {
     std::string text;
-    std::vector<Place> lines; // where each line of the text begins in the script
+    std::vector<LineStart> lines;     // where each line of the text begins in the script
+    std::optional<Place> conditional; // where conditional compilation is asked for
 };
 
 Rewritten Rewrite(std::string_view script, const IsGlobalMember& isGlobalMember = {});

@@ -44,7 +44,7 @@ std::string Sources::SetExpression(std::string_view text) {
     return m_expression.name;
 }
 
-void Sources::SetLines(std::string_view name, std::vector<Place> lines) {
+void Sources::SetLines(std::string_view name, std::vector<LineStart> lines) {
     if (Source* const source = Find(name))
         source->lines = std::move(lines);
 }
@@ -65,8 +65,19 @@ Place Sources::PlaceOf(std::string_view name, std::int32_t line) const {
     if (source == nullptr || line < 1)
         return {};
     if (static_cast<std::size_t>(line) <= source->lines.size())
-        return source->lines[static_cast<std::size_t>(line) - 1];
+        return source->lines[static_cast<std::size_t>(line) - 1].place;
     return {line, 0};
+}
+
+std::string_view Sources::StatementAt(std::string_view name, std::int32_t line) const {
+    const Source* const source = Find(name);
+    const auto index = static_cast<std::size_t>(line) - 1;
+    if (source == nullptr || index >= source->lines.size())
+        return {};
+    const std::size_t start = source->lines[index].offset;
+    const std::size_t end =
+        index + 1 < source->lines.size() ? source->lines[index + 1].offset : source->text.size();
+    return std::string_view(source->text).substr(start, end - start);
 }
 
 std::string Sources::LineOf(std::string_view name, std::int32_t line) const {

@@ -32,6 +32,13 @@ class PlaceCounter {
     Place m_place{1, 0};
 };
 
+// Where a line that the engine was given begins: the first byte of it, and the place of its first word.
+struct LineStart {
+    std::size_t offset;
+    Place place;
+    bool operator==(const LineStart&) const = default;
+};
+
 class Sources {
   public:
     // Keeps the text of a module, or of an expression until the next one; gives it a name.
@@ -39,17 +46,19 @@ class Sources {
     std::string SetExpression(std::string_view text);
     // Where each line that the engine gets begins in the text as it was written; without this, the engine's
     // lines are the text's.
-    void SetLines(std::string_view name, std::vector<Place> lines);
+    void SetLines(std::string_view name, std::vector<LineStart> lines);
 
     bool Knows(std::string_view name) const { return Find(name) != nullptr; }
     // The place in the text as it was written of a line of the engine's; {0, 0} if unknown.
     Place PlaceOf(std::string_view name, std::int32_t line) const;
     std::string LineOf(std::string_view name, std::int32_t line) const;
+    // What the engine's line holds of the text as it was written.
+    std::string_view StatementAt(std::string_view name, std::int32_t line) const;
 
   private:
     struct Source {
         std::string name, text;
-        std::vector<Place> lines;
+        std::vector<LineStart> lines;
     };
     Source* Find(std::string_view name);
     const Source* Find(std::string_view name) const { return const_cast<Sources*>(this)->Find(name); }

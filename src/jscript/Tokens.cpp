@@ -126,7 +126,7 @@ class Tokenizer {
             if (const std::size_t end = LineEndAt(m_script, m_at))
                 m_at += end - 1;
         }
-        m_at = std::min(m_at + 1, m_script.size());
+        m_at = std::min(m_at + (Peek() == quote), m_script.size());
     }
 
     void TakeExpression() {
@@ -138,7 +138,7 @@ class Tokenizer {
             else if (Peek() == '[' || Peek() == ']')
                 inSet = Peek() == '[';
         }
-        m_at = std::min(m_at + 1, m_script.size());
+        m_at = std::min(m_at + (Peek() == '/'), m_script.size());
         while (m_at < m_script.size() && IsWordPart(Peek()))
             ++m_at;
     }

@@ -18,7 +18,7 @@
     hide(NativeFunction.prototype, 'constructor', Code);
     hide(global, 'Function', Code);
 
-    Duktape.errThrow = native.noteThrow;
+    Duktape.errThrow = native.thrown;
     ['Duktape', 'Proxy', 'Reflect', 'Symbol', 'CBOR', 'TextEncoder', 'TextDecoder', 'performance', 'globalThis',
      'ArrayBuffer', 'DataView', 'Int8Array', 'Uint8Array', 'Uint8ClampedArray', 'Int16Array', 'Uint16Array',
      'Int32Array', 'Uint32Array', 'Float32Array', 'Float64Array'].forEach(
