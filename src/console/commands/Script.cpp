@@ -12,6 +12,7 @@
 #include "adapters/files/NativePath.h"
 #include "adapters/script/ScriptControl.h"
 #include "console/Interruption.h"
+#include "console/ScriptFile.h"
 #include "console/StandardOutput.h"
 #include "console/commands/Commands.h"
 #include "platform/Conversion.h"
@@ -41,7 +42,7 @@ class ConsoleSite : public ScriptSite {
     }
 };
 
-// Stops a script that runs for too long. An engine that cannot be interrupted ends with the process.
+// Stops a script that runs for too long. Should an engine not heed that, it ends with the process.
 class Deadline {
   public:
     Deadline(ScriptHost& host, double seconds)
@@ -98,7 +99,8 @@ void RunScript(const Options& options) {
     ConsoleSite site;
     adapters::ScriptControl host(&site);
     host.SetLanguage(options.language);
-    const std::string script = ThePlatform().files().ReadAll(adapters::FromNative(options.file));
+    const std::string script =
+        ScriptText(ThePlatform().files().ReadAll(adapters::FromNative(options.file)), options.file);
     std::optional<Deadline> deadline;
     if (options.timeout > 0)
         deadline.emplace(host, options.timeout);
@@ -125,7 +127,7 @@ void AddScript(CLI::App& app, ChosenCommand& chosen) {
         ->check(CLI::IsMember({"VBScript", "JScript"}, CLI::ignore_case))
         ->capture_default_str();
     command->add_option("--timeout", options->timeout, "Seconds after which the script is stopped")
-        ->check(CLI::PositiveNumber);
+        ->check(CLI::Range(0.001, 1e6));
     command->callback([&chosen, options] {
         chosen = {"quillon-console.script", [options](ConsoleFrontEnd&) { RunScript(*options); }};
     });
