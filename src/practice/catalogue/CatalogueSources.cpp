@@ -1,6 +1,7 @@
 // The SQL functions behind the system views: lists of logins, sessions and messages as JSON, which SQLite
 // takes apart, and the number of rows of a table.
 #include "practice/catalogue/CatalogueViews.h"
+#include "practice/catalogue/Dependencies.h"
 #include "practice/storage/Catalogue.h"
 #include "practice/values/Convert.h"
 #include "practice/values/SqlError.h"
@@ -110,6 +111,17 @@ void Mentions(sqlite3_context* context, int, sqlite3_value** values) {
     sqlite3_result_int(context, MentionsName(text(0), text(1)));
 }
 
+// [database, schema, name, is changed] of each object that a module's text names.
+void References(sqlite3_context* context, int, sqlite3_value** values) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(values[0]));
+    nlohmann::json list = nlohmann::json::array();
+    if (text != nullptr)
+        for (const NamedReference& reference : NamedReferences(text))
+            list.push_back(
+                {reference.database, reference.schema, reference.name, reference.isChanged ? 1 : 0});
+    Answer(context, list.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
+}
+
 // Rows of a user table, which lies under its number; 0 for what has no rows of its own.
 void RowCount(sqlite3_context* context, int, sqlite3_value** values) {
     const std::string sql = "SELECT count(*) FROM main.t" + std::to_string(sqlite3_value_int64(values[0]));
@@ -139,6 +151,7 @@ void RegisterCatalogueSources(sqlite3* connection, const CatalogueSources& sourc
     add("quillon_server_name", 0, ServerName);
     add("unhex_bytes", 1, UnhexBytes);
     add("quillon_mentions", 2, Mentions);
+    add("quillon_references", 1, References);
     add("quillon_row_count", 1, RowCount);
 }
 

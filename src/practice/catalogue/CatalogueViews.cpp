@@ -58,19 +58,23 @@ std::string UserTypeNumber(const std::string& alias) {
            " WHEN " + alias + ".user_type_id = 256 THEN 18 ELSE 100 END";
 }
 
-// The type columns of INFORMATION_SCHEMA: name, lengths, precision, radix, scale, precision of the clock.
-std::string InformationType(const std::string& a) {
+// The type columns of INFORMATION_SCHEMA: name and lengths.
+std::string InformationTypeText(const std::string& a) {
     const std::string type = a + ".system_type_id";
-    const std::string isChar = type + " IN (35, 99, 167, 175, 231, 239)";
     const std::string isText = type + " IN (35, 99, 167, 175, 231, 239, 34, 165, 173, 241)";
     return CaseOfTypes(type, [](const TypeRow& row) { return "'" + std::string(row.name) + "'"; }) +
            ", CASE WHEN " + type + " IN (34, 35) THEN 2147483647 WHEN " + type +
            " = 99 THEN 1073741823 WHEN " + isText + " AND " + type + " IN (231, 239) AND " + a +
            ".max_length > 0 THEN " + a + ".max_length / 2 WHEN " + isText + " THEN " + a +
            ".max_length END, CASE WHEN " + type + " IN (34, 35) THEN 2147483647 WHEN " + type +
-           " = 99 THEN 2147483646 WHEN " + isText + " THEN " + a + ".max_length END, CASE WHEN " + type +
-           " IN (48, 52, 56, 59, 60, 62, 106, 108, 122, 127) THEN " + a + ".precision END, CASE WHEN " +
-           type + " IN (59, 62) THEN 2 WHEN " + type +
+           " = 99 THEN 2147483646 WHEN " + isText + " THEN " + a + ".max_length END";
+}
+
+// Its columns for numbers and clocks: precision, radix, scale, precision of the clock.
+std::string InformationTypeNumber(const std::string& a) {
+    const std::string type = a + ".system_type_id";
+    return "CASE WHEN " + type + " IN (48, 52, 56, 59, 60, 62, 106, 108, 122, 127) THEN " + a +
+           ".precision END, CASE WHEN " + type + " IN (59, 62) THEN 2 WHEN " + type +
            " IN (48, 52, 56, 60, 106, 108, 122, 127) THEN 10 END, CASE WHEN " + type +
            " IN (48, 52, 56, 60, 106, 108, 122, 127) THEN " + a + ".scale END, CASE WHEN " + type +
            " IN (40, 58) THEN 0 WHEN " + type + " IN (41, 42, 43, 61) THEN " + a + ".scale END";
@@ -106,6 +110,17 @@ std::string OdbcType(const std::string& a) {
            " IN (59, 62) THEN 10 END";
 }
 
+// The sixteen columns of a foreign key that the older catalogue has room for, 0 where there are fewer.
+std::string ForeignKeyColumns(const std::string& column) {
+    std::string text;
+    for (int number = 1; number <= 16; ++number)
+        text += (number > 1 ? ", " : "") + std::string("coalesce((SELECT c.") + column +
+                " FROM q_foreign_key_column c WHERE c.constraint_object_id = f.object_id AND "
+                "c.constraint_column_id = " +
+                std::to_string(number) + "), 0)";
+    return text;
+}
+
 std::string Option(const std::string& name) {
     return "(SELECT x.value FROM q_database_option x WHERE x.database_id = d.database_id AND x.name = '" +
            name + "')";
@@ -130,11 +145,28 @@ std::string Expand(const std::string& fragment) {
     if (key == "int") // the stored form of a variant that holds an int
         return "'" + std::string(1, static_cast<char>('A' + static_cast<int>(TypeId::Int))) +
                "10,0,0,;' || " + argument;
+    if (key == "references")
+        return "WITH r(id, in_database, in_schema, name, is_changed, target) AS (SELECT m.object_id, "
+               "nullif(json_extract(n.value, '$[0]'), ''), nullif(json_extract(n.value, '$[1]'), ''), "
+               "json_extract(n.value, '$[2]'), json_extract(n.value, '$[3]'), "
+               "(SELECT t.object_id FROM q_object t JOIN q_schema s ON s.database_id = t.database_id AND "
+               "s.schema_id = t.schema_id WHERE t.database_id = o.database_id AND t.type IN ('U', 'V', 'P', "
+               "'FN', 'IF', 'TF', 'SN') AND json_extract(n.value, '$[0]') = '' AND t.name = "
+               "json_extract(n.value, '$[2]') COLLATE CI_AS AND s.name = "
+               "coalesce(nullif(json_extract(n.value, '$[1]'), ''), 'dbo') COLLATE CI_AS) "
+               "FROM q_module m JOIN q_object o ON o.object_id = m.object_id AND o.database_id = {db} "
+               "JOIN json_each(quillon_references(m.definition)) n)";
+    if (key == "keys")
+        return ForeignKeyColumns(argument);
     if (key == "scope")
         return "JOIN q_database d ON d.database_id = o.database_id "
                "JOIN q_schema s ON s.database_id = o.database_id AND s.schema_id = o.schema_id";
+    if (key == "type_text")
+        return InformationTypeText(argument);
+    if (key == "type_number")
+        return InformationTypeNumber(argument);
     if (key == "type")
-        return InformationType(argument);
+        return InformationTypeText(argument) + ", " + InformationTypeNumber(argument);
     if (key == "odbc")
         return OdbcType(argument);
     if (key == "prec")
@@ -269,7 +301,7 @@ class Views final : public SystemViews {
   public:
     Views() {
         for (const auto part : {ObjectViews(), ConstraintViews(), SecurityViews(), ServerViews(),
-                                LegacyViews(), LegacyServerViews(), InformationViews()})
+                                SessionViews(), LegacyViews(), LegacyServerViews(), InformationViews()})
             for (const ViewDefinition& definition : part)
                 Add(definition);
         static const TypeViews types = MakeTypeViews();

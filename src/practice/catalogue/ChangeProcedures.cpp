@@ -112,9 +112,29 @@ EXEC sys.q_refuse 'sp_dboption'
 )"},
     {"sp_addextendedproperty",
      R"(CREATE PROCEDURE sys.sp_addextendedproperty @name sysname, @value sql_variant = NULL,
-    @level0type varchar(128) = NULL, @level0name sysname = NULL, @level1type varchar(128) = NULL,
-    @level1name sysname = NULL, @level2type varchar(128) = NULL, @level2name sysname = NULL AS
-EXEC sys.q_refuse 'sp_addextendedproperty'
+    @level0type varchar(128) = NULL,
+    @level0name sysname = NULL, @level1type varchar(128) = NULL, @level1name sysname = NULL,
+    @level2type varchar(128) = NULL, @level2name sysname = NULL AS
+SET NOCOUNT ON
+EXEC sys.q_property 'add', @name, @value, @level0type, @level0name, @level1type, @level1name, @level2type, @level2name
+RETURN 0
+)"},
+    {"sp_updateextendedproperty",
+     R"(CREATE PROCEDURE sys.sp_updateextendedproperty @name sysname, @value sql_variant = NULL,
+    @level0type varchar(128) = NULL,
+    @level0name sysname = NULL, @level1type varchar(128) = NULL, @level1name sysname = NULL,
+    @level2type varchar(128) = NULL, @level2name sysname = NULL AS
+SET NOCOUNT ON
+EXEC sys.q_property 'update', @name, @value, @level0type, @level0name, @level1type, @level1name, @level2type, @level2name
+RETURN 0
+)"},
+    {"sp_dropextendedproperty",
+     R"(CREATE PROCEDURE sys.sp_dropextendedproperty @name sysname, @level0type varchar(128) = NULL,
+    @level0name sysname = NULL, @level1type varchar(128) = NULL, @level1name sysname = NULL,
+    @level2type varchar(128) = NULL, @level2name sysname = NULL AS
+SET NOCOUNT ON
+EXEC sys.q_property 'drop', @name, NULL, @level0type, @level0name, @level1type, @level1name, @level2type, @level2name
+RETURN 0
 )"},
     {"sp_addmessage", R"(CREATE PROCEDURE sys.sp_addmessage @msgnum int = NULL, @severity smallint = NULL,
     @msgtext nvarchar(255) = NULL, @lang sysname = NULL, @with_log varchar(5) = 'FALSE', @replace varchar(7) = NULL AS

@@ -11,6 +11,12 @@ namespace {
     "!is_published bit, "                                                                                    \
     "!is_schema_published bit"
 
+// The indexes of each table, and its heap where none is clustered.
+#define PARTITIONS                                                                                           \
+    "JOIN (SELECT object_id, index_id FROM q_index UNION ALL SELECT h.object_id, 0 FROM q_object h "         \
+    "WHERE h.type = 'U' AND NOT EXISTS (SELECT 1 FROM q_index i WHERE i.object_id = h.object_id AND "        \
+    "i.is_clustered = 1)) k ON k.object_id = o.object_id"
+
 constexpr const char* eventSelect =
     "SELECT e.object_id, e.type, CASE e.type WHEN 1 THEN 'INSERT' WHEN 2 THEN 'UPDATE' ELSE 'DELETE' END, 1, "
     "e.is_first, "
@@ -28,13 +34,16 @@ constexpr ViewDefinition rows[] = {
      "tinyint, "
      "is_padded bit, is_disabled bit, is_hypothetical bit, allow_row_locks bit, allow_page_locks bit, "
      "has_filter bit, "
-     "filter_definition nvarchar(max)",
+     "filter_definition nvarchar(max), compression_delay int, suppress_dup_key_messages bit, auto_created "
+     "bit, "
+     "optimize_for_sequential_key bit",
      "SELECT i.object_id, i.name, i.index_id, CASE WHEN i.is_clustered THEN 1 ELSE 2 END, "
      "CASE WHEN i.is_clustered THEN 'CLUSTERED' ELSE 'NONCLUSTERED' END, i.is_unique, 1, i.ignore_dup_key, "
      "i.is_primary_key, i.is_unique_constraint, i.fill_factor, 0, i.is_disabled, 0, 1, 1, "
-     "i.filter_definition IS NOT NULL, i.filter_definition "
+     "i.filter_definition IS NOT NULL, i.filter_definition, NULL, 0, 0, 0 "
      "FROM q_index i JOIN q_object o ON o.object_id = i.object_id WHERE o.database_id = {db} "
-     "UNION ALL SELECT o.object_id, NULL, 0, 0, 'HEAP', 0, 1, 0, 0, 0, 0, 0, 0, 0, 1, 1, 0, NULL FROM "
+     "UNION ALL SELECT o.object_id, NULL, 0, 0, 'HEAP', 0, 1, 0, 0, 0, 0, 0, 0, 0, 1, 1, 0, NULL, NULL, 0, "
+     "0, 0 FROM "
      "q_object o "
      "WHERE o.database_id = {db} AND o.type IN ('U', 'TT') "
      "AND NOT EXISTS (SELECT 1 FROM q_index i WHERE i.object_id = o.object_id AND i.is_clustered = 1)"},
@@ -44,8 +53,9 @@ constexpr ViewDefinition rows[] = {
      "SELECT k.object_id, k.index_id, k.index_column_id, k.column_id, k.key_ordinal, 0, k.is_descending_key, "
      "k.is_included_column FROM q_index_column k JOIN q_object o ON o.object_id = k.object_id "
      "WHERE o.database_id = {db}"},
-    {"sys", "key_constraints", OBJECT_COLUMNS ", unique_index_id int, !is_system_named bit",
-     "SELECT {object:o}, i.index_id, o.is_system_named FROM q_object o JOIN q_index i ON i.constraint_id = "
+    {"sys", "key_constraints", OBJECT_COLUMNS ", unique_index_id int, !is_system_named bit, is_enforced bit",
+     "SELECT {object:o}, i.index_id, o.is_system_named, 1 FROM q_object o JOIN q_index i ON i.constraint_id "
+     "= "
      "o.object_id "
      "WHERE o.database_id = {db} AND o.type IN ('PK', 'UQ')"},
     {"sys", "foreign_keys",
@@ -91,11 +101,31 @@ constexpr ViewDefinition rows[] = {
      "bigint, "
      "data_compression tinyint, data_compression_desc nvarchar(60)",
      "SELECT o.object_id * 256 + k.index_id, o.object_id, k.index_id, 1, o.object_id * 256 + k.index_id, "
-     "quillon_row_count(o.object_id), 0, 'NONE' FROM q_object o JOIN (SELECT object_id, index_id FROM "
-     "q_index "
-     "UNION ALL SELECT h.object_id, 0 FROM q_object h WHERE h.type = 'U' AND NOT EXISTS "
-     "(SELECT 1 FROM q_index i WHERE i.object_id = h.object_id AND i.is_clustered = 1)) k "
-     "ON k.object_id = o.object_id WHERE o.database_id = {db} AND o.type = 'U'"},
+     "quillon_row_count(o.object_id), 0, 'NONE' FROM q_object o " PARTITIONS
+     " WHERE o.database_id = {db} AND o.type = 'U'"},
+    {"sys", "stats",
+     "!object_id int, name sysname, !stats_id int, auto_created bit, user_created bit, no_recompute bit, "
+     "has_filter bit, "
+     "filter_definition nvarchar(max), is_temporary bit, is_incremental bit, has_persisted_sample bit, "
+     "stats_generation_method int, stats_generation_method_desc varchar(80)",
+     "SELECT i.object_id, i.name, i.index_id, 0, 0, 0, i.filter_definition IS NOT NULL, i.filter_definition, "
+     "0, 0, 0, "
+     "0, 'Sort based statistics' FROM q_index i JOIN q_object o ON o.object_id = i.object_id "
+     "WHERE o.database_id = {db} AND o.type = 'U'"},
+    {"sys", "stats_columns", "!object_id int, !stats_id int, !stats_column_id int, !column_id int",
+     "SELECT k.object_id, k.index_id, k.key_ordinal, k.column_id FROM q_index_column k "
+     "JOIN q_object o ON o.object_id = k.object_id WHERE o.database_id = {db} AND o.type = 'U' AND "
+     "k.is_included_column = 0"},
+    {"sys", "dm_db_partition_stats",
+     "!partition_id bigint, !object_id int, !index_id int, !partition_number int, !in_row_data_page_count "
+     "bigint, "
+     "!in_row_used_page_count bigint, !in_row_reserved_page_count bigint, !lob_used_page_count bigint, "
+     "!lob_reserved_page_count bigint, !row_overflow_used_page_count bigint, "
+     "!row_overflow_reserved_page_count bigint, !used_page_count bigint, !reserved_page_count bigint, "
+     "!row_count bigint",
+     "SELECT o.object_id * 256 + k.index_id, o.object_id, k.index_id, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, "
+     "quillon_row_count(o.object_id) FROM q_object o " PARTITIONS
+     " WHERE o.database_id = {db} AND o.type = 'U'"},
 };
 
 } // namespace

@@ -213,9 +213,6 @@ SELECT SPID = CONVERT(char(5), spid), Status = status, Login = loginame, HostNam
     LastBatch = CONVERT(varchar(20), last_batch, 120), ProgramName = program_name, SPID2 = CONVERT(char(5), spid)
 FROM sysprocesses WHERE @loginame IS NULL OR loginame = @loginame ORDER BY spid
 )"},
-    {"sp_depends", R"(CREATE PROCEDURE sys.sp_depends @objname nvarchar(776) AS
-EXEC sys.q_refuse 'sp_depends'
-)"},
 };
 
 } // namespace

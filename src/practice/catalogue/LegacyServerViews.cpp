@@ -35,12 +35,15 @@ constexpr ViewDefinition rows[] = {
      "!sid binary(86), !hostname nchar(128), !program_name nchar(128), !hostprocess nchar(10), !cmd "
      "nchar(16), "
      "!nt_domain nchar(128), !nt_username nchar(128), !net_address nchar(12), !net_library nchar(12), "
-     "!loginame nchar(128)",
+     "!loginame nchar(128), !context_info binary(128), !sql_handle binary(20), !stmt_start int, !stmt_end "
+     "int, "
+     "!request_id int, page_resource binary(8)",
      "SELECT {session:id}, 0, {session:blocked}, x'0000', 0, '', '', "
      "coalesce((SELECT d.database_id FROM q_database d WHERE d.name = {session:database}), 1), 1, 0, 0, 0, "
      "{session:login_time}, {session:login_time}, 0, {session:transactions}, {session:status}, x'01', "
      "{session:host}, "
-     "{session:program}, {session:process}, 'AWAITING COMMAND', '', '', '', 'TCP/IP', {session:login} "
+     "{session:program}, {session:process}, 'AWAITING COMMAND', '', '', '', 'TCP/IP', {session:login}, "
+     "zeroblob(128), zeroblob(20), 0, 0, 0, NULL "
      "FROM json_each(quillon_sessions())"},
     {"dbo", "sysmessages",
      "!error int, severity tinyint, dlevel smallint, description nvarchar(255), !msglangid smallint",

@@ -87,19 +87,25 @@ constexpr ViewDefinition rows[] = {
     {"dbo", "sysindexes",
      "!id int, !status int, first binary(6), !indid smallint, root binary(6), !minlen smallint, !keycnt "
      "smallint, "
-     "!groupid smallint, !dpages int, !reserved int, !used int, !rowcnt bigint, !rowmodctr int, !xmaxlen "
-     "smallint, "
-     "!maxirow smallint, !OrigFillFactor tinyint, !StatVersion tinyint, name sysname, rows int",
+     "!groupid smallint, !dpages int, !reserved int, !used int, !rowcnt bigint, !rowmodctr int, !reserved3 "
+     "tinyint, "
+     "!reserved4 tinyint, !xmaxlen smallint, !maxirow smallint, !OrigFillFactor tinyint, !StatVersion "
+     "tinyint, "
+     "!reserved2 int, FirstIAM binary(6), !impid smallint, !lockflags smallint, !pgmodctr int, keys "
+     "varbinary(1088), "
+     "name sysname, statblob image, !maxlen int, rows int",
      "SELECT i.object_id, 2 * i.is_unique + 16 * i.is_clustered + 2048 * i.is_primary_key + "
      "4096 * i.is_unique_constraint + i.ignore_dup_key, NULL, i.index_id, NULL, 0, "
      "(SELECT count(*) FROM q_index_column k WHERE k.object_id = i.object_id AND k.index_id = i.index_id AND "
-     "k.is_included_column = 0), 1, 1, 1, 1, quillon_row_count(i.object_id), 0, 0, 0, i.fill_factor, 0, "
-     "i.name, "
-     "quillon_row_count(i.object_id) FROM q_index i JOIN q_object o ON o.object_id = i.object_id "
+     "k.is_included_column = 0), 1, 1, 1, 1, quillon_row_count(i.object_id), 0, 0, 0, 0, 0, i.fill_factor, "
+     "0, "
+     "0, NULL, 0, 0, 0, NULL, i.name, NULL, 8000, quillon_row_count(i.object_id) FROM q_index i JOIN "
+     "q_object o ON o.object_id = i.object_id "
      "WHERE o.database_id = {db} AND o.type = 'U' UNION ALL "
      "SELECT o.object_id, 0, NULL, 0, NULL, 0, 0, 1, 1, 1, 1, quillon_row_count(o.object_id), 0, 0, 0, 0, 0, "
-     "NULL, "
-     "quillon_row_count(o.object_id) FROM q_object o WHERE o.database_id = {db} AND o.type = 'U' AND NOT "
+     "0, "
+     "0, 0, NULL, 0, 0, 0, NULL, NULL, NULL, 8000, quillon_row_count(o.object_id) FROM q_object o WHERE "
+     "o.database_id = {db} AND o.type = 'U' AND NOT "
      "EXISTS "
      "(SELECT 1 FROM q_index i WHERE i.object_id = o.object_id AND i.is_clustered = 1)"},
     {"dbo", "sysindexkeys", "!id int, !indid smallint, !colid smallint, !keyno smallint",
@@ -110,10 +116,19 @@ constexpr ViewDefinition rows[] = {
      "SELECT f.constraint_object_id, f.parent_object_id, f.referenced_object_id, f.parent_column_id, "
      "f.referenced_column_id, f.constraint_column_id FROM q_foreign_key_column f "
      "JOIN q_object o ON o.object_id = f.constraint_object_id WHERE o.database_id = {db}"},
-    {"dbo", "sysreferences", "!constid int, !fkeyid int, !rkeyid int, !rkeyindid smallint, !keycnt smallint",
-     "SELECT f.object_id, f.parent_object_id, f.referenced_object_id, f.key_index_id, "
-     "(SELECT count(*) FROM q_foreign_key_column c WHERE c.constraint_object_id = f.object_id) "
-     "FROM q_foreign_key f JOIN q_object o ON o.object_id = f.object_id WHERE o.database_id = {db}"},
+    {"dbo", "sysreferences",
+     "!constid int, !fkeyid int, !rkeyid int, !rkeyindid smallint, !keycnt smallint, forkeys "
+     "varbinary(32), refkeys varbinary(32), !fkeydbid smallint, !rkeydbid smallint, !fkey1 smallint, "
+     "!fkey2 smallint, !fkey3 smallint, !fkey4 smallint, !fkey5 smallint, !fkey6 smallint, !fkey7 "
+     "smallint, !fkey8 smallint, !fkey9 smallint, !fkey10 smallint, !fkey11 smallint, !fkey12 "
+     "smallint, !fkey13 smallint, !fkey14 smallint, !fkey15 smallint, !fkey16 smallint, !rkey1 "
+     "smallint, !rkey2 smallint, !rkey3 smallint, !rkey4 smallint, !rkey5 smallint, !rkey6 smallint, "
+     "!rkey7 smallint, !rkey8 smallint, !rkey9 smallint, !rkey10 smallint, !rkey11 smallint, !rkey12 "
+     "smallint, !rkey13 smallint, !rkey14 smallint, !rkey15 smallint, !rkey16 smallint",
+     "SELECT f.object_id, f.parent_object_id, f.referenced_object_id, f.key_index_id, (SELECT "
+     "count(*) FROM q_foreign_key_column c WHERE c.constraint_object_id = f.object_id), NULL, NULL, "
+     "{db}, {db}, {keys:parent_column_id}, {keys:referenced_column_id} FROM q_foreign_key f JOIN "
+     "q_object o ON o.object_id = f.object_id WHERE o.database_id = {db}"},
     {"dbo", "sysconstraints",
      "!constid int, !id int, !colid smallint, spare1 tinyint, status int, actions int, error int",
      "SELECT o.object_id, o.parent_object_id, coalesce((SELECT d.parent_column_id FROM q_default d "
@@ -123,8 +138,10 @@ constexpr ViewDefinition rows[] = {
      "FROM q_object o WHERE o.database_id = {db} AND o.parent_object_id <> 0 AND o.type IN ('PK', 'UQ', 'F', "
      "'C', 'D')"},
     {"dbo", "sysdepends",
-     "!id int, !depid int, !number smallint, !depnumber smallint, !status smallint, !deptype tinyint",
-     "SELECT 0, 0, 0, 0, 0, 0 WHERE 0"},
+     "!id int, !depid int, !number smallint, !depnumber smallint, !status smallint, !deptype tinyint, "
+     "!depdbid smallint, !depsiteid smallint, !selall bit, !resultobj bit, !readobj bit",
+     "{references} SELECT id, target, 0, 0, 0, 0, 0, 0, 0, is_changed, NOT is_changed FROM r WHERE target IS "
+     "NOT NULL"},
     {"dbo", "sysfiles",
      "!fileid smallint, !groupid smallint, !size int, !maxsize int, !growth int, !status int, !perf int, "
      "!name sysname, "

@@ -1,7 +1,7 @@
 // What the procedures of the system do beneath Transact-SQL: renaming, the order of triggers, binding of
 // defaults and rules, what runs when the server starts.
 #include "practice/catalogue/LockProcedures.h"
-#include "practice/catalogue/SystemProcedures.h"
+#include "practice/catalogue/NativeParts.h"
 #include "practice/functions/NameParts.h"
 #include "practice/values/Convert.h"
 #include "practice/values/SqlError.h"
@@ -10,19 +10,19 @@
 
 namespace quillon::practice {
 
-namespace {
-
-std::string TextOf(std::span<const Datum> arguments, std::size_t index) {
+std::string TextArgument(std::span<const Datum> arguments, std::size_t index) {
     return index < arguments.size() && !arguments[index].IsNull()
                ? Convert(arguments[index], TextType(TypeId::NVarChar, maxLength)).Text()
                : std::string();
 }
 
+namespace {
+
 // q_raise number, parameters: a message of the table, thrown when it is an error.
 int Raise(NativeHost& host, std::span<const Datum> arguments) {
     const auto number = static_cast<int>(Convert(arguments[0], SimpleType(TypeId::Int)).Integer());
-    const std::string first = TextOf(arguments, 1), second = TextOf(arguments, 2),
-                      third = TextOf(arguments, 3);
+    const std::string first = TextArgument(arguments, 1), second = TextArgument(arguments, 2),
+                      third = TextArgument(arguments, 3);
     const MessageRow* row = FindMessage(number);
     if (row == nullptr || row->severity > 10)
         throw SqlError(number, {first, second, third});
@@ -31,7 +31,7 @@ int Raise(NativeHost& host, std::span<const Datum> arguments) {
 }
 
 int Refuse(NativeHost&, std::span<const Datum> arguments) {
-    throw SqlError::NotSupported(TextOf(arguments, 0));
+    throw SqlError::NotSupported(TextArgument(arguments, 0));
 }
 
 // A name of up to three parts that stands for an object of the current database, with a column or index
@@ -201,8 +201,8 @@ int RenameObject(NativeHost& host, const std::string& name, const std::string& n
 
 // q_rename object, new name, kind: COLUMN, INDEX, OBJECT, USERDATATYPE, or nothing for an object.
 int Rename(NativeHost& host, std::span<const Datum> arguments) {
-    const std::string name = TextOf(arguments, 0), newName = TextOf(arguments, 1),
-                      type = TextOf(arguments, 2);
+    const std::string name = TextArgument(arguments, 0), newName = TextArgument(arguments, 1),
+                      type = TextArgument(arguments, 2);
     if (name.empty() || newName.empty())
         throw SqlError(15223, {name.empty() ? "@objname" : "@newname"});
     if (SameName(type, "COLUMN"))
@@ -255,16 +255,16 @@ void RequireFreeOrder(NativeHost& host, const Trigger& trigger, TriggerEvent eve
 
 // q_settriggerorder trigger, order, statement
 int SetTriggerOrder(NativeHost& host, std::span<const Datum> arguments) {
-    const std::string name = TextOf(arguments, 0);
-    const TriggerOrder order = OrderOf(TextOf(arguments, 1));
-    const TriggerEvent event = EventOf(TextOf(arguments, 2));
+    const std::string name = TextArgument(arguments, 0);
+    const TriggerOrder order = OrderOf(TextArgument(arguments, 1));
+    const TriggerEvent event = EventOf(TextArgument(arguments, 2));
     const auto trigger = CopyOf<Trigger>(FindTarget(host, name, false).object);
     if (!trigger)
         throw SqlError(15126, {name});
     if (trigger->insteadOf)
         throw SqlError(15133, {name});
     if (trigger->For(event) == nullptr)
-        throw SqlError(15125, {name, TextOf(arguments, 2)});
+        throw SqlError(15125, {name, TextArgument(arguments, 2)});
     RequireFreeOrder(host, *trigger, event, order);
     for (TriggerFor& entry : trigger->events)
         if (entry.event == event)
@@ -275,8 +275,8 @@ int SetTriggerOrder(NativeHost& host, std::span<const Datum> arguments) {
 
 // q_bind default or rule (nothing to unbind), table.column, D or R
 int Bind(NativeHost& host, std::span<const Datum> arguments) {
-    const bool isDefault = TextOf(arguments, 2) == "D";
-    const std::string name = TextOf(arguments, 0), columnName = TextOf(arguments, 1);
+    const bool isDefault = TextArgument(arguments, 2) == "D";
+    const std::string name = TextArgument(arguments, 0), columnName = TextArgument(arguments, 1);
     ObjectId bound = 0;
     if (!name.empty()) {
         const auto object = FindTarget(host, name, false).object;
@@ -297,7 +297,7 @@ int Bind(NativeHost& host, std::span<const Datum> arguments) {
 
 // q_startup procedure, 0 or 1
 int SetStartup(NativeHost& host, std::span<const Datum> arguments) {
-    const std::string name = TextOf(arguments, 0);
+    const std::string name = TextArgument(arguments, 0);
     const auto procedure = CopyOf<Module>(FindTarget(host, name, false).object);
     if (!procedure || procedure->kind != ObjectKind::Procedure)
         throw SqlError(15165, {name});
@@ -319,6 +319,7 @@ constexpr Native natives[] = {
     {"q_startup", SetStartup},
     {"q_getapplock", TakeApplicationLock, false},
     {"q_releaseapplock", ReleaseApplicationLock, false},
+    {"q_property", ChangeProperty},
 };
 
 } // namespace

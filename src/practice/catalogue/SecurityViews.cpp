@@ -54,11 +54,11 @@ constexpr ViewDefinition rows[] = {
      "!name sysname, !principal_id int, sid varbinary(85), !type char(1), type_desc nvarchar(60), "
      "is_disabled bit, "
      "!create_date datetime, !modify_date datetime, default_database_name sysname, default_language_name "
-     "sysname, "
-     "is_policy_checked bit, is_expiration_checked bit",
+     "sysname, credential_id int, is_policy_checked bit, is_expiration_checked bit, password_hash "
+     "varbinary(256)",
      "SELECT {login:name}, {login:id}, {sid}, 'S', 'SQL_LOGIN', {login:disabled}, {login:created}, "
      "{login:modified}, "
-     "{login:database}, {login:language}, 0, 0 FROM json_each(quillon_logins())"},
+     "{login:database}, {login:language}, NULL, 0, 0, NULL FROM json_each(quillon_logins())"},
     {"sys", "server_role_members", "!role_principal_id int, !member_principal_id int",
      "SELECT 3, {login:id} FROM json_each(quillon_logins()) WHERE {login:administrator}"},
 };

@@ -8,8 +8,8 @@ namespace quillon::practice {
 std::span<const SystemProcedure> AllSystemProcedures() {
     static const std::vector<SystemProcedure> all = [] {
         std::vector<SystemProcedure> list;
-        for (const auto part : {DriverProcedures(), HelpProcedures(), SecurityProcedures(),
-                                ChangeProcedures(), LockProcedures()})
+        for (const auto part : {DriverProcedures(), TypeProcedures(), ServerProcedures(), HelpProcedures(),
+                                SecurityProcedures(), ChangeProcedures(), LockProcedures()})
             list.insert(list.end(), part.begin(), part.end());
         return list;
     }();

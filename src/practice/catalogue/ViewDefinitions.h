@@ -6,6 +6,8 @@
 //   {object:o}      the columns that all views over sys.objects begin with, of alias o of q_object
 //   {action:x}      the name of a referential action
 //   {int:x}         x as an int in an sql_variant
+//   {references}    the references of modules: WITH r(id, in_database, in_schema, name, is_changed, target)
+//   {keys:x}        column x of q_foreign_key_column for each of sixteen columns of foreign key f
 #pragma once
 
 #include <span>
@@ -23,7 +25,8 @@ struct ViewDefinition {
 std::span<const ViewDefinition> ObjectViews();       // objects, tables, views, columns, types, modules
 std::span<const ViewDefinition> ConstraintViews();   // keys, indexes, constraints, triggers
 std::span<const ViewDefinition> SecurityViews();     // principals, permissions, schemas
-std::span<const ViewDefinition> ServerViews();       // databases, logins, sessions, files, messages
+std::span<const ViewDefinition> ServerViews();       // databases, servers, files, messages
+std::span<const ViewDefinition> SessionViews();      // sessions, connections, requests
 std::span<const ViewDefinition> LegacyViews();       // sysobjects, syscolumns and the like
 std::span<const ViewDefinition> LegacyServerViews(); // sysdatabases, syslogins, sysprocesses
 std::span<const ViewDefinition> InformationViews();  // INFORMATION_SCHEMA

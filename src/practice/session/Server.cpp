@@ -43,6 +43,7 @@ class Server : public SqlServer {
     explicit Server(const ServerOptions& options)
         : m_store(StoreOptions{options.dataFolder, options.ephemeral})
         , m_parts{m_store, *options.accounts, "PRACTICE", {}} {
+        m_parts.sources.serverName = m_parts.name;
         m_parts.sources.logins = [this] { return Logins(); };
         m_parts.sources.sessions = [this] { return Sessions(); };
         m_parts.sources.locks = [this] { return m_store.AllLocks().List(); };

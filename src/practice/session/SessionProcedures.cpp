@@ -107,16 +107,22 @@ const ProcedureRow kProcedures[] = {
 
 // What the documentation has and this server has not, so that nobody looks for a slip of the pen.
 constexpr std::string_view kMissing[] = {
-    "sp_addlinkedserver", "sp_addtype",           "sp_attach_db",         "sp_autostats",
-    "sp_changedbowner",   "sp_changeobjectowner", "sp_column_privileges", "sp_createstats",
-    "sp_cycle_errorlog",  "sp_datatype_info",     "sp_dbcmptlevel",       "sp_describe_first_result_set",
-    "sp_detach_db",       "sp_droptype",          "sp_helpfile",          "sp_helpfilegroup",
-    "sp_helplanguage",    "sp_helprotect",        "sp_helpserver",        "sp_helpsort",
-    "sp_indexoption",     "sp_monitor",           "sp_msforeachdb",       "sp_msforeachtable",
-    "sp_oacreate",        "sp_readerrorlog",      "sp_refreshsqlmodule",  "sp_send_dbmail",
-    "sp_serveroption",    "sp_sproc_columns",     "sp_table_privileges",  "sp_tableoption",
-    "sp_updatestats",     "sp_validname",         "xp_fixeddrives",       "xp_logevent",
-    "xp_msver",           "xp_regread",           "xp_sendmail",          "xp_sprintf",
+    "sp_addlinkedserver", "sp_addtype",
+    "sp_attach_db",       "sp_autostats",
+    "sp_changedbowner",   "sp_changeobjectowner",
+    "sp_createstats",     "sp_cycle_errorlog",
+    "sp_dbcmptlevel",     "sp_describe_first_result_set",
+    "sp_detach_db",       "sp_droptype",
+    "sp_helpfilegroup",   "sp_helplanguage",
+    "sp_helprotect",      "sp_helpserver",
+    "sp_helpsort",        "sp_indexoption",
+    "sp_monitor",         "sp_oacreate",
+    "sp_readerrorlog",    "sp_refreshsqlmodule",
+    "sp_send_dbmail",     "sp_serveroption",
+    "sp_tableoption",     "sp_updatestats",
+    "xp_fixeddrives",     "xp_logevent",
+    "xp_regread",         "xp_sendmail",
+    "xp_sprintf",
 };
 
 } // namespace

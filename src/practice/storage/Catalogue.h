@@ -39,6 +39,7 @@ struct Database {
     std::map<SchemaId, Schema> schemas;
     std::map<PrincipalId, Principal> principals;
     std::vector<Permission> permissions;
+    std::vector<ExtendedProperty> properties;
     PersistentMap<ObjectId, std::shared_ptr<const SchemaObject>> objects; // constraints are in their tables
     PersistentMap<std::pair<SchemaId, std::string>, NamedObject> names;   // folded; constraints too
 
@@ -93,7 +94,8 @@ class CatalogueEditor {
     CatalogueEditor(std::shared_ptr<const Catalogue> before, std::uint64_t version);
 
     const Catalogue& Now() const { return *m_next; }
-    Database& EditDatabase(DatabaseId id); // header, schemas, principals, permissions; not objects
+    Database&
+    EditDatabase(DatabaseId id); // header, schemas, principals, permissions, properties; not objects
     void AddDatabase(Database database);
     void RenameDatabase(DatabaseId id, const std::string& name);
     void DropDatabase(DatabaseId id);

@@ -21,6 +21,8 @@ constexpr const char* tables[] = {
     "q_role_member(database_id INTEGER, role_principal_id INTEGER, member_principal_id INTEGER)",
     "q_permission(database_id INTEGER, class INTEGER, major_id INTEGER, minor_id INTEGER,"
     " grantee_principal_id INTEGER, grantor_principal_id INTEGER, permission_name TEXT, state TEXT)",
+    "q_extended_property(database_id INTEGER, class INTEGER, major_id INTEGER, minor_id INTEGER, name TEXT,"
+    " value BLOB)",
     "q_object(object_id INTEGER PRIMARY KEY, database_id INTEGER, schema_id INTEGER, parent_object_id "
     "INTEGER,"
     " name TEXT, type TEXT, create_date INTEGER, modify_date INTEGER, is_ms_shipped INTEGER,"

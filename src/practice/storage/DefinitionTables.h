@@ -17,6 +17,7 @@ namespace quillon::practice {
 //   q_principal(database_id, principal_id, name, type, login, sid, default_schema_name, is_fixed_role,
 //               create_date, modify_date)
 //   q_role_member(database_id, role_principal_id, member_principal_id)
+//   q_extended_property(database_id, class, major_id, minor_id, name, value)
 //   q_permission(database_id, class, major_id, minor_id, grantee_principal_id, grantor_principal_id,
 //                permission_name, state)
 //   q_object(object_id, database_id, schema_id, parent_object_id, name, type, create_date, modify_date,

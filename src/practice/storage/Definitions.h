@@ -271,4 +271,14 @@ struct Permission {
     char state = 'G';       // D deny, G grant, W grant with grant option
 };
 
+// What sp_addextendedproperty hangs on a database, a schema, an object or a part of one. It outlives what it
+// hangs on, whose number nothing else will have, but is not shown any more.
+struct ExtendedProperty {
+    int securableClass = 0; // 0 database, 1 object or column, 2 parameter, 3 schema, 6 type, 7 index
+    ObjectId major = 0;
+    int minor = 0; // id of the column, parameter or index
+    std::string name;
+    std::string value; // the stored form of a sql_variant; empty: NULL
+};
+
 } // namespace quillon::practice

@@ -127,6 +127,13 @@ void Loader::LoadPrincipals() {
                 {static_cast<int>(rights.Integer(1)), static_cast<ObjectId>(rights.Integer(2)),
                  static_cast<int>(rights.Integer(3)), static_cast<PrincipalId>(rights.Integer(4)),
                  static_cast<PrincipalId>(rights.Integer(5)), rights.Text(6), rights.Text(7).at(0)});
+    Prepared properties =
+        Select("SELECT database_id, class, major_id, minor_id, name, value FROM q_extended_property");
+    while (properties.Step())
+        m_databases.at(static_cast<DatabaseId>(properties.Integer(0)))
+            .properties.push_back(
+                {static_cast<int>(properties.Integer(1)), static_cast<ObjectId>(properties.Integer(2)),
+                 static_cast<int>(properties.Integer(3)), properties.Text(4), properties.Text(5)});
 }
 
 std::shared_ptr<SchemaObject> Loader::NewObject(const std::string& type) {

@@ -242,8 +242,8 @@ void DefinitionSaver::Saver::SaveText(ObjectId id, const std::string& definition
 }
 
 void DefinitionSaver::Saver::DeleteDatabase(DatabaseId id) {
-    for (const char* table :
-         {"q_database", "q_database_option", "q_schema", "q_principal", "q_role_member", "q_permission"})
+    for (const char* table : {"q_database", "q_database_option", "q_schema", "q_principal", "q_role_member",
+                              "q_permission", "q_extended_property"})
         RunFor(std::string("DELETE FROM ") + table + " WHERE database_id = ?", id);
 }
 
@@ -276,6 +276,12 @@ void DefinitionSaver::Saver::SaveDatabase(const Database& database) {
         insert.Bind(4, permission.minor).Bind(5, permission.grantee).Bind(6, permission.grantor);
         insert.Bind(7, std::string_view(permission.permission));
         insert.Bind(8, std::string_view(&permission.state, 1)).Run();
+    }
+    for (const ExtendedProperty& property : database.properties) {
+        Prepared& insert = Kept("INSERT INTO q_extended_property VALUES(?,?,?,?,?,?)");
+        insert.Bind(1, database.id).Bind(2, property.securableClass).Bind(3, property.major);
+        insert.Bind(4, property.minor).Bind(5, std::string_view(property.name));
+        insert.Bind(6, std::string_view(property.value)).Run();
     }
 }
 

@@ -201,6 +201,7 @@ constexpr MessageRow rows[] = {
      "The database name component of the object qualifier must be the name of the current database."},
     {15251, 16, "Invalid '%1' specified. It must be %2."},
     {15252, 11, "The primary or foreign key table name must be given."},
+    {15325, 16, "The current database does not contain a file named '%1'."},
     {15330, 11, "There are no matching rows on which to report."},
     {15335, 11,
      "Error: The new name '%1' is already in use as a %2 name and would cause a duplicate that is not "
@@ -213,6 +214,9 @@ constexpr MessageRow rows[] = {
     {15410, 11, "User or role '%1' does not exist in this database."},
     {15434, 16, "Could not drop login '%1' as the user is currently logged in."},
     {15457, 10, "Configuration option '%1' changed from %2 to %3. Run the RECONFIGURE statement to install."},
+    {15459, 10, "In the current database, the specified object references the following:"},
+    {15460, 10, "In the current database, the specified object is referenced by the following:"},
+    {15461, 10, "Object does not reference any object, and no objects reference it."},
     {15470, 10,
      "No foreign keys reference table '%1', or you do not have permissions on referencing tables."},
     {15471, 10, "The text for object '%1' is encrypted."},

@@ -112,6 +112,7 @@ Translator::Item Translator::ValueItem(const tsql::SelectItem& item, const Scope
     // A column that is shown as it is keeps its properties.
     const std::size_t before = scope.looseColumns.size();
     one.value = Value(*item.expression, &scope);
+    one.output.isBareNull = one.value.IsBareNull();
     one.output.type = one.value.IsBareNull() ? SimpleType(TypeId::Int) : one.value.type;
     one.output.nullable = one.value.nullable;
     one.output.label = one.value.label;
@@ -392,7 +393,7 @@ QuerySql Translator::Converted(QuerySql query, const std::vector<OutputColumn>& 
     for (std::size_t i = 0; i < to.size(); ++i) {
         Scalar column;
         column.sql = OutputName(i);
-        column.type = query.columns[i].type;
+        column.type = query.columns[i].isBareNull ? SqlType() : query.columns[i].type;
         const std::string converted = ConvertTo(column, to[i].type).sql;
         changed = changed || converted != column.sql;
         list += (i > 0 ? ", " : "") + Collated(converted, to[i].type) + " AS " + OutputName(i);
@@ -417,14 +418,15 @@ QuerySql Translator::SetOperation(const tsql::SetOperation& operation, const tsq
         for (const auto& [scalar, column] :
              {std::pair{&both[0], &left.columns[i]}, {&both[1], &right.columns[i]}}) {
             scalar->sql = "x";
-            scalar->type = column->type;
+            scalar->type = column->isBareNull ? SqlType() : column->type;
             scalar->nullable = column->nullable;
             scalar->label = column->label;
         }
         const Scalar common = Common(both, "UNION");
         OutputColumn output;
         output.name = left.columns[i].name;
-        output.type = common.type;
+        output.isBareNull = common.IsBareNull();
+        output.type = output.isBareNull ? SimpleType(TypeId::Int) : common.type;
         output.nullable = common.nullable;
         output.label = common.label;
         set.columns.push_back(output);

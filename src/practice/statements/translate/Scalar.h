@@ -31,9 +31,10 @@ struct OutputColumn {
     bool nullable = true;
     CollationLabel label = CollationLabel::Implicit;
     bool identity = false;
-    bool readOnly = true;  // no column of a table
-    std::string tableName; // base table of a plain column
-    int baseColumn = 0;    // its id there, where the query has one updatable table
+    bool readOnly = true;    // no column of a table
+    std::string tableName;   // base table of a plain column
+    int baseColumn = 0;      // its id there, where the query has one updatable table
+    bool isBareNull = false; // the word NULL; counts as int, but in a UNION as the other side
 };
 
 // A query in SQLite's language; its columns are named o1, o2 ...
