@@ -5,11 +5,13 @@
 
 #include "vbscript/builtins/Arguments.h"
 #include "vbscript/builtins/Families.h"
+#include "vbscript/machine/Work.h"
 
 namespace quillon::vbscript {
 namespace {
 
 std::string BytesOf(std::u16string_view text) {
+    Work::Done(text.size() * 2);
     std::string bytes;
     bytes.reserve(text.size() * 2);
     for (const char16_t c : text) {

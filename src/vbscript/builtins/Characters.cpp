@@ -77,17 +77,17 @@ bool StaysUnescaped(char16_t c) {
 Variant Escape(BuiltinContext&, Arguments arguments) {
     constexpr std::u16string_view digits = u"0123456789ABCDEF";
     const Text text = ToText(arguments[0]);
-    std::u16string result;
-    for (const char16_t c : text.View()) {
+    Text result;
+    for (const char16_t& c : text.View()) {
         if (StaysUnescaped(c)) {
-            result += c;
+            result.Append({&c, 1});
             continue;
         }
-        result += c < 0x100 ? u"%" : u"%u";
+        result.Append(c < 0x100 ? u"%" : u"%u");
         for (int shift = c < 0x100 ? 4 : 12; shift >= 0; shift -= 4)
-            result += digits[static_cast<std::size_t>(c >> shift) & 0xF];
+            result.Append(digits.substr(static_cast<std::size_t>(c >> shift) & 0xF, 1));
     }
-    return Text(result);
+    return result;
 }
 
 // The value of `count` hexadecimal digits at `at`, -1 if they are not there.
@@ -107,16 +107,18 @@ int HexAt(std::u16string_view text, std::size_t at, std::size_t count) {
 Variant Unescape(BuiltinContext&, Arguments arguments) {
     const Text text = ToText(arguments[0]);
     const std::u16string_view characters = text.View();
-    std::u16string result;
+    Text result = Text::OfLength(characters.size());
+    char16_t* const first = result.Writable();
+    char16_t* place = first;
     for (std::size_t i = 0; i < characters.size(); ++i) {
         const bool marked = characters[i] == u'%';
         const bool wide = marked && i + 1 < characters.size() && LowerOf(characters[i + 1]) == u'u';
         const int code = !marked ? -1 : wide ? HexAt(characters, i + 2, 4) : HexAt(characters, i + 1, 2);
-        result += code < 0 ? characters[i] : static_cast<char16_t>(code);
+        *place++ = code < 0 ? characters[i] : static_cast<char16_t>(code);
         if (code >= 0)
             i += wide ? 5 : 2;
     }
-    return Text(result);
+    return Text(std::u16string_view(first, static_cast<std::size_t>(place - first)));
 }
 
 constexpr Builtin Table[] = {

@@ -5,6 +5,7 @@
 #include "vbscript/builtins/Arguments.h"
 #include "vbscript/builtins/Members.h"
 #include "vbscript/machine/Array.h"
+#include "vbscript/machine/Work.h"
 
 namespace quillon::vbscript {
 namespace {
@@ -49,6 +50,7 @@ double NumberOf(const Variant& value) {
 }
 
 std::uint32_t FoldedHash(std::u16string_view text) {
+    Work::Done(text.size());
     std::uint32_t hash = 2166136261U;
     for (const char16_t c : text)
         hash = (hash ^ LowerOf(c)) * 16777619U;
@@ -149,12 +151,17 @@ Dictionary::Entry& Dictionary::FindOrAdd(const Variant& key) {
 }
 
 Dictionary::Entry& Dictionary::Append(const Variant& key, std::uint32_t hash) {
-    if ((m_entries.size() + 1) * 4 > m_index.size() * 3)
-        Rebuild();
+    MakeRoom();
     m_entries.push_back({key, Variant(), hash});
     m_index[PlaceOf(key, hash)] = static_cast<std::uint32_t>(m_entries.size());
+    ++m_used;
     ++m_count;
     return m_entries.back();
+}
+
+void Dictionary::MakeRoom() {
+    if ((m_used + 1) * 4 > m_index.size() * 3)
+        Rebuild();
 }
 
 // Drops the removed entries and makes the index fit for twice as many as are left.
@@ -163,6 +170,7 @@ void Dictionary::Rebuild() {
     Index index(std::bit_ceil(std::max(smallest, m_count * 3)), 0);
     std::erase_if(m_entries, [](const Entry& entry) { return !IsLive(entry); });
     m_index.swap(index);
+    m_used = m_entries.size();
     const std::size_t mask = m_index.size() - 1;
     for (std::size_t i = 0; i < m_entries.size(); ++i) {
         std::size_t place = m_entries[i].hash & mask;
@@ -197,15 +205,20 @@ Variant Dictionary::Rename(InvokeKind kind, std::span<Variant> arguments) {
     if (!IsWrite(kind))
         throw Failure(numbers::WrongArgumentCount);
     RequireCount(arguments, 2);
+    (void)Require(arguments[0]);
+    MakeRoom();
     Entry& entry = Require(arguments[0]);
     if (const Entry* const other = Find(arguments[1])) {
         if (other != &entry)
             throw Failure(numbers::KeyAlreadyInUse);
     }
+    const std::uint32_t hash = HashOf(arguments[1]);
     Variant released = arguments[1];
     entry.key.Swap(released);
-    entry.hash = HashOf(entry.key);
-    Rebuild();
+    entry.hash = hash;
+    std::uint32_t& place = m_index[PlaceOf(entry.key, hash)];
+    m_used += place == 0 ? 1 : 0;
+    place = static_cast<std::uint32_t>(&entry - m_entries.data() + 1);
     return {};
 }
 
@@ -221,6 +234,7 @@ Variant Dictionary::RemoveAll() noexcept {
     Entries released;
     released.swap(m_entries);
     m_index.clear();
+    m_used = 0;
     m_count = 0;
     return {};
 }

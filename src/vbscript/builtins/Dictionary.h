@@ -43,6 +43,7 @@ class Dictionary final : public NativeObject {
     Entry& Require(const Variant& key);
     Entry& FindOrAdd(const Variant& key);
     Entry& Append(const Variant& key, std::uint32_t hash);
+    void MakeRoom(); // for one more key
     void Rebuild();
     static bool IsLive(const Entry& entry) { return entry.key.kind() != Kind::Unset; }
 
@@ -56,6 +57,7 @@ class Dictionary final : public NativeObject {
 
     Entries m_entries;
     Index m_index;
+    std::size_t m_used = 0; // places of the index that are taken: by an entry, or by a key it had once
     std::size_t m_count = 0;
     std::int32_t m_compareMode = 0;
 };

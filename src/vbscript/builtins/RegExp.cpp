@@ -33,17 +33,6 @@ std::size_t NextStart(Matcher::Span match) {
     return static_cast<std::size_t>(match.end) + (match.end == match.start ? 1 : 0);
 }
 
-Variant MatchOf(const Matcher& matcher, std::int32_t groups, std::u16string_view text) {
-    std::vector<Variant> parts;
-    for (std::int32_t group = 1; group <= groups; ++group) {
-        const Matcher::Span span = matcher.Group(group);
-        parts.push_back(span.Matched() ? Variant(Slice(text, span)) : Variant());
-    }
-    const Matcher::Span whole = matcher.Group(0);
-    return MakeObject<RegExpMatch>(Text(Slice(text, whole)), whole.start,
-                                   MakeObject<ValueList>("ISubMatches", std::move(parts)));
-}
-
 // The replacement with its $ forms filled in for one match.
 class ReplacementWriter {
   public:
@@ -134,7 +123,8 @@ const void* RegExp::Shape() const noexcept {
 
 const regexp::Program& RegExp::Compiled() {
     if (!m_program)
-        m_program = regexp::Compile(m_pattern.View(), m_ignoreCase, m_multiLine);
+        m_program = std::make_unique<const regexp::Program>(
+            regexp::Compile(m_pattern.View(), m_ignoreCase, m_multiLine));
     return *m_program;
 }
 
@@ -165,10 +155,10 @@ Variant RegExp::Execute(const Variant& argument) {
     const Text text = TextOf(argument);
     const regexp::Program& program = Compiled();
     Matcher matcher(program, text.View());
-    std::vector<Variant> matches;
+    HeapVector<Variant> matches;
     for (std::size_t from = 0; from <= text.Length() && matcher.Find(from);
          from = NextStart(matcher.Group(0))) {
-        matches.push_back(MatchOf(matcher, program.groups, text.View()));
+        matches.push_back(MakeObject<RegExpMatch>(text, matcher, program.groups));
         if (!m_global)
             break;
     }

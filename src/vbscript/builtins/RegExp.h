@@ -2,15 +2,16 @@
 // them.
 //
 // A pattern is compiled when it is first used, and again only when pattern or flags change; that is when the
-// failures of its syntax come. Matches hold their texts themselves and outlive the RegExp.
+// failures of its syntax come. Matches hold the text that was searched and outlive the RegExp.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "vbscript/builtins/RegExpMatcher.h"
 #include "vbscript/builtins/RegExpProgram.h"
+#include "vbscript/machine/Heap.h"
 #include "vbscript/machine/ScriptObject.h"
 
 namespace quillon::vbscript {
@@ -34,14 +35,20 @@ class RegExp final : public NativeObject {
 
     Text m_pattern;
     bool m_global = false, m_ignoreCase = false, m_multiLine = false;
-    std::optional<regexp::Program> m_program;
+    std::unique_ptr<const regexp::Program> m_program;
+};
+
+// What a search gives. It holds texts and matches alone and so is part of no cycle: no engine has to know of
+// it.
+class SearchResult : public ScriptObject {
+    void Orphan() noexcept final {}
 };
 
 // A read-only list of values with Count and Item: the matches of a search, the parts of a match.
-class ValueList final : public NativeObject {
+class ValueList final : public SearchResult {
   public:
     // `typeName` must live as long as the process.
-    ValueList(const char* typeName, std::vector<Variant> values)
+    ValueList(const char* typeName, HeapVector<Variant> values)
         : m_typeName(typeName)
         , m_values(std::move(values)) {}
 
@@ -53,16 +60,14 @@ class ValueList final : public NativeObject {
 
   private:
     const char* m_typeName;
-    std::vector<Variant> m_values;
+    HeapVector<Variant> m_values;
 };
 
 // One match. FirstIndex counts from 0.
-class RegExpMatch final : public NativeObject {
+class RegExpMatch final : public SearchResult {
   public:
-    RegExpMatch(Text value, std::int32_t firstIndex, ObjectRef subMatches)
-        : m_value(std::move(value))
-        , m_firstIndex(firstIndex)
-        , m_subMatches(std::move(subMatches)) {}
+    // Of the last match that `matcher` found in `text`.
+    RegExpMatch(Text text, const regexp::Matcher& matcher, std::int32_t groups);
 
     std::string TypeName() const override { return "IMatch2"; }
     std::optional<MemberId> FindMember(std::string_view name) const override;
@@ -70,9 +75,12 @@ class RegExpMatch final : public NativeObject {
     Variant Access(MemberId member, InvokeKind kind, std::span<Variant> arguments) override;
 
   private:
-    Text m_value;
-    std::int32_t m_firstIndex;
-    ObjectRef m_subMatches;
+    Variant Part(regexp::Matcher::Span span) const; // Empty for a group that took no part
+    ObjectRef SubMatches() const;
+
+    Text m_text;
+    regexp::Matcher::Span m_whole;
+    HeapVector<regexp::Matcher::Span> m_groups;
 };
 
 } // namespace quillon::vbscript

@@ -5,6 +5,7 @@
 #include "platform/Failure.h"
 #include "platform/FailureNumbers.h"
 #include "vbscript/machine/Convert.h"
+#include "vbscript/machine/Work.h"
 
 namespace quillon::vbscript::regexp {
 namespace {
@@ -28,7 +29,8 @@ Matcher::Matcher(const Program& program, std::u16string_view text)
     , m_text(text)
     , m_end(static_cast<std::int32_t>(text.size()))
     , m_registers(static_cast<std::size_t>(program.registers), -1)
-    , m_steps(MostSteps + MostStepsACharacter * text.size()) {}
+    , m_steps(MostSteps + MostStepsACharacter * text.size())
+    , m_nextReport(m_steps) {}
 
 bool Matcher::Find(std::size_t from) {
     // A pattern that begins with a plain character can only match where that stands.
@@ -51,12 +53,15 @@ bool Matcher::Find(std::size_t from) {
 
 bool Matcher::Run(std::int32_t start) {
     std::ranges::fill(m_registers, -1);
+    Spend(m_registers.size() / 64);
     m_ways.clear();
     m_position = start;
     m_next = 0;
     for (;;) {
         if (m_steps-- == 0)
             throw Failure(numbers::InvalidCall, "Regular expression takes too long to match");
+        if (m_steps < m_nextReport)
+            Report();
         const Instruction& instruction = m_program.code[static_cast<std::size_t>(m_next)];
         if (instruction.operation == Operation::Match)
             return true;
@@ -64,6 +69,13 @@ bool Matcher::Run(std::int32_t start) {
         if (!Step(instruction) && !Backtrack())
             return false;
     }
+}
+
+// Tells of the work done since the last time.
+void Matcher::Report() {
+    constexpr std::uint64_t between = 1 << 16, nanosecondsAStep = 8;
+    m_nextReport = m_steps < between ? 0 : m_steps - between;
+    Work::Done(between * nanosecondsAStep);
 }
 
 bool Matcher::Step(const Instruction& instruction) {
@@ -181,7 +193,7 @@ bool Matcher::TakeSpan(const Instruction& span) {
     const std::int32_t start = m_position;
     while (m_position < wanted && Accepts(one, m_text[static_cast<std::size_t>(m_position)]))
         ++m_position;
-    m_steps -= std::min(m_steps, static_cast<std::uint64_t>(m_position - start) / 8);
+    Spend(static_cast<std::uint64_t>(m_position - start) / 8);
     if (m_position < minimum)
         return false;
     if (lazy)
@@ -198,6 +210,7 @@ bool Matcher::TakeGroupAgain(std::int32_t group) {
     const std::int32_t length = span.end - span.start;
     if (length > m_end - m_position)
         return false;
+    Spend(static_cast<std::uint64_t>(length) / 8);
     for (std::int32_t i = 0; i < length; ++i) {
         const char16_t was = m_text[static_cast<std::size_t>(span.start + i)];
         const char16_t is = m_text[static_cast<std::size_t>(m_position + i)];

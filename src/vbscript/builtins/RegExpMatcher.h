@@ -2,6 +2,7 @@
 // neither exhaust the process's stack nor run for ever.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -58,6 +59,8 @@ class Matcher {
     bool AtLineEnd() const;
     bool AtWordEdge() const;
     bool Step(const Instruction& instruction);
+    void Spend(std::uint64_t steps) noexcept { m_steps -= std::min(m_steps, steps); }
+    void Report();
 
     const Program& m_program;
     std::u16string_view m_text;
@@ -65,7 +68,8 @@ class Matcher {
     std::vector<std::int32_t> m_registers;
     std::vector<Entry> m_ways;
     std::int32_t m_position = 0, m_next = 0;
-    std::uint64_t m_steps; // left for all searches of this matcher
+    std::uint64_t m_steps;      // left for all searches of this matcher
+    std::uint64_t m_nextReport; // how many are left when the work is told of next
 };
 
 } // namespace quillon::vbscript::regexp

@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "vbscript/machine/Heap.h"
+
 namespace quillon::vbscript::regexp {
 
 // A set of UTF-16 code units.
@@ -72,9 +74,9 @@ struct Repetition {
 inline constexpr std::int32_t Unlimited = 0x7FFFFFFF;
 
 struct Program {
-    std::vector<Instruction> code;
-    std::vector<CharacterSet> sets;
-    std::vector<Repetition> repetitions;
+    HeapVector<Instruction> code;
+    HeapVector<CharacterSet> sets;
+    HeapVector<Repetition> repetitions;
     std::int32_t groups = 0; // not counting the whole match
     std::int32_t registers = 2;
     bool ignoreCase = false, multiLine = false;

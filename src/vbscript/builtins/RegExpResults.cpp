@@ -14,8 +14,9 @@ constexpr std::string_view MatchMembers[] = {"Value", "FirstIndex", "Length", "S
 
 class ListWalk final : public VariantEnumerator {
   public:
-    explicit ListWalk(std::vector<Variant> values)
-        : m_values(std::move(values)) {}
+    ListWalk(Object* list, const HeapVector<Variant>& values)
+        : m_list(list)
+        , m_values(values) {}
     bool Next(Variant& element) override {
         if (m_next == m_values.size())
             return false;
@@ -24,7 +25,8 @@ class ListWalk final : public VariantEnumerator {
     }
 
   private:
-    std::vector<Variant> m_values;
+    ObjectRef m_list;
+    const HeapVector<Variant>& m_values; // of the list
     std::size_t m_next = 0;
 };
 
@@ -56,7 +58,30 @@ Variant ValueList::Access(MemberId member, InvokeKind kind, std::span<Variant> a
 }
 
 std::unique_ptr<VariantEnumerator> ValueList::Walk() {
-    return std::make_unique<ListWalk>(m_values);
+    return std::make_unique<ListWalk>(this, m_values);
+}
+
+RegExpMatch::RegExpMatch(Text text, const regexp::Matcher& matcher, std::int32_t groups)
+    : m_text(std::move(text))
+    , m_whole(matcher.Group(0)) {
+    m_groups.reserve(static_cast<std::size_t>(groups));
+    for (std::int32_t group = 1; group <= groups; ++group)
+        m_groups.push_back(matcher.Group(group));
+}
+
+Variant RegExpMatch::Part(regexp::Matcher::Span span) const {
+    if (!span.Matched())
+        return {};
+    return m_text.View().substr(static_cast<std::size_t>(span.start),
+                                static_cast<std::size_t>(span.end - span.start));
+}
+
+ObjectRef RegExpMatch::SubMatches() const {
+    HeapVector<Variant> parts;
+    parts.reserve(m_groups.size());
+    for (const regexp::Matcher::Span span : m_groups)
+        parts.push_back(Part(span));
+    return MakeObject<ValueList>("ISubMatches", std::move(parts));
 }
 
 std::optional<MemberId> RegExpMatch::FindMember(std::string_view name) const {
@@ -72,14 +97,14 @@ Variant RegExpMatch::Access(MemberId member, InvokeKind kind, std::span<Variant>
         throw Failure(numbers::MemberNotSupported);
     // `match.SubMatches(0)` is the list's item: a property without parameters hands its arguments on.
     if (member == SubMatchesMember && !IsWrite(kind) && !arguments.empty())
-        return static_cast<ScriptObject*>(m_subMatches.get())->Access(DefaultMemberId, kind, arguments);
+        return static_cast<ValueList*>(SubMatches().get())->Access(DefaultMemberId, kind, arguments);
     const MemberId named = member == DefaultMemberId ? MemberId{ValueMember} : member;
     RequireRead(kind, arguments, 0, MatchMembers[named - 1]);
     switch (named) {
-    case FirstIndexMember: return m_firstIndex;
-    case LengthMember: return static_cast<std::int32_t>(m_value.Length());
-    case SubMatchesMember: return m_subMatches;
-    default: return m_value;
+    case FirstIndexMember: return m_whole.start;
+    case LengthMember: return m_whole.end - m_whole.start;
+    case SubMatchesMember: return SubMatches();
+    default: return Part(m_whole);
     }
 }
 

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "vbscript/machine/Convert.h"
+#include "vbscript/machine/Work.h"
 
 namespace quillon::vbscript {
 namespace {
@@ -13,9 +14,9 @@ namespace {
 // lengths for texts such as "aaa...ab" among many "a".
 constexpr std::size_t LongSought = 32;
 
-std::u16string Folded(std::u16string_view text) {
-    std::u16string folded(text);
-    std::ranges::transform(folded, folded.begin(), LowerOf);
+Text Folded(std::u16string_view text) {
+    Text folded = Text::OfLength(text.size());
+    std::ranges::transform(text, folded.Writable(), LowerOf);
     return folded;
 }
 
@@ -46,20 +47,25 @@ std::size_t RollingFind(Iterator text, std::size_t length, Iterator sought, std:
 } // namespace
 
 Search::Search(std::u16string_view text, std::u16string_view sought, bool ignoreCase)
-    : m_foldedText(ignoreCase ? Folded(text) : std::u16string())
-    , m_foldedSought(ignoreCase ? Folded(sought) : std::u16string())
-    , m_text(ignoreCase ? std::u16string_view(m_foldedText) : text)
-    , m_sought(ignoreCase ? std::u16string_view(m_foldedSought) : sought) {}
+    : m_foldedText(ignoreCase ? Folded(text) : Text())
+    , m_foldedSought(ignoreCase ? Folded(sought) : Text())
+    , m_text(ignoreCase ? m_foldedText.View() : text)
+    , m_sought(ignoreCase ? m_foldedSought.View() : sought) {}
 
 std::size_t Search::Next(std::size_t from) const {
-    if (m_sought.size() < LongSought || from >= m_text.size())
-        return m_text.find(m_sought, from);
+    if (m_sought.size() < LongSought || from >= m_text.size()) {
+        const std::size_t place = m_text.find(m_sought, from);
+        Work::Done(std::min(place, m_text.size()) - std::min(from, m_text.size()));
+        return place;
+    }
     const std::size_t length = m_text.size() - from;
     const std::size_t distance = RollingFind(m_text.data() + from, length, m_sought.data(), m_sought.size());
+    Work::Done(distance + m_sought.size());
     return distance == length ? None : from + distance;
 }
 
 std::size_t Search::Last(std::size_t from) const {
+    Work::Done(std::min(from, m_text.size()));
     if (m_sought.size() < LongSought || m_sought.size() > m_text.size())
         return m_text.rfind(m_sought, from);
     const std::size_t length = std::min(from, m_text.size() - m_sought.size()) + m_sought.size();

@@ -1,8 +1,9 @@
 // Finding one text in another, by character code or without regard to case.
 #pragma once
 
-#include <string>
 #include <string_view>
+
+#include "vbscript/machine/Text.h"
 
 namespace quillon::vbscript {
 
@@ -21,7 +22,7 @@ class Search {
     std::size_t Last(std::size_t from) const;
 
   private:
-    std::u16string m_foldedText, m_foldedSought;
+    Text m_foldedText, m_foldedSought;
     std::u16string_view m_text, m_sought;
 };
 

@@ -1,15 +1,14 @@
 // Split, Join, Filter: texts to arrays and back.
-#include <vector>
-
 #include "vbscript/builtins/Arguments.h"
 #include "vbscript/builtins/Families.h"
 #include "vbscript/builtins/Searching.h"
 #include "vbscript/machine/Array.h"
+#include "vbscript/machine/Heap.h"
 
 namespace quillon::vbscript {
 namespace {
 
-Variant ArrayOf(std::vector<Variant>& elements) {
+Variant ArrayOf(HeapVector<Variant>& elements) {
     ArrayBuffer* const array = ArrayBuffer::OfCount(elements.size());
     const Variant result(array);
     std::ranges::move(elements, array->Elements().begin());
@@ -36,7 +35,7 @@ Variant Split(BuiltinContext&, Arguments arguments) {
     const std::u16string_view characters = text.View();
     const std::size_t limit = count == -1 ? Search::None : static_cast<std::size_t>(count);
 
-    std::vector<Variant> parts;
+    HeapVector<Variant> parts;
     if (characters.empty() || limit == 0)
         return ArrayOf(parts);
     const Search search(characters, delimiter.View(), ignoreCase);
@@ -69,7 +68,7 @@ Variant Filter(BuiltinContext&, Arguments arguments) {
     const bool ignoreCase = IgnoresCase(arguments, 3);
     const bool include = BooleanOr(arguments, 2, true);
     const Text sought = ToText(arguments[1]);
-    std::vector<Variant> kept;
+    HeapVector<Variant> kept;
     for (const Variant& element : ElementsOf(arguments[0])) {
         const Text text = ToText(element);
         const bool contains = Search(text.View(), sought.View(), ignoreCase).Next(0) != Search::None;

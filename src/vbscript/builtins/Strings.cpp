@@ -3,6 +3,7 @@
 
 #include "vbscript/builtins/Arguments.h"
 #include "vbscript/builtins/Families.h"
+#include "vbscript/machine/Work.h"
 
 namespace quillon::vbscript {
 namespace {
@@ -119,6 +120,7 @@ Variant StrComp(BuiltinContext&, Arguments arguments) {
     if (first.IsNull() || second.IsNull())
         return NullValue{};
     const Text left = ToText(first), right = ToText(second);
+    Work::Done(std::min(left.Length(), right.Length()));
     const int order = ignoreCase ? CompareIgnoringCase(left.View(), right.View())
                                  : CompareBinary(left.View(), right.View());
     return static_cast<std::int16_t>((order > 0) - (order < 0));

@@ -5,6 +5,7 @@
 #include "vbscript/machine/Convert.h"
 #include "vbscript/machine/FastPaths.h"
 #include "vbscript/machine/Operators.h"
+#include "vbscript/machine/Work.h"
 
 namespace quillon::vbscript {
 namespace {
@@ -68,10 +69,10 @@ bool Holds(Comparison comparison, int order) noexcept {
 
 } // namespace
 
-bool fast::CompareTexts(bool& result, Comparison comparison, const Variant& left,
-                        const Variant& right) noexcept {
+bool fast::CompareTexts(bool& result, Comparison comparison, const Variant& left, const Variant& right) {
     if (!left.IsText() || !right.IsText())
         return false;
+    Work::Done(std::min(left.AsText().Length(), right.AsText().Length()));
     if (comparison == Comparison::Equal || comparison == Comparison::NotEqual)
         result = (left.AsText() == right.AsText()) == (comparison == Comparison::Equal);
     else

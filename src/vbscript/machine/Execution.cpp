@@ -5,6 +5,7 @@
 #include "vbscript/machine/Instance.h"
 #include "vbscript/machine/Machine.h"
 #include "vbscript/machine/ProcedureReference.h"
+#include "vbscript/machine/Work.h"
 
 namespace quillon::vbscript {
 
@@ -14,7 +15,8 @@ class Machine::Entry {
     explicit Entry(Machine& machine)
         : m_machine(machine)
         , m_at(machine.m_at)
-        , m_before(ObjectRegistry::SetCurrent(&machine.m_registry)) {
+        , m_before(ObjectRegistry::SetCurrent(&machine.m_registry))
+        , m_runBefore(Work::SetRun(&machine)) {
         if (machine.m_nesting++ == 0) {
             machine.m_stop.store(false, std::memory_order_relaxed);
             machine.m_steps = 0;
@@ -25,6 +27,7 @@ class Machine::Entry {
         --m_machine.m_nesting;
         m_machine.m_at = m_at;
         ObjectRegistry::SetCurrent(m_before);
+        Work::SetRun(m_runBefore);
     }
     Entry(const Entry&) = delete;
     Entry& operator=(const Entry&) = delete;
@@ -33,6 +36,7 @@ class Machine::Entry {
     Machine& m_machine;
     Step m_at;
     ObjectRegistry* m_before;
+    BuiltinContext* m_runBefore;
 };
 
 Machine::Machine()

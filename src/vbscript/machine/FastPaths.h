@@ -104,10 +104,10 @@ inline bool HoldsFor(Number left, Number right) noexcept {
     }
 }
 // The case of two texts, out of the way of the numbers.
-bool CompareTexts(bool& result, Comparison comparison, const Variant& left, const Variant& right) noexcept;
+bool CompareTexts(bool& result, Comparison comparison, const Variant& left, const Variant& right);
 
 template <Comparison Comparing>
-inline bool Compare(bool& result, const Variant& left, const Variant& right) noexcept {
+inline bool Compare(bool& result, const Variant& left, const Variant& right) {
     if (IsWhole(left) && IsWhole(right)) {
         result = HoldsFor<Comparing>(left.Number(), right.Number());
         return true;

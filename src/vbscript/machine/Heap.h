@@ -9,6 +9,9 @@
 #include <cstdint>
 #include <cstdlib>
 #include <new>
+#include <vector>
+
+#include "vbscript/machine/Work.h"
 
 namespace quillon::vbscript {
 
@@ -45,6 +48,7 @@ class Heap {
     static void Reserve(std::size_t bytes) {
         if (bytes > s_limit || s_used > s_limit - bytes)
             RaiseOutOfMemory();
+        Work::Done(bytes); // they will be written to
         s_used += bytes;
     }
     static void Unreserve(std::size_t bytes) noexcept { s_used -= bytes; }
@@ -82,5 +86,8 @@ struct HeapAllocator {
         return true;
     }
 };
+
+template <class T>
+using HeapVector = std::vector<T, HeapAllocator<T>>;
 
 } // namespace quillon::vbscript

@@ -15,6 +15,7 @@
 
 #include "platform/Object.h"
 #include "vbscript/machine/Builtin.h"
+#include "vbscript/machine/Heap.h"
 #include "vbscript/machine/Variant.h"
 
 namespace quillon::vbscript {
@@ -31,6 +32,9 @@ class Instance;
 
 class ScriptObject : public Object {
   public:
+    static void* operator new(std::size_t bytes) { return Heap::Allocate(bytes); }
+    static void operator delete(void* memory, std::size_t bytes) noexcept { Heap::Free(memory, bytes); }
+
     // What call sites remember members by: an address that is the same for all objects of one class.
     virtual const void* Shape() const noexcept = 0;
 

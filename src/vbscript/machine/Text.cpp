@@ -5,6 +5,7 @@
 #include "platform/Failure.h"
 #include "platform/FailureNumbers.h"
 #include "vbscript/machine/Heap.h"
+#include "vbscript/machine/Work.h"
 
 namespace quillon::vbscript {
 namespace {
@@ -109,6 +110,7 @@ Text Text::FromUtf8(std::string_view bytes) {
 }
 
 std::string ToUtf8(std::u16string_view characters) {
+    Work::Done(characters.size());
     std::string bytes;
     bytes.reserve(characters.size());
     for (std::size_t at = 0; at < characters.size(); ++at) {

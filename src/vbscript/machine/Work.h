@@ -1,0 +1,35 @@
+// Work inside a single instruction, intrinsic function or member whose amount a script's data decide: copying
+// and comparing long texts, searching, matching.
+//
+// Who does such work says how much of it was done, and now and then the run on this thread is asked whether
+// it was told to stop; what it then throws leaves from here. Outside a run nothing happens.
+#pragma once
+
+#include <cstddef>
+#include <utility>
+
+namespace quillon::vbscript {
+
+class BuiltinContext;
+
+class Work {
+  public:
+    // `steps` of a nanosecond or so each: bytes copied, characters compared.
+    static void Done(std::size_t steps) {
+        if ((s_done += steps) >= BetweenPolls) [[unlikely]]
+            Poll();
+    }
+
+    // Gives the run that there was before.
+    static BuiltinContext* SetRun(BuiltinContext* run) noexcept { return std::exchange(s_run, run); }
+
+  private:
+    static constexpr std::size_t BetweenPolls = std::size_t{4} << 20;
+
+    static void Poll();
+
+    static inline thread_local constinit std::size_t s_done = 0;
+    static inline thread_local constinit BuiltinContext* s_run = nullptr;
+};
+
+} // namespace quillon::vbscript
