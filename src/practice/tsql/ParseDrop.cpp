@@ -14,13 +14,14 @@ struct DropRow {
 };
 
 constexpr DropRow kDrops[] = {
-    {"DATABASE", DropKind::Database, 1},   {"SCHEMA", DropKind::Schema, 1},
-    {"TABLE", DropKind::Table, 3},         {"VIEW", DropKind::View, 3},
-    {"PROCEDURE", DropKind::Procedure, 3}, {"PROC", DropKind::Procedure, 3},
-    {"FUNCTION", DropKind::Function, 3},   {"TYPE", DropKind::Type, 2},
-    {"DEFAULT", DropKind::Default, 3},     {"RULE", DropKind::Rule, 3},
-    {"LOGIN", DropKind::Login, 1},         {"USER", DropKind::User, 1},
-    {"ROLE", DropKind::Role, 1},           {"STATISTICS", DropKind::Statistics, 3},
+    {"DATABASE", DropKind::Database, 1},     {"SCHEMA", DropKind::Schema, 1},
+    {"TABLE", DropKind::Table, 3},           {"VIEW", DropKind::View, 3},
+    {"PROCEDURE", DropKind::Procedure, 3},   {"PROC", DropKind::Procedure, 3},
+    {"FUNCTION", DropKind::Function, 3},     {"TYPE", DropKind::Type, 2},
+    {"DEFAULT", DropKind::Default, 3},       {"RULE", DropKind::Rule, 3},
+    {"LOGIN", DropKind::Login, 1},           {"USER", DropKind::User, 1},
+    {"SYNONYM", DropKind::Synonym, 2},       {"ROLE", DropKind::Role, 1},
+    {"STATISTICS", DropKind::Statistics, 3},
 };
 
 bool AcceptIfExists(ParseState& state) {

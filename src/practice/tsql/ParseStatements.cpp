@@ -64,6 +64,7 @@ constexpr DefinitionRow kDefinitions[] = {
     {"SCHEMA", ParseCreateSchema, ParseAlterSchema},
     {"STATISTICS", ParseCreateStatistics, nullptr},
     {"TYPE", ParseCreateType, nullptr},
+    {"SYNONYM", ParseCreateSynonym, nullptr},
     {"LOGIN", ParseCreateLogin, ParseAlterLogin},
     {"USER", ParseCreateUser, ParseAlterUser},
     {"AUTHORIZATION", nullptr, ParseAlterAuthorization},

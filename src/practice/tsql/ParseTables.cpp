@@ -110,6 +110,15 @@ StatementPtr ParseCreateType(ParseState& state, Position position) {
     return statement;
 }
 
+StatementPtr ParseCreateSynonym(ParseState& state, Position position) {
+    auto statement = std::make_unique<CreateSynonymStatement>();
+    statement->position = position;
+    statement->name = ParseName(state, 2);
+    state.Expect(Keyword::For);
+    statement->target = ParseName(state, 4);
+    return statement;
+}
+
 StatementPtr ParseCreateSchema(ParseState& state, Position position) {
     auto statement = std::make_unique<CreateSchemaStatement>();
     statement->position = position;

@@ -15,6 +15,7 @@ StatementPtr ParseAlterIndex(ParseState& state, Position position);
 StatementPtr ParseCreateStatistics(ParseState& state, Position position);
 StatementPtr ParseUpdateStatistics(ParseState& state);
 StatementPtr ParseCreateType(ParseState& state, Position position);
+StatementPtr ParseCreateSynonym(ParseState& state, Position position);
 StatementPtr ParseCreateSchema(ParseState& state, Position position);
 StatementPtr ParseAlterSchema(ParseState& state, Position position);
 StatementPtr ParseCreateDatabase(ParseState& state, Position position);

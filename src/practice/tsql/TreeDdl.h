@@ -217,6 +217,14 @@ struct CreateTypeStatement : Statement {
         : Statement(StatementKind::CreateType) {}
 };
 
+struct CreateSynonymStatement : Statement {
+    Name name;
+    Name target; // need not exist
+
+    CreateSynonymStatement()
+        : Statement(StatementKind::CreateSynonym) {}
+};
+
 /// The old CREATE DEFAULT and CREATE RULE, which sp_bindefault and sp_bindrule attach.
 struct CreateDefaultOrRuleStatement : Statement {
     bool rule = false;
@@ -237,6 +245,7 @@ enum class DropKind {
     Procedure,
     Function,
     Type,
+    Synonym,
     Default,
     Rule,
     Login,

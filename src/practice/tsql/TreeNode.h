@@ -128,6 +128,7 @@ enum class StatementKind {
     CreateStatistics,
     UpdateStatistics,
     CreateType,
+    CreateSynonym,
     CreateView,
     CreateProcedure,
     CreateFunction,

@@ -414,6 +414,7 @@ constexpr MessageRow rows[] = {
     {5308, 16,
      "Windowed functions and NEXT VALUE FOR functions do not support integer indices as ORDER BY clause "
      "expressions."},
+    {5313, 16, "Synonym '%1' refers to an invalid object."},
     {5701, 10, "Changed database context to '%1'."},
     {5703, 10, "Changed language setting to %1."},
     {6104, 16, "Cannot use KILL to kill your own process."},

@@ -45,6 +45,7 @@ void RunKind(Engine& engine, const tsql::Statement& statement) {
     case Kind::CreateStatistics:
     case Kind::UpdateStatistics: return; // the planner keeps none of ours
     case Kind::CreateType: return CreateUserType(engine, As<CreateTypeStatement>(statement));
+    case Kind::CreateSynonym: return CreateSynonym(engine, As<CreateSynonymStatement>(statement));
     case Kind::CreateView: return CreateView(engine, As<CreateViewStatement>(statement));
     case Kind::CreateProcedure: return CreateProcedure(engine, As<CreateProcedureStatement>(statement));
     case Kind::CreateFunction: return CreateFunction(engine, As<CreateFunctionStatement>(statement));

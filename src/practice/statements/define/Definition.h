@@ -24,6 +24,7 @@ void CreateSchema(Engine& engine, const tsql::CreateSchemaStatement& statement);
 void DropSchemas(Engine& engine, const tsql::DropStatement& statement);
 void TransferToSchema(Engine& engine, const tsql::AlterSchemaTransferStatement& statement);
 void CreateUserType(Engine& engine, const tsql::CreateTypeStatement& statement);
+void CreateSynonym(Engine& engine, const tsql::CreateSynonymStatement& statement);
 void CreateDefaultOrRule(Engine& engine, const tsql::CreateDefaultOrRuleStatement& statement);
 void DropOthers(Engine& engine, const tsql::DropStatement& statement); // types, defaults, rules
 void RunPrincipalStatement(Engine& engine, const tsql::Statement& statement);

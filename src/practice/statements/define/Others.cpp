@@ -1,4 +1,4 @@
-// User types, old defaults and rules.
+// User types, synonyms, old defaults and rules.
 #include "practice/statements/define/Definition.h"
 #include "practice/statements/define/Tables.h"
 #include "practice/storage/SystemDatabases.h"
@@ -26,6 +26,31 @@ void Put(Engine& engine, std::shared_ptr<SchemaObject> object) {
     engine.store.Change([&](CatalogueEditor& editor) { editor.Put(object); });
 }
 
+std::string Bracketed(const std::string& part) {
+    std::string text = "[";
+    for (const char c : part)
+        text.append(c == ']' ? 2 : 1, c);
+    return part.empty() ? std::string() : text + "]";
+}
+
+struct DropRow {
+    tsql::DropKind what;
+    const char* word; // in messages
+    ObjectKind kind;
+    ObjectKind otherKind;
+};
+
+const DropRow& RowOf(tsql::DropKind what) {
+    static constexpr DropRow rows[] = {
+        {tsql::DropKind::Type, "type", ObjectKind::AliasType, ObjectKind::TableType},
+        {tsql::DropKind::Synonym, "synonym", ObjectKind::Synonym, ObjectKind::Synonym},
+        {tsql::DropKind::Default, "default", ObjectKind::Default, ObjectKind::Default},
+        {tsql::DropKind::Rule, "rule", ObjectKind::Rule, ObjectKind::Rule},
+    };
+    return *std::find_if(std::begin(rows), std::end(rows),
+                         [&](const DropRow& row) { return row.what == what; });
+}
+
 } // namespace
 
 void CreateUserType(Engine& engine, const tsql::CreateTypeStatement& statement) {
@@ -49,21 +74,22 @@ void CreateDefaultOrRule(Engine& engine, const tsql::CreateDefaultOrRuleStatemen
     Put(engine, object);
 }
 
+void CreateSynonym(Engine& engine, const tsql::CreateSynonymStatement& statement) {
+    const auto synonym = NewObject<Synonym>(engine, statement.name, ObjectKind::Synonym);
+    for (const std::string& part : statement.target.parts)
+        synonym->target += (synonym->target.empty() ? "" : ".") + Bracketed(part);
+    Put(engine, synonym);
+}
+
 void DropOthers(Engine& engine, const tsql::DropStatement& statement) {
+    const DropRow& row = RowOf(statement.what);
     for (const tsql::Name& name : statement.names) {
-        const auto object = Translator(engine).FindSourceObject(name);
-        const char* word = statement.what == tsql::DropKind::Type      ? "type"
-                           : statement.what == tsql::DropKind::Default ? "default"
-                                                                       : "rule";
-        const bool fits =
-            object && (statement.what == tsql::DropKind::Type
-                           ? object->kind == ObjectKind::AliasType || object->kind == ObjectKind::TableType
-                       : statement.what == tsql::DropKind::Default ? object->kind == ObjectKind::Default
-                                                                   : object->kind == ObjectKind::Rule);
+        const auto object = Translator(engine).FindNamedObject(name);
+        const bool fits = object && (object->kind == row.kind || object->kind == row.otherKind);
         if (!fits) {
             if (statement.ifExists)
                 continue;
-            throw SqlError(3701, {"drop", word, name.Text()});
+            throw SqlError(3701, {"drop", row.word, name.Text()});
         }
         for (const auto& [id, other] : engine.store.View()->FindDatabase(object->database)->objects)
             if (const auto table = std::dynamic_pointer_cast<const Table>(other))

@@ -157,6 +157,18 @@ QuerySql Translator::Rename(QuerySql query, const std::vector<std::string>& name
 }
 
 std::shared_ptr<const SchemaObject> Translator::FindSourceObject(const tsql::Name& name) {
+    const auto object = FindNamedObject(name);
+    const auto synonym = std::dynamic_pointer_cast<const Synonym>(object);
+    if (!synonym)
+        return object;
+    const auto target = tsql::ParseObjectName(synonym->target);
+    const auto found = target ? FindNamedObject(*target) : nullptr;
+    if (!found || found->kind == ObjectKind::Synonym)
+        throw SqlError(5313, {name.Text()});
+    return found;
+}
+
+std::shared_ptr<const SchemaObject> Translator::FindNamedObject(const tsql::Name& name) {
     if (!name.Last().empty() && name.Last().front() == '#')
         return m_engine.store.Temporary().Find(name.Last());
     if (!name.Server().empty())
@@ -175,11 +187,7 @@ std::shared_ptr<const SchemaObject> Translator::FindSourceObject(const tsql::Nam
     } else
         schemas = {database->id == m_here.database ? m_here.schema : dboSchema, dboSchema};
     for (const SchemaId schema : schemas) {
-        auto object = view->FindObject(database->id, schema, name.Last());
-        if (const auto synonym = std::dynamic_pointer_cast<const Synonym>(object))
-            if (const auto target = tsql::ParseObjectName(synonym->target))
-                return FindSourceObject(*target);
-        if (object)
+        if (auto object = view->FindObject(database->id, schema, name.Last()))
             return object;
     }
     return nullptr;

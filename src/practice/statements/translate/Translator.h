@@ -100,6 +100,8 @@ class Translator {
 
     // What the name means here: a table, row set or view; nullptr when there is none. (Not common tables.)
     std::shared_ptr<const SchemaObject> FindSourceObject(const tsql::Name& name);
+    // The object of that name itself, a synonym too.
+    std::shared_ptr<const SchemaObject> FindNamedObject(const tsql::Name& name);
     // The table that a table variable is now; 1087 when there is none of this name.
     std::shared_ptr<const Table> VariableTable(const std::string& name);
     const tsql::CommonTable* FindCommonTable(const tsql::Name& name) const;
