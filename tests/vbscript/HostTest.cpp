@@ -178,6 +178,19 @@ TEST_F(Host, AssigningToAGlobalNameOfAMemberSetsTheMember) {
     EXPECT_EQ(host.Eval("Name"), Value("top")) << "a variable, now that there is no such object";
 }
 
+// What a step costs grows with the texts it works on: a few steps of long work come to the limit too.
+TEST_F(Host, LongWorkWithinAStepIsStopped) {
+    host.AddCode("Dim s, t, r : s = String(1000000, \"a\") : t = String(1000000, \"a\")\n"
+                 "Set r = New RegExp : r.Pattern = \"(a*)*b\"");
+    host.SetStepLimit(4'000);
+    for (const char* work :
+         {"x = UCase(s)", "x = InStr(s, \"b\")", "x = StrComp(s, t)", "x = (s = t)", "x = Split(s, \"aa\")",
+          "x = r.Test(s)", "x = IsNumeric(s)", "x = Array(s & t)"}) {
+        const std::string loop = "For i = 1 To 1000 : " + std::string(work) + " : Next";
+        EXPECT_EQ(NumberOf([&] { host.AddCode(loop); }), numbers::ScriptStopped) << work;
+    }
+}
+
 // Stops the host from a member of an object that the script calls.
 TEST_F(Host, StopEndsAScriptFromWithin) {
     auto* stopper = new FreeObject("Stopper");

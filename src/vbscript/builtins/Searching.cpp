@@ -55,7 +55,7 @@ Search::Search(std::u16string_view text, std::u16string_view sought, bool ignore
 std::size_t Search::Next(std::size_t from) const {
     if (m_sought.size() < LongSought || from >= m_text.size()) {
         const std::size_t place = m_text.find(m_sought, from);
-        Work::Done(std::min(place, m_text.size()) - std::min(from, m_text.size()));
+        Work::Done(16 + std::min(place, m_text.size()) - std::min(from, m_text.size()));
         return place;
     }
     const std::size_t length = m_text.size() - from;

@@ -17,6 +17,7 @@
 
 #include "platform/ScriptHost.h"
 #include "vbscript/machine/Variant.h"
+#include "vbscript/machine/Work.h"
 
 namespace quillon::vbscript {
 
@@ -26,12 +27,10 @@ struct RandomState {
 };
 
 // What an intrinsic function may ask of the run it is part of.
-class BuiltinContext {
+class BuiltinContext : public Work::Watcher {
   public:
     virtual ScriptSite* Site() noexcept = 0; // null: no boxes, the functions raise 5
     virtual RandomState& Random() noexcept = 0;
-    // To be called now and then in long work: ends the script by an exception if it was told to stop.
-    virtual void Poll() = 0;
 
   protected:
     ~BuiltinContext() = default;

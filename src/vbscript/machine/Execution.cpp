@@ -16,7 +16,7 @@ class Machine::Entry {
         : m_machine(machine)
         , m_at(machine.m_at)
         , m_before(ObjectRegistry::SetCurrent(&machine.m_registry))
-        , m_runBefore(Work::SetRun(&machine)) {
+        , m_watcherBefore(Work::SetWatcher(&machine)) {
         if (machine.m_nesting++ == 0) {
             machine.m_stop.store(false, std::memory_order_relaxed);
             machine.m_steps = 0;
@@ -27,7 +27,7 @@ class Machine::Entry {
         --m_machine.m_nesting;
         m_machine.m_at = m_at;
         ObjectRegistry::SetCurrent(m_before);
-        Work::SetRun(m_runBefore);
+        Work::SetWatcher(m_watcherBefore);
     }
     Entry(const Entry&) = delete;
     Entry& operator=(const Entry&) = delete;
@@ -36,7 +36,7 @@ class Machine::Entry {
     Machine& m_machine;
     Step m_at;
     ObjectRegistry* m_before;
-    BuiltinContext* m_runBefore;
+    Work::Watcher* m_watcherBefore;
 };
 
 Machine::Machine()

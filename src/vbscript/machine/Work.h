@@ -10,10 +10,18 @@
 
 namespace quillon::vbscript {
 
-class BuiltinContext;
-
 class Work {
   public:
+    // The run that is asked.
+    class Watcher {
+      public:
+        // To be called now and then in long work: ends the script by an exception if it was told to stop.
+        virtual void Poll() = 0;
+
+      protected:
+        ~Watcher() = default;
+    };
+
     // `steps` of a nanosecond or so each: bytes copied, characters compared.
     static void Done(std::size_t steps) {
         if ((s_done += steps) >= BetweenPolls) [[unlikely]]
@@ -21,7 +29,7 @@ class Work {
     }
 
     // Gives the run that there was before.
-    static BuiltinContext* SetRun(BuiltinContext* run) noexcept { return std::exchange(s_run, run); }
+    static Watcher* SetWatcher(Watcher* run) noexcept { return std::exchange(s_watcher, run); }
 
   private:
     static constexpr std::size_t BetweenPolls = std::size_t{4} << 20;
@@ -29,7 +37,7 @@ class Work {
     static void Poll();
 
     static inline thread_local constinit std::size_t s_done = 0;
-    static inline thread_local constinit BuiltinContext* s_run = nullptr;
+    static inline thread_local constinit Watcher* s_watcher = nullptr;
 };
 
 } // namespace quillon::vbscript
