@@ -1,4 +1,8 @@
+#include "practice/catalogue/CatalogueViews.h"
 #include "practice/catalogue/MetadataParts.h"
+#include "practice/functions/NameParts.h"
+
+#include <algorithm>
 
 namespace quillon::practice {
 
@@ -10,12 +14,24 @@ std::string_view Trimmed(std::string_view text) {
     return text;
 }
 
+// System views have numbers below zero, by their place in the list; nothing for any other name.
+Datum SystemViewId(const Question& q) {
+    const auto parts = SplitName(q.Text(0));
+    if (!parts || parts->empty() || (q.Count() > 1 && !SameName(Trimmed(q.Text(1)), "V")))
+        return {};
+    const std::string schema = parts->size() > 1 ? (*parts)[parts->size() - 2] : std::string();
+    const SystemView* found = CatalogueViews().Find(schema, parts->back());
+    const auto all = AllCatalogueViews();
+    const auto at = std::find(all.begin(), all.end(), found);
+    return at == all.end() ? Datum() : Datum::Int(-101 - (at - all.begin()));
+}
+
 Datum ObjectIdOf(const Question& q) {
     if (q.IsNull(0) || (q.Count() > 1 && q.IsNull(1)))
         return {};
     const ObjectId id = q.ObjectByName(q.Text(0));
     if (id == 0)
-        return {};
+        return SystemViewId(q);
     if (q.Count() > 1) {
         const std::string wanted = q.Text(1);
         if (!SameName(Trimmed(wanted), ObjectTypeCode(q.Named(id)->object.kind)))

@@ -153,11 +153,14 @@ Datum Power(FunctionContext&, Arguments arguments) {
     return FloatAs(number, type);
 }
 
-template <double (*function)(double)>
+// `overflows`: an infinite result is too large rather than no number.
+template <double (*function)(double), bool overflows = false>
 Datum OfFloat(FunctionContext&, Arguments arguments) {
     if (AnyNull(arguments))
         return {};
     const double number = function(FloatOf(arguments[0]));
+    if (overflows && std::isinf(number))
+        throw SqlError(8115, {"expression", "float"}, 2);
     if (!std::isfinite(number))
         throw SqlError(3623);
     return Datum::Float(number);
@@ -183,7 +186,10 @@ Datum Log(FunctionContext&, Arguments arguments) {
 Datum ArcTangent2(FunctionContext&, Arguments arguments) {
     if (AnyNull(arguments))
         return {};
-    return Datum::Float(std::atan2(FloatOf(arguments[0]), FloatOf(arguments[1])));
+    const double y = FloatOf(arguments[0]), x = FloatOf(arguments[1]);
+    if (y == 0 && x == 0)
+        throw SqlError(3623);
+    return Datum::Float(std::atan2(y, x));
 }
 
 Datum Degrees(FunctionContext&, Arguments arguments) {
@@ -218,8 +224,8 @@ constexpr ScalarFunction rows[] = {
     {"ROUND", 2, 3, RoundType, Round},
     {"POWER", 2, 2, PowerType, Power},
     {"SQRT", 1, 1, Float, OfFloat<std::sqrt>},
-    {"SQUARE", 1, 1, Float, OfFloat<Square>},
-    {"EXP", 1, 1, Float, OfFloat<std::exp>},
+    {"SQUARE", 1, 1, Float, OfFloat<Square, true>},
+    {"EXP", 1, 1, Float, OfFloat<std::exp, true>},
     {"LOG", 1, 2, Float, Log},
     {"LOG10", 1, 1, Float, OfFloat<std::log10>},
     {"SIN", 1, 1, Float, OfFloat<std::sin>},

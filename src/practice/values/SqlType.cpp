@@ -306,6 +306,8 @@ std::optional<SqlType> TypeFromName(std::string_view name, std::optional<int> fi
             throw SqlError(1002, {"1", std::to_string(*first)});
         return MomentType(*id, first.value_or(7));
     }
+    if (first && inCast)
+        throw SqlError(291, {lower});
     if (first)
         throw SqlError(2716, {"1", lower});
     return SimpleType(*id);

@@ -26,6 +26,9 @@ Target RequireTarget(Translator& translator, const tsql::DmlTarget& target) {
         if (target.name.parts.size() == 1 && translator.Shared().context.CurrentTrigger() != nullptr &&
             (SameName(target.name.Last(), "inserted") || SameName(target.name.Last(), "deleted")))
             throw SqlError(286);
+        const SystemViews* views = translator.Shared().systemViews;
+        if (views != nullptr && views->Find(target.name.Schema(), target.name.Last()) != nullptr)
+            throw SqlError(259);
         throw SqlError(208, {target.name.Text()});
     }
     return found;
