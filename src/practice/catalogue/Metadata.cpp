@@ -41,11 +41,15 @@ ObjectId Question::ObjectByName(const std::string& name) const {
         return part;
     };
     const std::string object = take(), schemaName = take(), databaseName = take();
-    if (object.starts_with("#")) {
+    if (IsPrivateName(object)) {
         const auto table = here.store.Temporary().Find(object);
         return table ? table->id : 0;
     }
     const auto view = here.store.View();
+    if (IsSharedTemporaryName(object)) {
+        const auto table = view->FindObject(tempDatabase, dboSchema, object);
+        return table ? table->id : 0;
+    }
     const Database* database =
         databaseName.empty() ? view->FindDatabase(here.database) : view->FindDatabase(databaseName);
     if (database == nullptr)

@@ -269,6 +269,8 @@ void SessionOfRequests::Reset(bool keepTransaction, ResultSink& sink) {
         RollbackTransaction(m_state, {});
     m_state.globalCursors.clear();
     m_state.Statements().DropTemporaryTables(-1);
+    if (!keepTransaction)
+        m_state.Statements().DropSharedTables();
     m_state.impersonations.clear();
     m_state.contextInfo.clear();
     m_state.sessionContext.clear();

@@ -24,6 +24,10 @@ SessionState::~SessionState() {
     frames.clear();
     globalCursors.clear();
     keptTexts.clear();
+    store.ClearInterrupt();
+    if (store.TransactionCount() > 0)
+        store.Rollback();
+    m_executor->DropSharedTables();
 }
 
 void SessionState::CheckInterrupt() const {

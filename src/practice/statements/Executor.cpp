@@ -184,6 +184,26 @@ void Executor::DropTemporaryTables(int scope) noexcept {
         DropTable(*table);
 }
 
+void Executor::DropSharedTables() noexcept {
+    StoreSession& store = m_engine->store;
+    const std::vector<ObjectId> shared = store.TakeShared();
+    if (shared.empty())
+        return;
+    constexpr int patience = 5000;
+    const int before = store.LockTimeout();
+    try {
+        store.SetLockTimeout(patience);
+        StatementScope scope(*m_engine, StoreSession::Writes::Data);
+        for (const ObjectId id : shared)
+            if (const auto table = store.View()->FindTable(id))
+                DropTableObject(*m_engine, table);
+        scope.End();
+    } catch (const std::exception&) {
+        // tempdb is made anew when the server starts
+    }
+    store.SetLockTimeout(before);
+}
+
 Executor::ResolvedType Executor::ResolveType(const tsql::DataType& type, bool inCast) {
     Translator translator(*m_engine);
     ResolvedType resolved;

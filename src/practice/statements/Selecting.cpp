@@ -59,7 +59,7 @@ StatementOutcome RunAssignment(Engine& engine, const tsql::SelectStatement& stat
 }
 
 StatementOutcome RunInto(Engine& engine, const tsql::SelectStatement& statement) {
-    const bool temporary = statement.First().into.Last().starts_with("#");
+    const bool temporary = IsPrivateName(statement.First().into.Last());
     StatementScope scope(engine, temporary ? StoreSession::Writes::Temporary : StoreSession::Writes::Data);
     const std::unique_ptr<Plan> plan = MakePlan(engine, statement, false);
     plan->Bind(engine);

@@ -52,12 +52,14 @@ std::shared_ptr<const Catalogue> LoadCatalogue(sqlite3* connection, std::uint64_
 // Writes definitions over one connection, which outlives it.
 class DefinitionSaver {
   public:
-    explicit DefinitionSaver(sqlite3* connection);
+    // `tables` is what the names of the tables begin with.
+    explicit DefinitionSaver(sqlite3* connection, std::string tables = "q_");
     ~DefinitionSaver();
     DefinitionSaver(const DefinitionSaver&) = delete;
     DefinitionSaver& operator=(const DefinitionSaver&) = delete;
     // Brings the rows of what the editor changed in step with it.
     void Save(const CatalogueEditor& editor);
+    void Add(const SchemaObject& object);
 
   private:
     class Saver;

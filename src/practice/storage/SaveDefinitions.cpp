@@ -10,8 +10,9 @@ namespace quillon::practice {
 // Keeps its statements: definitions come in thousands.
 class DefinitionSaver::Saver {
   public:
-    explicit Saver(sqlite3* connection)
-        : m_connection(connection) {}
+    Saver(sqlite3* connection, std::string tables)
+        : m_connection(connection)
+        , m_tables(std::move(tables)) {}
 
     void DeleteObject(ObjectId id);
     void SaveObject(const SchemaObject& object);
@@ -21,8 +22,10 @@ class DefinitionSaver::Saver {
   private:
     Prepared& Kept(const std::string& sql) {
         Prepared& statement = m_kept[sql];
-        if (!statement)
-            statement = Prepared(m_connection, sql, true);
+        if (!statement) {
+            const std::size_t table = sql.find(" q_") + 1; // each names one
+            statement = Prepared(m_connection, std::string(sql).replace(table, 2, m_tables), true);
+        }
         return statement;
     }
     void RunFor(const std::string& sql, std::int64_t id) { Kept(sql).Bind(1, id).Run(); }
@@ -39,6 +42,7 @@ class DefinitionSaver::Saver {
     void SavePrincipal(DatabaseId database, const Principal& principal);
 
     sqlite3* m_connection;
+    std::string m_tables;
     std::unordered_map<std::string, Prepared> m_kept;
 };
 
@@ -303,10 +307,14 @@ void DefinitionSaver::Saver::SavePrincipal(DatabaseId database, const Principal&
             .Run();
 }
 
-DefinitionSaver::DefinitionSaver(sqlite3* connection)
-    : m_saver(std::make_unique<Saver>(connection)) {}
+DefinitionSaver::DefinitionSaver(sqlite3* connection, std::string tables)
+    : m_saver(std::make_unique<Saver>(connection, std::move(tables))) {}
 
 DefinitionSaver::~DefinitionSaver() = default;
+
+void DefinitionSaver::Add(const SchemaObject& object) {
+    m_saver->SaveObject(object);
+}
 
 void DefinitionSaver::Save(const CatalogueEditor& editor) {
     for (const DatabaseId id : editor.ChangedDatabases()) {

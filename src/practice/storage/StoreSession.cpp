@@ -70,6 +70,14 @@ void StoreSession::Change(const std::function<void(CatalogueEditor&)>& change) {
     m_ownView = true;
 }
 
+std::string StoreSession::OverTempdb(std::string select) {
+    if (m_temporary.All().empty())
+        return select;
+    if (!m_temporaryCatalogue)
+        m_temporaryCatalogue = std::make_unique<TemporaryCatalogue>(Connection());
+    return m_temporaryCatalogue->Over(std::move(select), m_temporary);
+}
+
 // --- Transactions --------------------------------------------------------------------------------------
 
 void StoreSession::StartNew() {

@@ -13,6 +13,7 @@
 #include "practice/storage/Store.h"
 #include "practice/storage/StoreFailure.h"
 #include "practice/storage/TableStorage.h"
+#include "practice/storage/TemporaryCatalogue.h"
 #include "practice/storage/TemporaryTables.h"
 
 #include <functional>
@@ -40,6 +41,11 @@ class StoreSession {
     // Changes definitions, in the file and for this session's eyes; within BeginStatement and EndStatement.
     void Change(const std::function<void(CatalogueEditor&)>& change);
     TemporaryTables& Temporary() { return m_temporary; }
+    // The SELECT of a system view, over tempdb as this session sees it.
+    std::string OverTempdb(std::string select);
+    // ##tables that this session has made: they go when it ends.
+    void NoteShared(ObjectId table) { m_shared.push_back(table); }
+    std::vector<ObjectId> TakeShared() { return std::exchange(m_shared, {}); }
 
     // --- Transactions (as @@TRANCOUNT counts) ------------------------------------------------------------
     int TransactionCount() const { return m_count; }
@@ -138,6 +144,8 @@ class StoreSession {
     std::shared_ptr<const Catalogue> m_view;          // committed, or own
     bool m_ownView = false;
     TemporaryTables m_temporary;
+    std::unique_ptr<TemporaryCatalogue> m_temporaryCatalogue; // once asked for
+    std::vector<ObjectId> m_shared;
     TemporaryTables::State m_temporaryAtBegin;
 
     int m_count = 0;

@@ -9,6 +9,14 @@
 
 namespace quillon::practice {
 
+// #t is the session's own; ##t is an ordinary table of tempdb that goes with the session that made it.
+inline bool IsPrivateName(std::string_view name) {
+    return name.starts_with("#") && !name.starts_with("##");
+}
+inline bool IsSharedTemporaryName(std::string_view name) {
+    return name.starts_with("##");
+}
+
 class TemporaryTables {
   public:
     struct Entry {

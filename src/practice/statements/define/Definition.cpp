@@ -61,7 +61,7 @@ void RunKind(Engine& engine, const tsql::Statement& statement) {
 }
 
 bool IsTemporaryName(const tsql::Name& name) {
-    return name.Last().starts_with("#");
+    return IsPrivateName(name.Last());
 }
 
 // The tables that the statement is about.

@@ -10,10 +10,6 @@ namespace quillon::practice {
 
 namespace {
 
-bool IsTemporaryName(const std::string& name) {
-    return !name.empty() && name.front() == '#';
-}
-
 // Tells a table that others refer to (or no longer refer to) it.
 void SetReference(CatalogueEditor& editor, ObjectId referenced, ObjectId referencing, bool refers) {
     const auto before = editor.Now().FindTable(referenced);
@@ -34,6 +30,8 @@ void SetReference(CatalogueEditor& editor, ObjectId referenced, ObjectId referen
 } // namespace
 
 Home HomeFor(Engine& engine, const tsql::Name& name) {
+    if (IsSharedTemporaryName(name.Last()))
+        return {tempDatabase, dboSchema};
     const auto view = engine.store.View();
     Home home;
     const Database* database = name.Database().empty() ? view->FindDatabase(engine.context.CurrentDatabase())
@@ -145,7 +143,7 @@ std::shared_ptr<Table> NewTable(Engine& engine, const tsql::Name& name) {
     auto table = std::make_shared<Table>();
     table->id = engine.store.Shared().NextObjectId();
     table->name = name.Last();
-    table->temporary = IsTemporaryName(name.Last());
+    table->temporary = IsPrivateName(name.Last());
     if (table->temporary) {
         table->database = tempDatabase;
         const int scope = engine.context.TemporaryScope();
@@ -158,6 +156,8 @@ std::shared_ptr<Table> NewTable(Engine& engine, const tsql::Name& name) {
     RequireFreeName(engine, home, name.Last());
     table->database = home.database;
     table->schema = home.schema;
+    if (IsSharedTemporaryName(table->name))
+        engine.store.NoteShared(table->id);
     return table;
 }
 

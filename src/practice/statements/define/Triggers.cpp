@@ -67,7 +67,7 @@ std::shared_ptr<const Trigger> FindTrigger(Engine& engine, const tsql::Name& nam
 void CreateTrigger(Engine& engine, const tsql::CreateTriggerStatement& statement) {
     const auto parent = Translator(engine).FindSourceObject(statement.table);
     const bool fits = parent && (parent->kind == ObjectKind::Table || parent->kind == ObjectKind::View) &&
-                      !statement.table.Last().starts_with("#");
+                      !statement.table.Last().starts_with("#"); // of either kind
     if (!fits || (parent->kind == ObjectKind::View && statement.timing == tsql::TriggerTiming::After))
         throw SqlError(8197, {statement.table.Text()}, 4);
     const Home home{parent->database, parent->schema};

@@ -169,8 +169,10 @@ std::shared_ptr<const SchemaObject> Translator::FindSourceObject(const tsql::Nam
 }
 
 std::shared_ptr<const SchemaObject> Translator::FindNamedObject(const tsql::Name& name) {
-    if (!name.Last().empty() && name.Last().front() == '#')
+    if (IsPrivateName(name.Last()))
         return m_engine.store.Temporary().Find(name.Last());
+    if (IsSharedTemporaryName(name.Last()))
+        return m_engine.store.View()->FindObject(tempDatabase, dboSchema, name.Last());
     if (!name.Server().empty())
         throw SqlError(7202, {name.Server()});
     const auto view = m_engine.store.View();
@@ -273,6 +275,8 @@ std::string Translator::SystemSource(const SystemView& view, DatabaseId database
     std::string select(view.select);
     ReplaceAll(select, "{db}", std::to_string(database));
     ReplaceAll(select, "{session}", std::to_string(m_engine.context.Functions().SessionId()));
+    if (database == tempDatabase)
+        select = m_engine.store.OverTempdb(std::move(select));
     std::string names;
     for (const SystemColumn& column : view.columns) {
         OutputColumn output;
