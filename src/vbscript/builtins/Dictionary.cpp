@@ -1,5 +1,6 @@
 #include "vbscript/builtins/Dictionary.h"
 
+#include <algorithm>
 #include <bit>
 
 #include "vbscript/builtins/Arguments.h"
@@ -131,8 +132,11 @@ std::size_t Dictionary::PlaceOf(const Variant& key, std::uint32_t hash) const {
 
 Dictionary::Entry* Dictionary::Find(const Variant& key) {
     const std::uint32_t hash = HashOf(key);
-    if (m_index.empty())
-        return nullptr;
+    if (m_index.empty()) {
+        const auto found = std::ranges::find_if(
+            m_entries, [&](const Entry& entry) { return entry.hash == hash && SameKey(entry.key, key); });
+        return found == m_entries.end() ? nullptr : &*found;
+    }
     const std::uint32_t held = m_index[PlaceOf(key, hash)];
     return held == 0 ? nullptr : &m_entries[held - 1];
 }
@@ -153,24 +157,32 @@ Dictionary::Entry& Dictionary::FindOrAdd(const Variant& key) {
 Dictionary::Entry& Dictionary::Append(const Variant& key, std::uint32_t hash) {
     MakeRoom();
     m_entries.push_back({key, Variant(), hash});
-    m_index[PlaceOf(key, hash)] = static_cast<std::uint32_t>(m_entries.size());
-    ++m_used;
+    if (!m_index.empty())
+        Place(m_entries.back());
     ++m_count;
     return m_entries.back();
 }
 
 void Dictionary::MakeRoom() {
-    if ((m_used + 1) * 4 > m_index.size() * 3)
+    if (m_index.empty() ? m_entries.size() >= MostUnindexed : (m_used + 1) * 4 > m_index.size() * 3)
         Rebuild();
+}
+
+void Dictionary::Place(const Entry& entry) {
+    std::uint32_t& place = m_index[PlaceOf(entry.key, entry.hash)];
+    m_used += place == 0 ? 1 : 0;
+    place = static_cast<std::uint32_t>(&entry - m_entries.data() + 1);
 }
 
 // Drops the removed entries and makes the index fit for twice as many as are left.
 void Dictionary::Rebuild() {
-    constexpr std::size_t smallest = 8;
-    Index index(std::bit_ceil(std::max(smallest, m_count * 3)), 0);
+    const bool isIndexed = m_count >= MostUnindexed;
+    Index index(isIndexed ? std::bit_ceil(m_count * std::size_t{3}) : 0, 0);
     std::erase_if(m_entries, [](const Entry& entry) { return !IsLive(entry); });
     m_index.swap(index);
-    m_used = m_entries.size();
+    m_used = isIndexed ? m_count : 0;
+    if (!isIndexed)
+        return;
     const std::size_t mask = m_index.size() - 1;
     for (std::size_t i = 0; i < m_entries.size(); ++i) {
         std::size_t place = m_entries[i].hash & mask;
@@ -216,9 +228,8 @@ Variant Dictionary::Rename(InvokeKind kind, std::span<Variant> arguments) {
     Variant released = arguments[1];
     entry.key.Swap(released);
     entry.hash = hash;
-    std::uint32_t& place = m_index[PlaceOf(entry.key, hash)];
-    m_used += place == 0 ? 1 : 0;
-    place = static_cast<std::uint32_t>(&entry - m_entries.data() + 1);
+    if (!m_index.empty())
+        Place(entry);
     return {};
 }
 

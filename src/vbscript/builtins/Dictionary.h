@@ -32,8 +32,11 @@ class Dictionary final : public NativeObject {
         std::uint32_t hash;
     };
     using Entries = std::vector<Entry, HeapAllocator<Entry>>;
-    // Places in m_entries plus one, by open addressing; a power of two, at most three quarters full.
+    // Places in m_entries plus one, by open addressing; a power of two, at most three quarters full. Empty
+    // while there are few entries: those are looked through.
     using Index = std::vector<std::uint32_t, HeapAllocator<std::uint32_t>>;
+
+    static constexpr std::size_t MostUnindexed = 8;
 
     std::uint32_t HashOf(const Variant& key) const;
     bool SameKey(const Variant& left, const Variant& right) const;
@@ -44,6 +47,7 @@ class Dictionary final : public NativeObject {
     Entry& FindOrAdd(const Variant& key);
     Entry& Append(const Variant& key, std::uint32_t hash);
     void MakeRoom(); // for one more key
+    void Place(const Entry& entry);
     void Rebuild();
     static bool IsLive(const Entry& entry) { return entry.key.kind() != Kind::Unset; }
 
@@ -57,8 +61,8 @@ class Dictionary final : public NativeObject {
 
     Entries m_entries;
     Index m_index;
-    std::size_t m_used = 0; // places of the index that are taken: by an entry, or by a key it had once
-    std::size_t m_count = 0;
+    std::uint32_t m_used = 0; // places of the index that are taken: by an entry, or by a key it had once
+    std::uint32_t m_count = 0;
     std::int32_t m_compareMode = 0;
 };
 

@@ -16,7 +16,7 @@
 
 namespace quillon::vbscript {
 
-class RegExp final : public NativeObject {
+class RegExp final : public LeafObject {
   public:
     static ObjectRef Create();
 
@@ -38,14 +38,8 @@ class RegExp final : public NativeObject {
     std::unique_ptr<const regexp::Program> m_program;
 };
 
-// What a search gives. It holds texts and matches alone and so is part of no cycle: no engine has to know of
-// it.
-class SearchResult : public ScriptObject {
-    void Orphan() noexcept final {}
-};
-
 // A read-only list of values with Count and Item: the matches of a search, the parts of a match.
-class ValueList final : public SearchResult {
+class ValueList final : public LeafObject {
   public:
     // `typeName` must live as long as the process.
     ValueList(const char* typeName, HeapVector<Variant> values)
@@ -64,7 +58,7 @@ class ValueList final : public SearchResult {
 };
 
 // One match. FirstIndex counts from 0.
-class RegExpMatch final : public SearchResult {
+class RegExpMatch final : public LeafObject {
   public:
     // Of the last match that `matcher` found in `text`.
     RegExpMatch(Text text, const regexp::Matcher& matcher, std::int32_t groups);

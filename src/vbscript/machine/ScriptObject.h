@@ -110,6 +110,12 @@ class NativeObject : public ScriptObject {
     ObjectRegistry* m_registry;
 };
 
+// The base of those that can be part of no cycle, since they hold neither instances nor collections that
+// scripts fill: no engine has to know of them.
+class LeafObject : public ScriptObject {
+    void Orphan() noexcept final {}
+};
+
 // The object of a Variant of kind ScriptObject.
 inline ScriptObject* ScriptObjectIn(const Variant& value) noexcept {
     return static_cast<ScriptObject*>(value.AsObject().get());
