@@ -78,10 +78,10 @@ Printed Print(const Unary& unary) {
 
 Printed Print(const Binary& binary) {
     static const std::map<BinaryOperator, std::pair<const char*, Binding>> signs{
-        {BinaryOperator::Add, {"+", Sum}},          {BinaryOperator::Subtract, {"-", Sum}},
-        {BinaryOperator::BitAnd, {"&", Sum}},       {BinaryOperator::BitOr, {"|", Sum}},
-        {BinaryOperator::BitXor, {"^", Sum}},       {BinaryOperator::Multiply, {"*", Product}},
-        {BinaryOperator::Divide, {"/", Product}},   {BinaryOperator::Modulo, {"%", Product}},
+        {BinaryOperator::Add, {"+", Sum}},        {BinaryOperator::Subtract, {"-", Sum}},
+        {BinaryOperator::BitAnd, {"&", Sum}},     {BinaryOperator::BitOr, {"|", Sum}},
+        {BinaryOperator::BitXor, {"^", Sum}},     {BinaryOperator::Multiply, {"*", Product}},
+        {BinaryOperator::Divide, {"/", Product}}, {BinaryOperator::Modulo, {"%", Product}},
     };
     const auto& [sign, level] = signs.at(binary.op);
     return {At(level, *binary.left) + sign + At(static_cast<Binding>(level + 1), *binary.right), level};
@@ -174,9 +174,9 @@ Printed Print(const Logical& logical) {
 
 Printed Print(const Between& between) {
     const std::string operand = At(Sum, *between.operand);
-    return Negated(between.negated, {operand + ">=" + At(Sum, *between.low) + " AND " + operand +
-                                         "<=" + At(Sum, *between.high),
-                                     And});
+    return Negated(
+        between.negated,
+        {operand + ">=" + At(Sum, *between.low) + " AND " + operand + "<=" + At(Sum, *between.high), And});
 }
 
 // The last value of the list comes first.

@@ -1,6 +1,6 @@
 // The form in which the catalogue keeps and shows the expressions of defaults, checks, computed columns and
-// filters: names in square brackets, built-in functions in small letters, numbers in brackets, no blank that is
-// not needed; BETWEEN, IN and the words without brackets as what they stand for.
+// filters: names in square brackets, built-in functions in small letters, numbers in brackets, no blank that
+// is not needed; BETWEEN, IN and the words without brackets as what they stand for.
 #pragma once
 
 #include "practice/tsql/TreeExpressions.h"
