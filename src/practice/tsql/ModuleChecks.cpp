@@ -4,12 +4,6 @@
 
 namespace quillon::practice::tsql {
 
-namespace {
-
-using Visitor = std::function<void(const Statement&)>;
-
-void Visit(const StatementList& statements, const Visitor& visitor);
-
 void Visit(const Statement& statement, const Visitor& visitor) {
     visitor(statement);
     switch (statement.kind) {
@@ -32,6 +26,8 @@ void Visit(const StatementList& statements, const Visitor& visitor) {
     for (const StatementPtr& statement : statements)
         Visit(*statement, visitor);
 }
+
+namespace {
 
 bool WritesToVariable(const Statement& statement) {
     return !static_cast<const DmlStatement&>(statement).target.variable.empty();

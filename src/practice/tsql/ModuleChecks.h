@@ -5,6 +5,11 @@
 
 namespace quillon::practice::tsql {
 
+using Visitor = std::function<void(const Statement&)>;
+/// Each statement, and those inside of it.
+void Visit(const Statement& statement, const Visitor& visitor);
+void Visit(const StatementList& statements, const Visitor& visitor);
+
 /// A function only reads, ends with RETURN and sends nothing to the client: 443, 444, 455.
 void CheckFunctionBody(ParseState& state, const CreateFunctionStatement& function);
 

@@ -237,7 +237,8 @@ std::string Translator::NamedSource(const tsql::NamedTable& source, Scope& scope
 std::string Translator::FindNamed(const tsql::NamedTable& source, Scope& scope) {
     const tsql::Name& name = source.name;
     if (name.parts.size() == 1) {
-        if (const TriggerFrame* frame = m_here.isModule ? nullptr : m_engine.context.CurrentTrigger())
+        const TriggerFrame* running = m_here.isModule ? nullptr : m_engine.context.CurrentTrigger();
+        if (const TriggerFrame* frame = m_here.trigger != nullptr ? m_here.trigger : running)
             for (const auto& set : {frame->inserted, frame->deleted})
                 if (set && SameName(set->name, name.Last()))
                     return AddRowSet(set, frame->after, source.alias, scope);

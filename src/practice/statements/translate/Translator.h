@@ -50,6 +50,7 @@ struct Surroundings {
     // The arguments of an inline function that is being expanded, by folded name with the @.
     const std::map<std::string, Scalar>* arguments = nullptr;
     bool isModule = false;
+    const TriggerFrame* trigger = nullptr; // a firing to bind against that is none
 };
 
 class Translator {
