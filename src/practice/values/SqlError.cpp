@@ -19,6 +19,17 @@ const std::vector<MessageRow>& Table() {
     return table;
 }
 
+// The errors that never come with state 1.
+constexpr std::pair<int, int> usualStates[] = {{137, 2},  {206, 2},  {257, 3},  {266, 2},
+                                               {295, 3},  {468, 9},  {515, 2},  {1088, 12},
+                                               {2705, 3}, {8114, 5}, {8146, 2}, {8170, 2}};
+
+int UsualState(int number) {
+    const auto* found = std::find_if(std::begin(usualStates), std::end(usualStates),
+                                     [&](const auto& row) { return row.first == number; });
+    return found == std::end(usualStates) ? 1 : found->second;
+}
+
 std::string Fill(const char* pattern, std::initializer_list<std::string_view> parameters) {
     std::string text;
     for (const char* at = pattern; *at != '\0'; ++at) {
@@ -37,7 +48,7 @@ std::string Fill(const char* pattern, std::initializer_list<std::string_view> pa
 
 SqlError::SqlError(int messageNumber, std::initializer_list<std::string_view> parameters, int errorState)
     : number(messageNumber)
-    , state(errorState) {
+    , state(errorState == 1 ? UsualState(messageNumber) : errorState) {
     const MessageRow* row = FindMessage(messageNumber);
     if (row == nullptr)
         throw std::logic_error("no message " + std::to_string(messageNumber) + " in the table");

@@ -123,4 +123,11 @@ TEST(Decimal, DividesAndMultipliesBeyond128Bits) {
 }
 
 } // namespace
+TEST(Messages, ComeWithTheirDocumentedState) {
+    EXPECT_EQ(2, SqlError(137, {"@x"}).state);
+    EXPECT_EQ(9, SqlError(468).state);
+    EXPECT_EQ(1, SqlError(208).state);
+    EXPECT_EQ(0, SqlError(547, {}, 0).state);
+}
+
 } // namespace quillon::practice
