@@ -13,8 +13,8 @@ namespace quillon::practice {
 
 class SqlError : public std::exception {
   public:
-    // The message of the table with its parameters in place: throw SqlError(207, {columnName}). Those that are
-    // documented with one state other than 1 come with that one unless another is given.
+    // The message of the table with its parameters in place: throw SqlError(207, {columnName}). Those that
+    // are documented with one state other than 1 come with that one unless another is given.
     explicit SqlError(int messageNumber, std::initializer_list<std::string_view> parameters = {},
                       int errorState = 1);
     // A message of the user's own: RAISERROR, THROW.
