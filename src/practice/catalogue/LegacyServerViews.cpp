@@ -12,7 +12,8 @@ constexpr ViewDefinition rows[] = {
      "reserved datetime, category int, cmptlevel tinyint, filename nvarchar(260), version smallint",
      "SELECT d.name, d.database_id, x'01', 0, CASE WHEN {option:RECOVERY} = 'SIMPLE' THEN 65544 ELSE 65536 "
      "END, "
-     "1090519040, d.create_date, 0, 0, 150, d.name || '.mdf', 904 FROM q_database d"},
+     "1090519040, d.create_date, 0, 0, CAST(coalesce({option:COMPATIBILITY_LEVEL}, 150) AS INTEGER), d.name "
+     "|| '.mdf', 904 FROM q_database d"},
     {"dbo", "syslogins",
      "sid varbinary(85), status smallint, createdate datetime, updatedate datetime, accdate datetime, totcpu "
      "int, "

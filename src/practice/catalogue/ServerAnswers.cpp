@@ -85,9 +85,9 @@ Datum DatabasePropertyOf(const Question& q) {
     if (property == "STATUS")
         return Variant("ONLINE");
     if (property == "UPDATEABILITY")
-        return Variant("READ_WRITE");
+        return Variant(database->Option("READ_ONLY") ? "READ_ONLY" : "READ_WRITE");
     if (property == "USERACCESS")
-        return Variant("MULTI_USER");
+        return Variant(database->options.contains("SINGLE_USER") ? "SINGLE_USER" : "MULTI_USER");
     if (property == "VERSION")
         return Datum::Int(904);
     if (property == "LCID")

@@ -44,8 +44,11 @@ constexpr ViewDefinition rows[] = {
      "is_result_set_caching_on bit, is_accelerated_database_recovery_on bit, "
      "is_tempdb_spill_to_remote_store bit, is_stale_page_detection_on bit, "
      "is_memory_optimized_enabled bit",
-     "SELECT d.name, d.database_id, NULL, x'01', d.create_date, 150, d.collation_name, 0, "
-     "'MULTI_USER', 0, 0, 0, 0, 'ONLINE', 0, 0, 0, 0, 'OFF', 1, CASE {option:RECOVERY} WHEN 'SIMPLE' "
+     "SELECT d.name, d.database_id, NULL, x'01', d.create_date, "
+     "CAST(coalesce({option:COMPATIBILITY_LEVEL}, 150) AS INTEGER), d.collation_name, "
+     "{option:SINGLE_USER} IS NOT NULL, "
+     "CASE WHEN {option:SINGLE_USER} IS NULL THEN 'MULTI_USER' ELSE 'SINGLE_USER' END, {on:READ_ONLY}, 0, 0, "
+     "0, 'ONLINE', 0, 0, 0, 0, 'OFF', 1, CASE {option:RECOVERY} WHEN 'SIMPLE' "
      "THEN 3 WHEN 'BULK_LOGGED' THEN 2 ELSE 1 END, coalesce({option:RECOVERY}, 'FULL'), 2, "
      "'CHECKSUM', 1, 0, 1, 0, {on:ANSI_NULL_DEFAULT}, {on:ANSI_NULLS}, {on:ANSI_PADDING}, "
      "{on:ANSI_WARNINGS}, {on:ARITHABORT}, {on:CONCAT_NULL_YIELDS_NULL}, {on:NUMERIC_ROUNDABORT}, "

@@ -17,6 +17,8 @@ RowChange::RowChange(Engine& engine, std::shared_ptr<const Table> table, Trigger
     , m_verb(verb)
     , m_updated(static_cast<std::size_t>(table->lastColumnId) + 1, event == TriggerEvent::Insert) {
     m_updated[0] = false;
+    if (!table->temporary)
+        RequireWritable(engine, table->database);
     if (keepSets) {
         m_inserted = engine.rowSets.Take(*table, 'i');
         m_deleted = engine.rowSets.Take(*table, 'd');

@@ -27,11 +27,15 @@ const Collation* RequireCollation(const std::string& name) {
 
 // What changes how a database may be used, and would not here, is refused.
 void SetOption(Database& database, const std::string& name, const std::string& value) {
-    for (const char* refused : {"READ_ONLY", "OFFLINE", "EMERGENCY", "RESTRICTED_USER"})
+    for (const char* refused : {"OFFLINE", "EMERGENCY", "RESTRICTED_USER"})
         if (name == refused)
             throw SqlError::NotSupported("ALTER DATABASE SET " + name);
     if (name == "MULTI_USER")
         database.options.erase("SINGLE_USER");
+    else if (name == "READ_WRITE")
+        database.options.erase("READ_ONLY");
+    else if (name == "READ_ONLY")
+        database.options[name] = "ON";
     else
         database.options[name] = value;
 }

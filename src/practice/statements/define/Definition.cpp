@@ -93,6 +93,13 @@ StoreSession::Written WrittenBy(Engine& engine, const tsql::Statement& statement
                   : StoreSession::Writes::Data;
 }
 
+bool ConcernsDatabases(const tsql::Statement& statement) {
+    if (statement.kind == Kind::CreateDatabase || statement.kind == Kind::AlterDatabase)
+        return true;
+    return statement.kind == Kind::Drop &&
+           tsql::As<tsql::DropStatement>(statement).what == tsql::DropKind::Database;
+}
+
 bool ConcernsLogins(const tsql::Statement& statement) {
     if (statement.kind == Kind::CreateLogin || statement.kind == Kind::AlterLogin)
         return true;
@@ -114,7 +121,10 @@ void RunDefinition(Engine& engine, const tsql::Statement& statement) {
         return Use(engine, tsql::As<tsql::UseStatement>(statement));
     if (ConcernsLogins(statement))
         return engine.context.RunLoginStatement(statement);
-    StatementScope scope(engine, WrittenBy(engine, statement));
+    const StoreSession::Written written = WrittenBy(engine, statement);
+    StatementScope scope(engine, written);
+    if (written.what == StoreSession::Writes::Data && !ConcernsDatabases(statement))
+        RequireWritable(engine, engine.context.CurrentDatabase());
     RunKind(engine, statement);
     scope.End();
 }

@@ -50,6 +50,13 @@ Home HomeFor(Engine& engine, const tsql::Name& name) {
     return home;
 }
 
+void RequireWritable(Engine& engine, DatabaseId database) {
+    const auto view = engine.store.View();
+    const Database* home = view->FindDatabase(database);
+    if (home != nullptr && home->Option("READ_ONLY"))
+        throw SqlError(3906, {home->name});
+}
+
 void RequireFreeName(Engine& engine, const Home& home, const std::string& name) {
     if (engine.store.View()->FindDatabase(home.database)->FindName(home.schema, name) != nullptr)
         throw SqlError(2714, {name}, 6);

@@ -13,6 +13,8 @@ struct Home {
     SchemaId schema = dboSchema;
 };
 Home HomeFor(Engine& engine, const tsql::Name& name);
+// 3906 where the database is read-only.
+void RequireWritable(Engine& engine, DatabaseId database);
 // 2714 when the name is taken there.
 void RequireFreeName(Engine& engine, const Home& home, const std::string& name);
 // The table by its name as DDL takes it; throws the error given (4902, 1088 ...) when there is none.
