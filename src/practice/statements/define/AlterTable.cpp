@@ -81,7 +81,7 @@ void AlterColumn(Engine& engine, const tsql::AlterTableStatement& statement,
     else if (!statement.column.nullable)
         changed.nullable = engine.context.Options().ansiNullDefault;
     const bool wider = SameStorage(old->type, changed.type) && old->type.collation == changed.type.collation;
-    if (!wider)
+    if (!wider || changed.type.id != old->type.id)
         RequireFreeColumn(engine, *before, *old, "ALTER TABLE ALTER COLUMN", old->type.id == changed.type.id);
     RequireConversion(old->type, changed.type, false);
     *std::find_if(after->columns.begin(), after->columns.end(),
