@@ -83,6 +83,7 @@ constexpr ScalarFunction rows[] = {
     Asked<"IDENT_SEED">(1, 1, IdentityNumber),
     Asked<"IDENT_INCR">(1, 1, IdentityNumber),
     Asked<"STATS_DATE">(2, 2, Always<TypeId::DateTime>),
+    Asked<"FORMATMESSAGE">(1, 21, AlwaysNVarChar<2048>),
     Asked<"SERVERPROPERTY">(1, 1, Variant),
     Asked<"CONNECTIONPROPERTY">(1, 1, Variant),
     Asked<"DATABASEPROPERTY">(2, 2, Int),

@@ -3,7 +3,7 @@
 
 #include "practice/values/SqlError.h"
 
-#include <stdexcept>
+#include <exception>
 
 namespace quillon::practice {
 
@@ -33,13 +33,6 @@ class RaisedError : public SqlError {
 class BatchAborted : public std::exception {
   public:
     const char* what() const noexcept override { return "the batch has been aborted"; }
-};
-
-/// An error of severity 20 or above: the connection must end, its client has been told why.
-class ConnectionEnded : public std::runtime_error {
-  public:
-    ConnectionEnded()
-        : std::runtime_error("an error of severity 20 or above ended the connection") {}
 };
 
 /// What an error outside of any TRY block does.

@@ -156,6 +156,14 @@ bool FlowRunner::IsTermination(const tsql::Statement& statement, const SqlError&
 }
 
 void FlowRunner::TellAndEnd(const FlowStep* step, const SqlError& error, ErrorOrigin origin) {
+    if (error.severity >= 20 && origin == ErrorOrigin::RaiseError) {
+        SqlError ends(2745,
+                      {std::to_string(m_session.facts.spid), std::to_string(error.number),
+                       std::to_string(error.severity)},
+                      2);
+        Locate(ends);
+        m_session.Tell(ends);
+    }
     m_session.Tell(error);
     const ErrorEffect effect =
         origin == ErrorOrigin::Statement ? EffectOf(error.number, error.severity) : ErrorEffect::Statement;

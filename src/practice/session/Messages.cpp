@@ -71,6 +71,19 @@ SqlError ErrorOf(SessionState& session, const tsql::RaiseErrorStatement& stateme
 
 } // namespace
 
+Datum FormattedMessage(std::span<const Datum> arguments) {
+    const Datum& message = arguments.front();
+    const SqlType type = NVarChar(2048);
+    if (message.IsNull())
+        return Datum::Null(type);
+    if (!message.Type().IsInteger())
+        return Datum::Text(type, FormatMessage(ToText(message), arguments.subspan(1)));
+    const auto number = static_cast<int>(message.Integer());
+    const MessageRow* row = number < kFirstRaisable ? nullptr : FindMessage(number);
+    return row == nullptr ? Datum::Null(type)
+                          : Datum::Text(type, FillMessage(row->text, arguments.subspan(1)));
+}
+
 void RunPrint(SessionState& session, const tsql::PrintStatement& statement) {
     const Datum value = session.Statements().Evaluate(*statement.value);
     std::string text = value.IsNull() ? std::string() : ToText(value);

@@ -92,6 +92,11 @@ SessionRow SessionOfRequests::Row() const {
     return m_row;
 }
 
+void SessionOfRequests::End() const {
+    if (m_state.facts.endConnection)
+        m_state.facts.endConnection();
+}
+
 void SessionOfRequests::UseDatabase(const Database& database, int messageState) {
     m_state.database = database.id;
     m_state.TellDatabase();

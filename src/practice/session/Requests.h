@@ -26,6 +26,8 @@ class SessionOfRequests : public SqlSession {
     void PrepareRequest() noexcept override;
     void Reset(bool keepTransaction, ResultSink& sink) override;
 
+    /// The client's connection ends, and the session with it; from any thread.
+    void End() const;
     /// For sp_who and its like; from any thread.
     SessionRow Row() const;
 

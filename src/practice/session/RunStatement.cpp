@@ -155,7 +155,8 @@ void TellFormat(SessionState& session, const tsql::Statement& statement) {
     if (columns.empty())
         return;
     session.sink.Columns(columns);
-    session.Finish(StatementKind::Select, std::nullopt);
+    session.Finish(StatementKind::Select,
+                   session.options.noCount ? std::nullopt : std::optional<std::uint64_t>(0));
 }
 
 /// @@ROWCOUNT is 1 after an assignment and a FETCH, 0 after most others.

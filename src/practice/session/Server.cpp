@@ -42,9 +42,10 @@ class Server : public SqlServer {
   public:
     explicit Server(const ServerOptions& options)
         : m_store(StoreOptions{options.dataFolder, options.ephemeral})
-        , m_parts{m_store, *options.accounts, "PRACTICE", {}} {
+        , m_parts{m_store, *options.accounts, "PRACTICE", {}, {}} {
         m_parts.sources.serverName = m_parts.name;
         m_parts.sources.logins = [this] { return Logins(); };
+        m_parts.kill = [this](int spid) { return Kill(spid); };
         m_parts.sources.sessions = [this] { return Sessions(); };
         m_parts.sources.locks = [this] { return m_store.AllLocks().List(); };
         if (options.createSample && m_store.Committed()->FindDatabase(sampleDatabaseName) == nullptr)
@@ -102,6 +103,17 @@ class Server : public SqlServer {
                 row.status = "suspended";
         }
         return rows;
+    }
+
+    bool Kill(int spid) const {
+        const std::lock_guard lock(m_mutex);
+        const auto session =
+            std::find_if(m_sessions.begin(), m_sessions.end(),
+                         [&](const SessionOfRequests* one) { return one->Row().sessionId == spid; });
+        if (session == m_sessions.end())
+            return false;
+        (*session)->End();
+        return true;
     }
 
     void MakeSample() {

@@ -39,6 +39,24 @@ void RunWaitFor(SessionState& session, const tsql::WaitForStatement& statement) 
     session.CheckInterrupt();
 }
 
+void RunKill(SessionState& session, const tsql::KillStatement& statement) {
+    constexpr int mostProcesses = 32767;
+    constexpr int lastOfSystem = 50;
+    if (!session.IsAdministrator())
+        throw SqlError(6102);
+    if (session.store.TransactionCount() > 0)
+        throw SqlError(6115);
+    const std::string number = std::to_string(statement.process);
+    if (statement.process < 1 || statement.process > mostProcesses)
+        throw SqlError(6101, {number, std::to_string(mostProcesses)});
+    if (statement.process == session.facts.spid)
+        throw SqlError(6104);
+    if (statement.process <= lastOfSystem)
+        throw SqlError(6107);
+    if (!session.server.kill(statement.process))
+        throw SqlError(6106, {number});
+}
+
 } // namespace
 
 void RunService(SessionState& session, const tsql::Statement& statement) {
@@ -47,7 +65,7 @@ void RunService(SessionState& session, const tsql::Statement& statement) {
     case tsql::StatementKind::Dbcc: return RunDbcc(session, As<tsql::DbccStatement>(statement));
     case tsql::StatementKind::Checkpoint: // what is committed is on the disk already
     case tsql::StatementKind::Reconfigure: return;
-    case tsql::StatementKind::Kill: throw SqlError::NotSupported("KILL");
+    case tsql::StatementKind::Kill: return RunKill(session, As<tsql::KillStatement>(statement));
     default: throw SqlError::NotSupported("this statement");
     }
 }

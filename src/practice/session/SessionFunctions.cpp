@@ -1,6 +1,7 @@
 #include "practice/session/SessionFunctions.h"
 
 #include "practice/catalogue/Metadata.h"
+#include "practice/session/Messages.h"
 #include "practice/session/SessionState.h"
 #include "practice/session/SettingValues.h"
 
@@ -130,6 +131,8 @@ Datum SessionFunctions::IsColumnUpdated(int columnId) {
 
 Datum SessionFunctions::AskCatalogue(std::string_view function, const Datum* arguments, int count) {
     const std::span<const Datum> given(arguments, static_cast<std::size_t>(count));
+    if (function == "FORMATMESSAGE")
+        return FormattedMessage(given);
     MetadataSurroundings surroundings{
         m_session.store, m_session.database, dboSchema, dboPrincipal, {}, true, {}};
     surroundings.defaultSchema = m_session.Context().DefaultSchema();

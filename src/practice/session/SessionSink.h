@@ -23,8 +23,13 @@ class SessionSink : public ResultSink {
     /// Whether anything was sent since the last Done, or nothing at all.
     bool WantsDone() const { return m_wantsDone; }
     bool Diverted() const { return m_rows != nullptr; }
+    /// SET TEXTSIZE: the most bytes of a value of a long type that the client is sent; the number outlives
+    /// it.
+    void LimitTexts(const int& bytes) { m_textSize = &bytes; }
 
   private:
+    void SendCut(std::span<const Datum> values);
+
     friend class RequestScope;
     friend class Diversion;
 
@@ -32,6 +37,8 @@ class SessionSink : public ResultSink {
     ResultSink* m_rows = nullptr;
     bool m_resultOpen = false;
     bool m_wantsDone = true;
+    const int* m_textSize = nullptr;
+    std::vector<std::size_t> m_longColumns; // places of the long types in the open result
 };
 
 /// The sink's target for the length of one request.

@@ -16,6 +16,7 @@ SessionState::SessionState(ServerParts& parts, LoginFacts login)
     , m_functions(std::make_unique<SessionFunctions>(*this))
     , m_context(std::make_unique<SessionContext>(*this))
     , m_executor(std::make_unique<Executor>(store, *m_context, &CatalogueViews())) {
+    sink.LimitTexts(options.textSize);
     RegisterCatalogueSources(store.Connection(), server.sources);
 }
 

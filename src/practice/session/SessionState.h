@@ -24,6 +24,7 @@ struct ServerParts {
     Accounts& accounts;
     std::string name; // @@SERVERNAME
     CatalogueSources sources;
+    std::function<bool(int spid)> kill; // ends that session's connection; false when there is none
 };
 
 /// A text that was parsed once and may be run again.

@@ -123,8 +123,9 @@ void SetValue(SessionState& session, const std::string& option, const std::strin
         session.options.rowCount = std::max<std::int64_t>(IntegerOf(value), 0);
     } else if (option == "TEXTSIZE") {
         const std::int64_t size = IntegerOf(value);
+        constexpr int least = 4096; // which 0 asks for; -1 is without a bound
         session.options.textSize =
-            size <= 0 ? 4096 : static_cast<int>(std::min<std::int64_t>(size, 2147483647));
+            size == 0 ? least : static_cast<int>(std::clamp<std::int64_t>(size, -1, 2147483647));
     } else if (option == "DATEFIRST") {
         const std::int64_t day = IntegerOf(value);
         if (day < 1 || day > 7)

@@ -3,8 +3,8 @@
 //
 // Threads: an SqlServer may be called from any thread. An SqlSession belongs to one thread, save Cancel.
 // Failures of a request are told through its sink (Message, then Done with `failed`) and never thrown. What
-// passes out of a request is `ClientGone`, thrown by the sink, and failures of the engine itself, after which
-// the session must be discarded.
+// passes out of a request is `ClientGone`, thrown by the sink, `ConnectionEnded`, and failures of the engine
+// itself, after which the session must be discarded.
 #pragma once
 
 #include "practice/session/ResultSink.h"
@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +21,13 @@
 namespace quillon::practice {
 
 class Accounts;
+
+// An error of severity 20 or above: the connection must end, its client has been told why.
+class ConnectionEnded : public std::runtime_error {
+  public:
+    ConnectionEnded()
+        : std::runtime_error("an error of severity 20 or above ended the connection") {}
+};
 
 // What a client says of itself when it logs in, and what the listener knows of it.
 struct LoginFacts {
@@ -35,7 +43,8 @@ struct LoginFacts {
     std::uint16_t spid = 0; // @@SPID, unique among the open sessions
     std::uint32_t tdsVersion = 0;
     std::uint32_t packetSize = 4096;
-    bool odbcDefaults = true; // the ANSI settings that ODBC and later drivers ask for at login
+    std::function<void()> endConnection; // from any thread; empty where nobody is connected
+    bool odbcDefaults = true;            // the ANSI settings that ODBC and later drivers ask for at login
 };
 
 // One argument of a remote procedure call.

@@ -101,6 +101,7 @@ void Connection::Serve() {
     asio::error_code ignored; // only names the client
     LoginFacts facts;
     facts.spid = m_spid;
+    facts.endConnection = [this] { Stop(); };
     facts.address = m_socket.remote_endpoint(ignored).address().to_string();
     try {
         // The reader must know of the login before the client does, which may answer it with a long request

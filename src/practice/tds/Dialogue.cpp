@@ -49,6 +49,9 @@ bool Dialogue::Serve(const ClientMessage& message) {
         return ServeLogin(message);
     } catch (const ClientGone&) {
         throw;
+    } catch (const ConnectionEnded&) { // the client has been told why
+        m_tokens->Done({EndScope::Batch, StatementKind::Other, std::nullopt, true}, 0);
+        m_tokens->EndMessage();
     } catch (const ProtocolError& error) {
         EndWithFailure(protocolIncorrect,
                        std::string("The incoming tabular data stream (TDS) protocol stream is incorrect. ") +
@@ -81,6 +84,7 @@ bool Dialogue::ServeLogin(const ClientMessage& message) {
     Login7 login = ReadLogin7(message.body);
     login.facts.address = m_facts.address;
     login.facts.spid = m_facts.spid;
+    login.facts.endConnection = m_facts.endConnection;
     m_facts = login.facts;
     m_tokens = std::make_unique<TokenWriter>(m_packets, m_facts.tdsVersion, m_surroundings.serverName);
     if (login.integratedSecurity) {

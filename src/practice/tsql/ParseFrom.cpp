@@ -1,6 +1,7 @@
 #include "practice/tsql/ParseExpressions.h"
 #include "practice/tsql/ParseNames.h"
 #include "practice/tsql/ParseQueries.h"
+#include "practice/tsql/TreePivot.h"
 
 namespace quillon::practice::tsql {
 
@@ -79,7 +80,7 @@ void ParseAliases(ParseState& state, TableSource& source) {
 }
 
 void RefuseAfterSource(const ParseState& state) {
-    if (state.Is(Keyword::Pivot) || state.Is(Keyword::Unpivot) || state.Is(Keyword::TableSample))
+    if (state.Is(Keyword::TableSample))
         state.Refuse(UpperWord(state.Value(state.Peek())), state.At());
     if (state.Is(Keyword::For) && state.Is("SYSTEM_TIME", 1))
         state.Refuse("FOR SYSTEM_TIME", state.At());
@@ -220,6 +221,47 @@ std::optional<JoinType> AcceptJoin(ParseState& state) {
     return AcceptOuterJoin(state);
 }
 
+void ParseTurnEnd(ParseState& state, TableSource& turned, int below) {
+    state.Expect(Symbol::RightParen);
+    ParseAliases(state, turned);
+    if (turned.alias.empty())
+        state.FailHere();
+    turned.height = below + 1;
+    state.NoteHeight(turned.height);
+}
+
+/// PIVOT (aggregate FOR column IN ([a], [b])) AS alias, or UNPIVOT (value FOR name IN (a, b)) AS alias.
+TableSourcePtr ParseTurn(ParseState& state, TableSourcePtr source) {
+    const int below = source->height;
+    if (state.Is(Keyword::Pivot)) {
+        auto pivot = Begin<PivotTable>(state);
+        state.Take();
+        state.Expect(Symbol::LeftParen);
+        const Token start = state.Peek();
+        pivot->aggregate = ParsePrimary(state);
+        if (pivot->aggregate->kind != ExpressionKind::Function || As<FunctionCall>(pivot->aggregate).star)
+            state.FailNear(start);
+        pivot->source = std::move(source);
+        state.Expect(Keyword::For);
+        pivot->column = ParseName(state);
+        state.Expect(Keyword::In);
+        pivot->values = ParseNameList(state);
+        ParseTurnEnd(state, *pivot, std::max(below, pivot->aggregate->height));
+        return pivot;
+    }
+    auto unpivot = Begin<UnpivotTable>(state);
+    state.Take();
+    state.Expect(Symbol::LeftParen);
+    unpivot->source = std::move(source);
+    unpivot->value = ParseIdentifier(state);
+    state.Expect(Keyword::For);
+    unpivot->name = ParseIdentifier(state);
+    state.Expect(Keyword::In);
+    unpivot->columns = ParseNameList(state);
+    ParseTurnEnd(state, *unpivot, below);
+    return unpivot;
+}
+
 } // namespace
 
 std::string ParseTableAlias(ParseState& state) {
@@ -244,6 +286,10 @@ TableSourcePtr ParseTableSource(ParseState& state) {
     TableSourcePtr left = ParseSimpleSource(state);
     RefuseAfterSource(state);
     for (;;) {
+        if (state.Is(Keyword::Pivot) || state.Is(Keyword::Unpivot)) {
+            left = ParseTurn(state, std::move(left));
+            continue;
+        }
         const Position position = state.At();
         const auto type = AcceptJoin(state);
         if (!type)

@@ -82,7 +82,18 @@ StatementPtr ParseDbcc(ParseState& state) {
 StatementPtr ParseKill(ParseState& state) {
     auto statement = Begin<KillStatement>(state);
     state.Take();
-    statement->process = ParseValue(state);
+    if (state.IsString())
+        state.Refuse("KILL of a distributed transaction", state.At());
+    const bool negative = state.Accept(Symbol::Minus);
+    if (!state.Is(TokenKind::Integer))
+        state.FailHere();
+    const std::string digits = state.Value(state.Take());
+    constexpr std::size_t most = 9;
+    if (digits.size() > most)
+        state.Fail(1080, {digits}, state.At());
+    statement->process = std::stoi(digits) * (negative ? -1 : 1);
+    if (state.Is(Keyword::With))
+        state.Refuse("KILL WITH STATUSONLY", state.At());
     return statement;
 }
 

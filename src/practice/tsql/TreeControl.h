@@ -273,7 +273,7 @@ struct DbccStatement : Statement {
 };
 
 struct KillStatement : Statement {
-    ExpressionPtr process;
+    int process = 0;
 
     KillStatement()
         : Statement(StatementKind::Kill) {}

@@ -47,7 +47,7 @@ struct SelectItem {
     AssignmentOperator op = AssignmentOperator::Set;
 };
 
-enum class TableSourceKind { Table, Variable, Function, Derived, Values, Join };
+enum class TableSourceKind { Table, Variable, Function, Derived, Values, Join, Pivot, Unpivot };
 
 /// What may stand after FROM. `alias` is empty where none was given.
 struct TableSource {

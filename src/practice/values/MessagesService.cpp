@@ -75,11 +75,15 @@ constexpr MessageRow rows[] = {
     {8158, 16, "'%1' has more columns than were specified in the column list."},
     {8159, 16, "'%1' has fewer columns than were specified in the column list."},
     {8160, 15, "A GROUPING or GROUPING_ID function can only be specified when there is a GROUP BY clause."},
+    {8161, 15,
+     "Argument %1 of the %2 function does not match any of the expressions in the GROUP BY clause."},
     {8162, 16,
      "The formal parameter \"%1\" was not declared as an OUTPUT parameter, but the actual parameter passed "
      "in requested output."},
     {8164, 16, "An INSERT EXEC statement cannot be nested."},
     {8166, 16, "Constraint name '%1' not permitted. Constraint names cannot begin with a number sign (#)."},
+    {8167, 16,
+     "The type of column \"%1\" conflicts with the type of other columns specified in the UNPIVOT list."},
     {8168, 16,
      "Cannot create, drop, enable, or disable more than one constraint, column, index, or trigger named '%1' "
      "in this context. Duplicate names are not allowed."},
@@ -122,6 +126,7 @@ constexpr MessageRow rows[] = {
      "STRING_AGG aggregation result exceeded the limit of 8000 bytes. Use LOB types to avoid result "
      "truncation."},
     {10700, 16, "The table-valued parameter \"%1\" is READONLY and cannot be modified."},
+    {10703, 15, "Too many grouping sets. The maximum number is %1."},
     {10704, 15,
      "To rethrow an error, a THROW statement must be used inside a CATCH block. Insert the THROW statement "
      "inside a CATCH block, or add error parameters to the THROW statement."},

@@ -210,6 +210,8 @@ Scalar Translator::WindowCore(const tsql::FunctionCall& call, const std::string&
 }
 
 std::string Translator::OverSql(const tsql::OverClause& over, const Scope* scope) {
+    if (scope != nullptr)
+        scope->sawWindow = true;
     std::string sql = " OVER (";
     for (std::size_t i = 0; i < over.partitionBy.size(); ++i) {
         const Scalar key = Value(*over.partitionBy[i], scope);

@@ -40,6 +40,10 @@ Scalar Translator::Value(const tsql::Expression& expression, const Scope* scope)
         const auto& keys = grouped->groupKeys;
         if (std::find(keys.begin(), keys.end(), value.sql) != keys.end())
             grouped->looseColumns.resize(count);
+        if (grouped->insideAggregate == 0 && grouped->absentKeys.contains(value.sql)) {
+            value.sql = "NULL";
+            value.nullable = true;
+        }
     }
     return value;
 }

@@ -45,6 +45,8 @@ Scalar Translator::FunctionValue(const tsql::FunctionCall& call, const Scope* sc
         return WindowValue(call, name, scope);
     if (FindAggregate(name) != nullptr || name == "STRING_AGG")
         return AggregateValue(call, name, scope);
+    if (name == "GROUPING" || name == "GROUPING_ID")
+        return GroupingValue(call, name, scope);
     if (call.over)
         throw SqlError(4113, {name});
     if (auto value = SyntaxFunction(call, name, scope))

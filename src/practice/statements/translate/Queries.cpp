@@ -167,17 +167,27 @@ void Translator::CheckGrouping(const Scope& scope, int errorNumber) {
 std::string Translator::GroupBySql(const tsql::SelectBody& body, Scope& scope) {
     std::string sql;
     scope.aggregateError = 144;
-    for (const tsql::GroupingElement& element : body.groupBy) {
-        if (element.kind != tsql::GroupingKind::Plain)
-            throw SqlError::NotSupported(element.kind == tsql::GroupingKind::Rollup ? "ROLLUP"
-                                         : element.kind == tsql::GroupingKind::Cube ? "CUBE"
-                                                                                    : "GROUPING SETS");
-        const Scalar key = Value(*element.sets.front().front(), &scope);
+    std::set<std::string> absent;
+    const auto add = [&](const tsql::Expression& expression, bool groups) {
+        const Scalar key = Value(expression, &scope);
         if (key.constant || key.isParameter)
             throw SqlError(164);
+        if (std::find(scope.groupKeys.begin(), scope.groupKeys.end(), key.sql) != scope.groupKeys.end())
+            return;
         scope.groupKeys.push_back(key.sql);
-        sql += (sql.empty() ? " GROUP BY " : ", ") + Collated(key.sql, key.type);
-    }
+        if (groups)
+            sql += (sql.empty() ? " GROUP BY " : ", ") + Collated(key.sql, key.type);
+        else
+            absent.insert(key.sql);
+    };
+    if (scope.groupingSet != nullptr)
+        for (const tsql::Expression* key : *scope.groupingSet)
+            add(*key, true);
+    for (const tsql::GroupingElement& element : body.groupBy)
+        for (const tsql::ExpressionList& set : element.sets)
+            for (const tsql::ExpressionPtr& key : set)
+                add(*key, scope.groupingSet == nullptr);
+    scope.absentKeys = std::move(absent);
     scope.aggregateError = 0;
     scope.looseColumns.clear();
     return sql;
@@ -274,6 +284,8 @@ std::string Translator::LimitSql(const tsql::Query* whole, const tsql::SelectBod
 
 QuerySql Translator::Select(const tsql::SelectBody& body, const tsql::Query* whole, const Scope* outer,
                             const QueryOptions& options) {
+    if (HasGroupingSets(body))
+        return GroupedSets(body, whole, outer, options);
     Scope scope;
     scope.outer = outer;
     SelectParts parts = Parts(body, scope);

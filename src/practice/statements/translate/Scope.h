@@ -7,6 +7,7 @@
 #include "practice/tsql/TreeNode.h"
 
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -61,8 +62,14 @@ struct Scope {
     std::vector<std::unique_ptr<Source>> sources;
     // GROUP BY: the SQL of its expressions. A grouped query may use nothing else outside of aggregates.
     std::vector<std::string> groupKeys;
+    // ROLLUP and its kin: the keys of the set that is translated; nullptr where all keys group. Those of
+    // groupKeys that are not among them are NULL.
+    using GroupingSet = std::vector<const tsql::Expression*>;
+    const GroupingSet* groupingSet = nullptr;
+    std::set<std::string> absentKeys;
     // What the translation of its expressions finds out, step by step.
     mutable bool sawAggregate = false;
+    mutable bool sawWindow = false;
     mutable int insideAggregate = 0;
     mutable int aggregateError = 0;              // not 0 where aggregates may not stand: the error then
     mutable std::vector<ColumnUse> looseColumns; // used outside of aggregates and keys

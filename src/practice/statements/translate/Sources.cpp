@@ -3,6 +3,7 @@
 
 #include "practice/statements/translate/SurroundingsGuard.h"
 #include "practice/storage/TableStorage.h"
+#include "practice/tsql/TreePivot.h"
 #include "practice/values/SqlError.h"
 #include "practice/values/StorageForm.h"
 
@@ -48,12 +49,22 @@ std::string Translator::From(const std::vector<tsql::TableSourcePtr>& from, Scop
     return text;
 }
 
+std::string Translator::Turned(QuerySql query, const tsql::TableSource& source, Scope& scope) {
+    std::string text;
+    AddDerived(std::move(query), source.alias, source.columnAliases, scope, &text);
+    return text;
+}
+
 std::string Translator::FromOne(const tsql::TableSource& source, Scope& scope) {
     using Kind = tsql::TableSourceKind;
     switch (source.kind) {
     case Kind::Table: return NamedSource(tsql::As<tsql::NamedTable>(source), scope);
     case Kind::Variable: return VariableSource(tsql::As<tsql::VariableTable>(source), scope);
     case Kind::Function: return FunctionSource(tsql::As<tsql::FunctionTable>(source), scope);
+    case Kind::Pivot:
+        return Turned(PivotQuery(tsql::As<tsql::PivotTable>(source), scope.outer), source, scope);
+    case Kind::Unpivot:
+        return Turned(UnpivotQuery(tsql::As<tsql::UnpivotTable>(source), scope.outer), source, scope);
     case Kind::Join: return JoinSource(tsql::As<tsql::Join>(source), scope);
     case Kind::Derived: {
         std::string text;

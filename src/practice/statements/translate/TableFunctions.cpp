@@ -9,11 +9,17 @@
 namespace quillon::practice {
 
 std::string Translator::FunctionSource(const tsql::FunctionTable& source, Scope& scope) {
+    std::string text;
+    if (source.name.parts.size() == 1 && SameName(source.name.Last(), "STRING_SPLIT")) {
+        AddDerived(StringSplit(source.arguments, scope.outer),
+                   source.alias.empty() ? source.name.Last() : source.alias, source.columnAliases, scope,
+                   &text);
+        return text;
+    }
     const auto function = std::dynamic_pointer_cast<const Module>(FindSourceObject(source.name));
     if (!function || function->columns.empty())
         throw SqlError(208, {source.name.Text()});
     const std::string exposed = source.alias.empty() ? function->name : source.alias;
-    std::string text;
     if (function->kind == ObjectKind::InlineFunction)
         AddDerived(InlineFunction(*function, source.arguments, scope.outer), exposed, source.columnAliases,
                    scope, &text);

@@ -13,6 +13,11 @@
 
 #include <set>
 
+namespace quillon::practice::tsql {
+struct PivotTable;
+struct UnpivotTable;
+} // namespace quillon::practice::tsql
+
 namespace quillon::practice {
 
 // A value to bind before the statement runs: ?1 is the first.
@@ -148,6 +153,9 @@ class Translator {
                     const QueryOptions& options);
     QuerySql SetOperation(const tsql::SetOperation& operation, const tsql::Query* whole, const Scope* outer,
                           const QueryOptions& options);
+    static bool HasGroupingSets(const tsql::SelectBody& body);
+    QuerySql GroupedSets(const tsql::SelectBody& body, const tsql::Query* whole, const Scope* outer,
+                         const QueryOptions& options);
     std::string GroupBySql(const tsql::SelectBody& body, Scope& scope);
     struct Order {
         std::vector<std::string> terms;
@@ -155,6 +163,8 @@ class Translator {
     };
     Order OrderBy(const std::vector<tsql::OrderItem>& items, const std::vector<Item>& output,
                   const Scope& scope, bool distinct);
+    std::string OneSet(const tsql::SelectBody& body, const tsql::Query* whole, Scope& scope,
+                       std::vector<OutputColumn>& columns, Order& order);
     static int OrdinalOf(const tsql::Expression& expression, const std::vector<Item>& output);
 
     std::string LimitSql(const tsql::Query* whole, const tsql::SelectBody* body, const Scope* outer,
@@ -178,6 +188,7 @@ class Translator {
     // Sources
     std::string AddRowSet(const std::shared_ptr<const Table>& set, bool after, const std::string& exposed,
                           Scope& scope);
+    std::string Turned(QuerySql query, const tsql::TableSource& source, Scope& scope);
     std::string NamedSource(const tsql::NamedTable& source, Scope& scope);
     std::string FindNamed(const tsql::NamedTable& source, Scope& scope);
     std::string FunctionSource(const tsql::FunctionTable& source, Scope& scope);
@@ -197,6 +208,9 @@ class Translator {
     QuerySql RecursiveQuery(const tsql::CommonTable& table, const tsql::SetOperation& body);
     QuerySql ViewQuery(const Module& view);
     QuerySql ValuesQuery(const std::vector<tsql::ExpressionList>& rows, const Scope* outer);
+    QuerySql PivotQuery(const tsql::PivotTable& pivot, const Scope* outer);
+    QuerySql UnpivotQuery(const tsql::UnpivotTable& unpivot, const Scope* outer);
+    QuerySql StringSplit(const tsql::ExpressionList& arguments, const Scope* outer);
     QuerySql InlineFunction(const Module& function, const tsql::ExpressionList& arguments,
                             const Scope* outer);
     std::string SystemSource(const SystemView& view, DatabaseId database, const std::string& exposed,
@@ -233,6 +247,7 @@ class Translator {
     Scalar AggregateValue(const tsql::FunctionCall& call, const std::string& name, const Scope* scope);
     Scalar AggregateCore(const tsql::FunctionCall& call, const std::string& name, const Scope* scope);
     Scalar StringAggregate(const tsql::FunctionCall& call, const Scope* scope);
+    Scalar GroupingValue(const tsql::FunctionCall& call, const std::string& name, const Scope* scope);
     Scalar WindowValue(const tsql::FunctionCall& call, const std::string& name, const Scope* scope);
     Scalar WindowCore(const tsql::FunctionCall& call, const std::string& name, const Scope* scope);
     std::string OverSql(const tsql::OverClause& over, const Scope* scope);
