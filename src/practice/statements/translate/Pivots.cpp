@@ -104,8 +104,8 @@ QuerySql Translator::UnpivotQuery(const tsql::UnpivotTable& unpivot, const Scope
     name.name = unpivot.name;
     name.type = WithCollation(SysName());
     Append(query, names + " END", std::move(name));
-    query.sql = "SELECT " + query.sql + " FROM " + from + " CROSS JOIN (" + numbers + ") AS " + turn +
-                " WHERE " + place + " IS NOT NULL";
+    query.sql = "SELECT * FROM (SELECT " + query.sql + " FROM " + from + " CROSS JOIN (" + numbers + ") AS " +
+                turn + ") WHERE " + place + " IS NOT NULL";
     return query;
 }
 
