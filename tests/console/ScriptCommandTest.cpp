@@ -56,6 +56,36 @@ TEST_F(Console, ScriptIsStoppedInTime) {
     }
 }
 
+TEST_F(Console, TimeCoversWhatObjectsDoWhenTheyAreLetGoOf) {
+    const std::string endless = "Class A\nSub Class_Terminate\nDo\nLoop\nEnd Sub\nEnd Class\n"
+                                "Dim o(3)\nFor i = 0 To 3\nSet o(i) = New A\nNext\n";
+    for (const std::string end : {"", "x = 1 \\ 0\n"}) {
+        folder.Write("end.vbs", endless + end);
+        Run("script end.vbs --timeout 0.1");
+        EXPECT_EQ(exitCode, 1);
+        EXPECT_TRUE(ErrorsTell("stopped after 0.1 seconds")) << Errors();
+        EXPECT_EQ(ErrorsTell("Error Description: Division by zero"), !end.empty()) << Errors();
+    }
+}
+
+TEST_F(Console, ScriptBoxesTakeTheCautiousAnswerOfTheirButtons) {
+    folder.Write("box.vbs",
+                 "Function ReturnThis\nFor b = 0 To 5\n"
+                 "ReturnThis = ReturnThis & MsgBox(\"?\", b + vbQuestion) & \" \"\nNext\nEnd Function");
+    EXPECT_EQ(Run("script box.vbs"), "1 2 3 2 7 2 \n");
+}
+
+TEST_F(Console, ResultsWithoutTextAreReported) {
+    for (const std::string result :
+         {"ReturnThis = Null", "ReturnThis = Array(1)", "Set ReturnThis = New RegExp"}) {
+        folder.Write("result.vbs", "Function ReturnThis\n" + result + "\nEnd Function");
+        EXPECT_EQ(Run("script result.vbs"), "");
+        EXPECT_EQ(exitCode, 1) << result;
+        EXPECT_TRUE(Errors().starts_with("Error Number: ")) << Errors();
+        EXPECT_TRUE(ErrorsTell("Error Line: 0")) << Errors();
+    }
+}
+
 TEST_F(Console, ScriptRefusesWhatIsNoScript) {
     folder.Write("latin.js", "x = 'h\xE9'");
     folder.Write("binary.js", std::string("\x7F"
@@ -73,7 +103,8 @@ TEST_F(Console, ScriptRefusesWhatIsNoScript) {
     Run("script missing.js");
     EXPECT_EQ(exitCode, 1);
     EXPECT_TRUE(ErrorsTell("File not found: missing.js")) << Errors();
-    for (const char* arguments : {"script", "script a.js --language Perl", "script a.js --timeout -1"}) {
+    for (const char* arguments : {"script", "script a.js --language Perl", "script a.js --timeout -1",
+                                  "script a.js --timeout nan", "script a.js --timeout 1e300"}) {
         Run(arguments);
         EXPECT_EQ(exitCode, 2) << arguments;
     }

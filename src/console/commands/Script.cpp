@@ -2,7 +2,9 @@
 // ReturnThis returns; a script without one has run when it was loaded.
 #include <CLI/CLI.hpp>
 
+#include <atomic>
 #include <chrono>
+#include <cmath>
 #include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
@@ -20,6 +22,7 @@
 #include "platform/Files.h"
 #include "platform/FrontEnd.h"
 #include "platform/Platform.h"
+#include "program/ScriptBoxes.h"
 #include "template/frmTemplate.h"
 
 namespace quillon::console {
@@ -34,8 +37,9 @@ struct Options {
 // Boxes of a script become lines of the front end; what nobody can type is empty.
 class ConsoleSite : public ScriptSite {
   public:
-    std::int32_t ScriptMessage(const std::string& prompt, std::int32_t, const std::string& title) override {
-        return static_cast<std::int32_t>(ThePlatform().frontEnd().Message(prompt, title, Icon::Information));
+    std::int32_t ScriptMessage(const std::string& prompt, std::int32_t buttons,
+                               const std::string& title) override {
+        return TheScriptBoxes().ScriptMessage(prompt, buttons, title);
     }
     std::string ScriptInput(const std::string&, const std::string&, const std::string& defaultText) override {
         return defaultText;
@@ -47,6 +51,7 @@ class Deadline {
   public:
     Deadline(ScriptHost& host, double seconds)
         : m_watch([this, &host, seconds] { Watch(host, seconds); }) {}
+    bool HasPassed() const noexcept { return m_passed; }
     ~Deadline() {
         {
             const std::lock_guard lock(m_mutex);
@@ -65,6 +70,7 @@ class Deadline {
         if (m_ended.wait_for(lock, duration<double>(seconds), [this] { return m_done; }))
             return;
         std::fprintf(stderr, "The script was stopped after %g seconds.\n", seconds);
+        m_passed = true;
         host.Stop();
         if (!m_ended.wait_for(lock, duration<double>(2), [this] { return m_done; }))
             std::_Exit(EXIT_FAILURE);
@@ -73,14 +79,14 @@ class Deadline {
     std::mutex m_mutex;
     std::condition_variable m_ended;
     bool m_done = false;
+    std::atomic<bool> m_passed = false;
     std::thread m_watch;
 };
 
-[[noreturn]] void EndWithReport(const ScriptError& error) {
+void Report(const ScriptError& error) {
     std::string report = frmTemplate::ProcessError(error);
     std::erase(report, '\r');
     std::fprintf(stderr, "%s\n", report.c_str());
-    throw ProcessEnded{};
 }
 
 // Empty when the script has no function of that name: the host then fails the call and holds no error.
@@ -94,6 +100,27 @@ Value ReturnThis(ScriptHost& host) {
     }
 }
 
+// Whether the script ran without an error; one that it met, or that its result has no text, is reported.
+bool Succeeds(ScriptHost& host, const std::string& script) {
+    ScriptError error;
+    try {
+        host.AddCode(script);
+        const Value result = ReturnThis(host);
+        if (!result.IsEmpty())
+            WriteStandardOutput(conversion::ToText(result) + "\n");
+        FlushStandardOutput();
+        return true;
+    } catch (const Failure& failure) {
+        error = host.Error();
+        if (error.Number == 0) {
+            error.Number = failure.number();
+            error.Description = failure.description();
+        }
+    }
+    Report(error);
+    return false;
+}
+
 void RunScript(const Options& options) {
     Interruption::EndAtOnce();
     ConsoleSite site;
@@ -104,17 +131,10 @@ void RunScript(const Options& options) {
     std::optional<Deadline> deadline;
     if (options.timeout > 0)
         deadline.emplace(host, options.timeout);
-    try {
-        host.AddCode(script);
-        const Value result = ReturnThis(host);
-        if (!result.IsEmpty())
-            WriteStandardOutput(conversion::ToText(result) + "\n");
-    } catch (const Failure&) {
-        if (host.Error().Number == 0)
-            throw;
-        EndWithReport(host.Error());
-    }
-    FlushStandardOutput();
+    const bool succeeds = Succeeds(host, script);
+    host.Reset(); // what objects do when they are let go of is the script's work too
+    if (!succeeds || (deadline && deadline->HasPassed()))
+        throw ProcessEnded{};
 }
 
 } // namespace
@@ -127,6 +147,11 @@ void AddScript(CLI::App& app, ChosenCommand& chosen) {
         ->check(CLI::IsMember({"VBScript", "JScript"}, CLI::ignore_case))
         ->capture_default_str();
     command->add_option("--timeout", options->timeout, "Seconds after which the script is stopped")
+        ->check(CLI::Validator(
+            [](std::string& text) {
+                return std::isnan(std::strtod(text.c_str(), nullptr)) ? "It is no number" : std::string();
+            },
+            ""))
         ->check(CLI::Range(0.001, 1e6));
     command->callback([&chosen, options] {
         chosen = {"quillon-console.script", [options](ConsoleFrontEnd&) { RunScript(*options); }};

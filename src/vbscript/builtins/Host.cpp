@@ -62,6 +62,7 @@ Variant BuildVersion(BuiltinContext&, Arguments) {
 
 constexpr std::int32_t EnglishUnitedStates = 1033;
 constexpr std::int32_t LocaleNotSupported = 447;
+constexpr std::int32_t InvalidPicture = 481;
 
 Variant GetLocale(BuiltinContext&, Arguments) {
     return EnglishUnitedStates;
@@ -89,6 +90,12 @@ Variant RGB(BuiltinContext&, Arguments arguments) {
     return colour;
 }
 
+// Pictures come from files.
+Variant LoadPicture(BuiltinContext&, Arguments arguments) {
+    (void)ToText(arguments[0]);
+    throw Failure(InvalidPicture, "Invalid picture");
+}
+
 constexpr Builtin Table[] = {
     {"MsgBox", 1, 5, MsgBox},
     {"InputBox", 1, 7, InputBox},
@@ -101,6 +108,7 @@ constexpr Builtin Table[] = {
     {"GetLocale", 0, 0, GetLocale},
     {"SetLocale", 0, 1, SetLocale},
     {"RGB", 3, 3, RGB},
+    {"LoadPicture", 1, 1, LoadPicture},
 };
 
 } // namespace

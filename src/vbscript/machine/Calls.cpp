@@ -43,6 +43,8 @@ Machine::Step Machine::DoCallSelf(Step at, bool wantsResult) {
 // `callee(arguments)`, whatever the callee turns out to be.
 Machine::Step Machine::CallValue(Step at, const Variant& callee, std::size_t arguments, NameId name,
                                  bool wantsResult) {
+    if (const Frame* function = FunctionOf(callee))
+        return Enter(*function->code, Base(at->a), arguments, function->me, wantsResult);
     const Variant& held = callee.kind() == Kind::Reference ? *callee.Target() : callee;
     switch (held.kind()) {
     case Kind::Procedure:
@@ -56,6 +58,19 @@ Machine::Step Machine::CallValue(Step at, const Variant& callee, std::size_t arg
         return IndexObject(at, held, arguments);
     default: RaiseNamed(numbers::TypeMismatch, name);
     }
+}
+
+// The function around a text that Execute or Eval runs, if `callee` is its result: its name with brackets
+// calls it in the text too.
+const Machine::Frame* Machine::FunctionOf(const Variant& callee) const noexcept {
+    if (!m_frames.back().code->isSnippet || callee.kind() != Kind::Reference)
+        return nullptr;
+    auto frame = m_frames.rbegin();
+    while (frame->code->isSnippet)
+        ++frame;
+    const bool isResult =
+        frame->code->result >= 0 && callee.Target() == frame->registers + frame->code->result;
+    return isResult ? &*frame : nullptr;
 }
 
 // A name that nothing has declared: a member of an object whose members are global, or of Me where Execute
@@ -85,7 +100,10 @@ bool Machine::CallGlobalMember(Step at, std::size_t arguments, NameId name, bool
 Machine::Step Machine::DoLoadName(Step at) {
     const Variant& named = At(at->b);
     const Variant& held = named.kind() == Kind::Reference ? *named.Target() : named;
-    const NameId name = Top().code->sites[at->c].name;
+    const CallSite& site = Top().code->sites[at->c];
+    const NameId name = site.name;
+    if (const Frame* function = site.hasBrackets ? FunctionOf(named) : nullptr)
+        return Enter(*function->code, Base(at->a), 0, function->me, true);
     switch (held.kind()) {
     case Kind::Procedure: return Enter(*static_cast<const Code*>(held.Pointer()), Base(at->a), 0, {}, true);
     case Kind::Unset:

@@ -155,7 +155,8 @@ struct StatementMark {
 struct CallSite {
     NameId name;
     std::uint16_t arguments;
-    bool isSelf = false; // on Me, where private members are open
+    bool isSelf = false;      // on Me, where private members are open
+    bool hasBrackets = false; // empty ones, behind a name that is read
     const void* shape = nullptr;
     MemberId member = 0;
 };

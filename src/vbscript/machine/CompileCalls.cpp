@@ -7,8 +7,13 @@ namespace quillon::vbscript {
 
 Operand ProcedureCompiler::CallValue(const CallExpression& call) {
     const Expression* callee = call.callee;
-    if (callee->kind == ExpressionKind::Name)
-        return NamedCall(static_cast<const NameExpression&>(*callee), call.arguments, false);
+    if (callee->kind == ExpressionKind::Name) {
+        const std::size_t sites = m_code.sites.size();
+        const Operand value = NamedCall(static_cast<const NameExpression&>(*callee), call.arguments, false);
+        if (call.arguments.empty() && m_code.sites.size() > sites)
+            m_code.sites.back().hasBrackets = true;
+        return value;
+    }
     if (callee->kind == ExpressionKind::Member)
         return MemberValue(static_cast<const MemberExpression&>(*callee), call.arguments);
     const std::uint16_t place = m_write.NextRegister();
@@ -35,6 +40,8 @@ Operand ProcedureCompiler::NamedCall(const NameExpression& name, std::span<Argum
     case Binding::Kind::Register:
         if (static_cast<std::int32_t>(binding.place) == m_code.result && !m_code.isSnippet)
             break; // a function's own name with brackets calls it
+        if (m_code.isSnippet && !isStatement)
+            return DynamicCall(OperandOf(binding), name.name, arguments, false);
         [[fallthrough]];
     case Binding::Kind::Global:
     case Binding::Kind::Field:

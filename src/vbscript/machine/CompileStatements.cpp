@@ -70,7 +70,7 @@ Operand ProcedureCompiler::VariableOperand(NameId name) {
     const Binding binding = Find(name);
     if (IsVariable(binding) || IsPerhapsVariable(binding))
         return OperandOf(binding);
-    if (binding.kind == Binding::Kind::Free)
+    if (binding.kind == Binding::Kind::Free && name != m_context.builtins.err)
         return GlobalOperand(name);
     RaiseHere(numbers::IllegalAssignment);
     return m_write.TakeRegister();

@@ -84,8 +84,9 @@ class UnitCompiler {
 
     bool IsKnown(NameId name) const {
         const BuiltinNames& builtins = m_context.builtins;
-        return m_names.names.contains(name) || builtins.functionsByName.contains(name) ||
-               builtins.constants.contains(name) || builtins.specials.contains(name);
+        return m_names.names.contains(name) || name == builtins.err ||
+               builtins.functionsByName.contains(name) || builtins.constants.contains(name) ||
+               builtins.specials.contains(name);
     }
 
     void Declare(NameId name, Binding::Kind kind) {
@@ -208,6 +209,7 @@ BuiltinNames::BuiltinNames(Names& names) {
                 {names.InternAscii("ExecuteGlobal"), Special::ExecuteGlobal},
                 {names.InternAscii("Eval"), Special::Eval},
                 {names.InternAscii("GetRef"), Special::GetRef}};
+    err = names.InternAscii("Err");
 }
 
 std::shared_ptr<Unit> Compile(std::u16string_view text, ProgramKind kind, const CompileContext& context) {

@@ -28,6 +28,7 @@ struct BuiltinNames {
     std::unordered_map<NameId, Variant> constants;
     std::unordered_map<NameId, Special> specials;
     std::unordered_map<NameId, const CreatableObject*> creatables; // by the name that New takes
+    NameId err;                                                    // a name that assignments leave what it is
 };
 
 struct CompileContext {

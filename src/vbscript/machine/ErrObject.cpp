@@ -112,4 +112,9 @@ ObjectRef MakeErr(std::shared_ptr<ErrState> state) {
     return MakeObject<ErrObject>(std::move(state));
 }
 
+bool IsErr(const Variant& value) noexcept {
+    return value.kind() == Kind::ScriptObject &&
+           dynamic_cast<const ErrObject*>(value.AsObject().get()) != nullptr;
+}
+
 } // namespace quillon::vbscript

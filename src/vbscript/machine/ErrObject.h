@@ -30,5 +30,6 @@ std::int32_t LowNumber(std::int32_t number) noexcept;
 std::string DescriptionOf(const Failure& failure);
 
 ObjectRef MakeErr(std::shared_ptr<ErrState> state);
+bool IsErr(const Variant& value) noexcept;
 
 } // namespace quillon::vbscript

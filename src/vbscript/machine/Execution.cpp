@@ -54,8 +54,10 @@ Machine::~Machine() {
 }
 
 // Lets go of everything scripts hold. Terminate may run, and may leave something behind; what the host still
-// holds of the scripts' objects afterwards is empty.
+// holds of the scripts' objects afterwards is empty. It is one run: a request to stop ends all that is left
+// of it.
 void Machine::Forget() noexcept {
+    const Entry entry(*this);
     m_globals.Clear();
     if (!m_members.IsEmpty())
         m_cache.clear(); // texts that were compiled for members of other objects

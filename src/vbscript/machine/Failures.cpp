@@ -66,8 +66,7 @@ Machine::Step Machine::Recover(const Failure& failure) {
         Leave();
         if (isBoundary)
             throw placed;
-        at = Top().at;
-        m_at = at;
+        at = m_at;
     }
 }
 

@@ -84,13 +84,16 @@ void Machine::BindFreeNames(const Code& code, Variant* registers) {
     }
 }
 
-// Lets go of the top frame's registers and of the frame. Releases may run script code, above this frame.
+// Lets go of the top frame's registers and of the frame. Releases may run script code: above this frame, and
+// once it is gone, above its caller, which then stands at its call again.
 void Machine::Leave() noexcept {
     Variant* const registers = m_frames.back().registers;
     ClearRegisters(registers, registers + m_frames.back().code->registers);
     const ObjectRef me = std::move(m_frames.back().me);
     const std::unique_ptr<FrameExtras> extras = std::move(m_frames.back().extras);
     m_frames.pop_back();
+    if (!m_frames.empty())
+        m_at = m_frames.back().at;
     SetSpaces();
 }
 
@@ -108,7 +111,6 @@ Machine::Step Machine::Return() {
         return nullptr;
     }
     registers->Swap(result);
-    m_at = m_frames.back().at;
     return m_at + 1;
 }
 

@@ -167,6 +167,7 @@ class Machine final : public BuiltinContext {
     Step DoRefer(Step at);
     Step DoCallBuiltin(Step at);
     Step CallValue(Step at, const Variant& callee, std::size_t arguments, NameId name, bool wantsResult);
+    const Frame* FunctionOf(const Variant& callee) const noexcept;
     Step CallUnset(Step at, std::size_t arguments, NameId name, bool wantsResult);
     bool IsGlobalMember(NameId name) const { return m_members.Find(m_names.Utf8(name)).has_value(); }
     bool CallGlobalMember(Step at, std::size_t arguments, NameId name, bool isCall);

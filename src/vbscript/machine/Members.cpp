@@ -96,16 +96,23 @@ Machine::Step Machine::DoPutMember(Step at, InvokeKind kind) {
     return at + 1;
 }
 
-// Assigns to a name that was a member of one of the host's objects when the text came, or to an element of
-// it. A variable that the module has declared since then comes first.
+// Assigns to Err, or to a name that was a member of one of the host's objects when the text came, or to an
+// element of it. A variable that the module has declared since then comes first.
 void Machine::DoPutName(Step at, InvokeKind kind) {
     const CallSite& site = Top().code->sites[at->c];
     Variant* const base = Base(at->a);
     const std::span<Variant> arguments(base, site.arguments);
     const bool isSet = kind == InvokeKind::Set;
     Variant& value = arguments.back();
-    const bool isUndeclared = At(at->b).kind() == Kind::Unset;
-    if (const auto found = isUndeclared ? m_members.Find(m_names.Utf8(site.name)) : std::nullopt) {
+    const Variant& meant = At(at->b);
+    const Variant& named = meant.kind() == Kind::Reference ? *meant.Target() : meant;
+    const bool isUndeclared = meant.kind() == Kind::Unset;
+    if (IsErr(named)) {
+        if (isSet)
+            RaiseNamed(numbers::IllegalAssignment, site.name);
+        value = AssignedValue(std::move(value));
+        InvokeObject(named.AsObject(), DefaultMemberId, kind, arguments);
+    } else if (const auto found = isUndeclared ? m_members.Find(m_names.Utf8(site.name)) : std::nullopt) {
         if (isSet && !value.IsObject())
             RaiseNamed(numbers::ObjectRequired, site.name);
         if (!isSet)

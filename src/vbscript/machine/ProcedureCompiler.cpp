@@ -59,7 +59,7 @@ Binding ProcedureCompiler::Find(NameId name) const {
 bool ProcedureCompiler::IsGlobalMember(NameId name) const {
     const Binding binding = Find(name);
     return (binding.kind == Binding::Kind::Free || IsPerhapsVariable(binding)) &&
-           m_context.members.Find(m_context.names.Utf8(name)).has_value();
+           (name == m_context.builtins.err || m_context.members.Find(m_context.names.Utf8(name)).has_value());
 }
 
 Operand ProcedureCompiler::OperandOf(const Binding& binding) const noexcept {

@@ -71,7 +71,7 @@ class ProcedureCompiler {
     }
     Operand OperandOf(const Binding& binding) const noexcept;
     Operand GlobalOperand(NameId name) const;
-    // Not declared by the text, and a member of one of the host's objects.
+    // Not declared by the text, and Err or a member of one of the host's objects.
     bool IsGlobalMember(NameId name) const;
     void CompileBody(const Scope& scope);
     void DimArrays(const std::vector<Declaration>& declarations);
