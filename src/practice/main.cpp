@@ -57,6 +57,9 @@ void SettleAdministrator(Accounts& accounts, const Options& options, const std::
         Log("the password of sa is in " + file.string());
     }
     const std::string password = FirstLine(ReadPrivateFile(file));
+    if (password.empty()) {
+        throw std::runtime_error("the password file " + file.string() + " is empty");
+    }
     if (!known) {
         accounts.Create("sa", password, true);
     } else if (!accounts.Verify("sa", password)) {
@@ -67,7 +70,8 @@ void SettleAdministrator(Accounts& accounts, const Options& options, const std::
 tds::Authenticate Authentication(Accounts& accounts) {
     return
         [&accounts](const std::string& login, const std::string& password, const std::string* newPassword) {
-            if (!accounts.Verify(login, password)) {
+            const bool emptied = newPassword != nullptr && newPassword->empty();
+            if (emptied || !accounts.Verify(login, password)) {
                 return false;
             }
             if (newPassword != nullptr) {

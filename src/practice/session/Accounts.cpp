@@ -69,6 +69,11 @@ std::vector<std::string> SplitFields(const std::string& line) {
     return fields;
 }
 
+void RequirePassword(std::string_view password) {
+    if (password.empty())
+        throw SqlError(15116);
+}
+
 } // namespace
 
 Accounts::Accounts(std::filesystem::path file)
@@ -169,6 +174,7 @@ std::vector<Account> Accounts::List() const {
 }
 
 Account Accounts::Create(std::string_view name, std::string_view password, bool administrator) {
+    RequirePassword(password);
     Entry entry;
     bool isSa = SameName(name, administratorName);
     entry.account.name = name;
@@ -191,6 +197,7 @@ Account Accounts::Create(std::string_view name, std::string_view password, bool 
 }
 
 void Accounts::ChangePassword(std::string_view name, std::string_view password) {
+    RequirePassword(password);
     std::string hash = HashPassword(password);
     Change([&](std::vector<Entry>& entries) { Require(entries, name).hash = hash; });
 }

@@ -42,6 +42,7 @@ class Accounts {
     std::optional<Account> Find(std::string_view name) const;
     std::vector<Account> List() const; // by principalId
 
+    // An empty password is refused with SqlError 15116, here and in ChangePassword.
     // Throws SqlError 15025 when the name exists already. A login made with `administrator` may do
     // everything; the name sa is always one of those.
     Account Create(std::string_view name, std::string_view password, bool administrator = false);

@@ -7,7 +7,9 @@ namespace quillon::practice {
 
 namespace {
 
-// Both sorted.
+// All sorted.
+constexpr int kConstraintFaults[] = {1711, 1715, 1753, 1757, 1763, 1766, 1767, 1768, 1769, 1770,
+                                     1773, 1774, 1776, 1778, 1781, 1785, 1788, 8111, 8139};
 constexpr int kBinding[] = {107, 121, 147, 164, 206, 207, 208, 209, 213, 402, 4104, 4121, 8117, 8120, 8121};
 constexpr int kAborting[] = {217,  235,  241,  242,  244,  245,  248,  295,
                              1205, 3609, 3616, 3930, 8114, 9803, 16949};
@@ -18,6 +20,12 @@ bool Holds(const int (&numbers)[Count], int number) {
 }
 
 } // namespace
+
+int FollowUpOf(int number) {
+    if (number == 3725 || number == 3728)
+        return 3727;
+    return Holds(kConstraintFaults, number) ? 1750 : 0;
+}
 
 bool IsBindingError(int number) {
     return Holds(kBinding, number);

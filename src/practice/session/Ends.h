@@ -46,6 +46,10 @@ enum class ErrorEffect {
 /// The documented effect of an error of the system's own.
 ErrorEffect EffectOf(int number, int severity);
 
+/// The error that says what could not be done because of the one before it: 1750 after faults of a constraint
+/// or index, 3727 after a constraint that cannot be dropped. A TRY block sees it alone. 0 for most.
+int FollowUpOf(int number);
+
 /// Whether the error comes from looking up names when a statement is about to run: a TRY block of the same
 /// batch or module does not catch it.
 bool IsBindingError(int number);

@@ -6,6 +6,8 @@
 #include "practice/session/Transactions.h"
 #include "practice/tsql/Parser.h"
 
+#include <optional>
+
 namespace quillon::practice {
 
 namespace {
@@ -106,6 +108,12 @@ std::size_t FlowRunner::HandleFailure(const std::vector<FlowStep>& steps, const 
     SqlError error = failure;
     if (!passed)
         Locate(error);
+    std::optional<SqlError> cause;
+    if (const int next = passed ? 0 : FollowUpOf(error.number); next != 0) {
+        cause = error;
+        error = SqlError(next);
+        Locate(error);
+    }
     m_session.error = error.number;
     m_session.rowCount = 0;
     const bool fatal = error.severity >= 20;
@@ -120,6 +128,8 @@ std::size_t FlowRunner::HandleFailure(const std::vector<FlowStep>& steps, const 
             m_session.store.Doom(); // the setting that counts is that of the place of the error
         throw PassedError(error, origin);
     }
+    if (cause)
+        m_session.Tell(*cause);
     TellAndEnd(&step, error, origin);
     if (const auto* several = dynamic_cast<const tsql::SyntaxErrors*>(&failure)) {
         for (SqlError other : several->Others()) {

@@ -17,10 +17,15 @@ namespace {
 
 using tsql::As;
 
+bool ReadsTables(const tsql::SelectStatement& select) {
+    const tsql::QueryBody& body = *select.query.body;
+    return body.kind != tsql::QueryBodyKind::Select || !tsql::As<tsql::SelectBody>(body).from.empty();
+}
+
 /// Statements that begin a transaction by themselves under SET IMPLICIT_TRANSACTIONS ON.
-bool BeginsImplicitly(tsql::StatementKind kind) {
-    switch (kind) {
-    case tsql::StatementKind::Select:
+bool BeginsImplicitly(const tsql::Statement& statement) {
+    switch (statement.kind) {
+    case tsql::StatementKind::Select: return ReadsTables(As<tsql::SelectStatement>(statement));
     case tsql::StatementKind::Insert:
     case tsql::StatementKind::Update:
     case tsql::StatementKind::Delete:
@@ -52,7 +57,7 @@ bool AnnouncesRows(SessionState& session, const tsql::Statement& statement) {
 
 void RunData(SessionState& session, const tsql::Statement& statement) {
     if (session.options.implicitTransactions && session.store.TransactionCount() == 0 &&
-        BeginsImplicitly(statement.kind))
+        BeginsImplicitly(statement))
         BeginTransaction(session, {});
     const bool announces = AnnouncesRows(session, statement);
     StatementOutcome outcome = session.Statements().Execute(statement);

@@ -165,11 +165,7 @@ void Dialogue::RunRequest(const ClientMessage& message, ResultSink& sink) {
     case PacketType::SqlBatch:
         m_session->ExecuteBatch(ReadBatch(message.body, m_facts.tdsVersion), sink);
         return;
-    case PacketType::Rpc:
-        for (const ProcedureCall& call : ReadCalls(message.body, m_facts.tdsVersion)) {
-            RunCall(call, sink);
-        }
-        return;
+    case PacketType::Rpc: RunCalls(message, sink); return;
     case PacketType::TransactionManager: RunManagerRequest(message, sink); return;
     case PacketType::BulkLoad: LoadRows(message, sink); return;
     default: throw ProtocolError("A message has no place after the login.");
@@ -182,6 +178,18 @@ void Dialogue::LoadRows(const ClientMessage& message, ResultSink& sink) {
     }
     BulkRows rows(message.body, m_facts.tdsVersion);
     m_session->LoadRows([&](std::vector<Datum>& row) { return rows.Next(row); }, sink);
+}
+
+void Dialogue::RunCalls(const ClientMessage& message, ResultSink& sink) {
+    std::vector<ProcedureCall> calls;
+    try {
+        calls = ReadCalls(message.body, m_facts.tdsVersion);
+    } catch (const SqlError& refused) {
+        FailCall(MessageOf(refused), sink);
+    }
+    for (const ProcedureCall& call : calls) {
+        RunCall(call, sink);
+    }
 }
 
 void Dialogue::RunCall(const ProcedureCall& call, ResultSink& sink) {

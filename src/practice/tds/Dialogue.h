@@ -44,6 +44,7 @@ class Dialogue {
     void ServeRequest(const ClientMessage& message);
     void RunRequest(const ClientMessage& message, ResultSink& sink);
     void LoadRows(const ClientMessage& message, ResultSink& sink);
+    void RunCalls(const ClientMessage& message, ResultSink& sink);
     void RunCall(const ProcedureCall& call, ResultSink& sink);
     void RunManagerRequest(const ClientMessage& message, ResultSink& sink);
     void ResetSession(const ClientMessage& message, ResultSink& sink);

@@ -1,5 +1,6 @@
 #include "practice/tds/Login.h"
 #include "practice/tds/WireType.h"
+#include "practice/values/SqlError.h"
 
 #include <string>
 
@@ -172,6 +173,12 @@ WireType ReadTypeInfo(ByteReader& reader, std::uint32_t tdsVersion) {
     }
     if (tdsVersion >= version::tds72 && token == Token::Xml) {
         return ReadXml(reader);
+    }
+    if (token == Token::TableValued) {
+        throw SqlError::NotSupported("table-valued parameters of a remote procedure call");
+    }
+    if (token == Token::Clr) {
+        throw SqlError::NotSupported("CLR types");
     }
     throw ProtocolError("A parameter has a type that this server does not take.");
 }

@@ -3,9 +3,7 @@
 #include "practice/values/SqlError.h"
 
 namespace quillon::practice::tds {
-namespace {
-
-ServerMessage ToMessage(const SqlError& error) {
+ServerMessage MessageOf(const SqlError& error) {
     ServerMessage message;
     message.number = error.number;
     message.severity = static_cast<std::uint8_t>(error.severity);
@@ -14,14 +12,12 @@ ServerMessage ToMessage(const SqlError& error) {
     return message;
 }
 
-} // namespace
-
 ServerMessage TableMessage(int number, std::initializer_list<std::string_view> parameters) {
-    return ToMessage(SqlError(number, parameters));
+    return MessageOf(SqlError(number, parameters));
 }
 
 void RefuseFeature(std::string_view feature, EndScope scope, ResultSink& sink) {
-    sink.Message(ToMessage(SqlError::NotSupported(feature)));
+    sink.Message(MessageOf(SqlError::NotSupported(feature)));
     sink.Done({scope, StatementKind::Other, std::nullopt, true});
 }
 

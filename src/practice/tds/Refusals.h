@@ -2,12 +2,14 @@
 #pragma once
 
 #include "practice/session/ResultSink.h"
+#include "practice/values/SqlError.h"
 
 #include <initializer_list>
 #include <string_view>
 
 namespace quillon::practice::tds {
 
+ServerMessage MessageOf(const SqlError& error);
 // A message of the table with its parameters in place.
 ServerMessage TableMessage(int number, std::initializer_list<std::string_view> parameters = {});
 // Tells that a feature is not offered, and ends the statement or call.

@@ -4,6 +4,7 @@
 #include "practice/tds/Login.h"
 #include "practice/tds/Unicode.h"
 #include "practice/tds/Values.h"
+#include "practice/values/SqlError.h"
 
 #include <array>
 
@@ -91,8 +92,7 @@ ProcedureCall ReadCall(ByteReader& reader, std::uint32_t tdsVersion) {
     call.noMetadata = (reader.U16() & withoutMetadata) != 0;
     while (!reader.AtEnd() && !IsSeparator(reader.Peek(), tdsVersion)) {
         if (call.parameters.size() == mostParameters) {
-            throw ProtocolError(
-                "Too many parameters were provided in this RPC request. The maximum is 2100.");
+            throw SqlError(8003, {std::to_string(mostParameters)});
         }
         call.parameters.push_back(ReadParameter(reader, tdsVersion));
     }

@@ -1,6 +1,6 @@
 // What logged-in clients ask: batches of text, procedure calls, transaction manager requests
 // ([MS-TDS] 2.2.6.7, 2.2.6.6, 2.2.6.9). These functions turn a message's body into the engine's terms and
-// throw ProtocolError for what is malformed.
+// throw ProtocolError for what is malformed, and SqlError for what is refused.
 #pragma once
 
 #include "practice/session/SqlSession.h"

@@ -46,7 +46,9 @@ enum class Token : std::uint8_t {
     Char = 0xAF,
     NVarChar = 0xE7,
     NChar = 0xEF,
+    Clr = 0xF0,
     Xml = 0xF1,
+    TableValued = 0xF3,
     Text = 0x23,
     NText = 0x63,
     Image = 0x22,
@@ -85,7 +87,8 @@ WireType WireTypeFor(const SqlType& type, std::uint32_t tdsVersion);
 void WriteTypeInfo(const WireType& type, ByteWriter& out);
 // The five bytes that name the collation of a character type.
 void WriteCollation(const WireType& type, ByteWriter& out);
-// TYPE_INFO of a parameter. Throws ProtocolError for sizes that no type has, and for table and CLR types.
+// TYPE_INFO of a parameter. Throws ProtocolError for sizes that no type has, and SqlError for
+// table and CLR types, which are refused.
 WireType ReadTypeInfo(ByteReader& reader, std::uint32_t tdsVersion);
 
 // The number that clients know a user-defined or aliased system type by: 80 for rowversion.

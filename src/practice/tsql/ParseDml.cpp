@@ -29,8 +29,11 @@ OutputClause ParseOutputClause(ParseState& state) {
 
 void ParseInsertSource(ParseState& state, InsertStatement& insert) {
     if (state.Accept(Keyword::Values)) {
+        constexpr std::size_t mostRows = 1000;
         state.columnsRefused = true;
         insert.rows = ParseRows(state);
+        if (insert.rows.size() > mostRows)
+            state.Fail(10738, {}, insert.position);
         state.columnsRefused = false;
     } else if (state.Is(Keyword::Select) || state.Is(Symbol::LeftParen)) {
         insert.source = InsertSource::Query;

@@ -137,6 +137,9 @@ constexpr MessageRow rows[] = {
     {1505, 16,
      "The CREATE UNIQUE INDEX statement terminated because a duplicate key was found for the object name "
      "'%1' and the index name '%2'. The duplicate key value is %3."},
+    {1701, 16,
+     "Creating or altering table '%1' failed because the minimum row size would be %2, including %3 bytes of "
+     "internal overhead. This exceeds the maximum allowable table row size of %4 bytes."},
     {1702, 16, "CREATE TABLE failed because column '%1' in table '%2' exceeds the maximum of %3 columns."},
     {1711, 16,
      "Cannot define PRIMARY KEY constraint on column '%1' in table '%2'. The computed column has to be "

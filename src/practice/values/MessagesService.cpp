@@ -7,6 +7,9 @@ namespace quillon::practice {
 namespace {
 
 constexpr MessageRow rows[] = {
+    {8003, 16,
+     "The incoming request has too many parameters. The server supports a maximum of %1 parameters. Reduce "
+     "the number of parameters and resend the request."},
     {8101, 16,
      "An explicit value for the identity column in table '%1' can only be specified when a column list is "
      "used and IDENTITY_INSERT is ON."},
@@ -134,6 +137,9 @@ constexpr MessageRow rows[] = {
     {10710, 15, "An action of type '%1' is not allowed in the '%2' clause of a MERGE statement."},
     {10713, 15, "A MERGE statement must be terminated by a semi-colon (;)."},
     {10714, 15, "An action of type '%1' cannot appear more than once in a '%2' clause of a MERGE statement."},
+    {10738, 15,
+     "The number of row value expressions in the INSERT statement exceeds the maximum allowed number of 1000 "
+     "row values."},
     {10741, 15, "A TOP can not be used in the same query or sub-query as a OFFSET."},
     {10742, 15, "The offset specified in a OFFSET clause may not be negative."},
     {10743, 15, "The number of rows provided for a OFFSET clause must be an integer."},
@@ -173,6 +179,10 @@ constexpr MessageRow rows[] = {
     {15103, 16, "Cannot bind a default to a column created with or altered to have a default value."},
     {15104, 16, "You do not own a table named '%1' that has a column named '%2'."},
     {15110, 16, "The proposed new database owner is already a user or aliased in the database."},
+    {15116, 16,
+     "Password validation failed. The password does not meet the operating system policy requirements "
+     "because "
+     "it is too short."},
     {15118, 16,
      "Password validation failed. The password does not meet the requirements of the password filter DLL."},
     {15123, 16, "The configuration option '%1' does not exist, or it may be an advanced option."},

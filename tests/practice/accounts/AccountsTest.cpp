@@ -93,6 +93,8 @@ TEST_F(AccountsTest, RefusesWhatCannotBe) {
     EXPECT_EQ(NumberOf([&] { accounts.Drop("nobody"); }), 15151);
     EXPECT_EQ(NumberOf([&] { accounts.ChangePassword("nobody", "x"); }), 15151);
     EXPECT_EQ(NumberOf([&] { accounts.Drop("sa"); }), 15405);
+    EXPECT_EQ(NumberOf([&] { accounts.Create("bob", ""); }), 15116);
+    EXPECT_EQ(NumberOf([&] { accounts.ChangePassword("ann", ""); }), 15116);
     EXPECT_EQ(accounts.List().size(), 2U);
 }
 

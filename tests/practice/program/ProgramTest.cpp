@@ -88,13 +88,17 @@ TEST(Program, RefusesADataFolderThatAnotherServerUses) {
     EXPECT_NE(said.find("another server uses " + data.Path().string()), std::string::npos) << said;
 }
 
-TEST(Program, RefusesAPasswordFileThatOthersMayRead) {
+TEST(Program, RefusesAPasswordFileThatOthersMayReadOrThatIsEmpty) {
     TemporaryFolder folder;
     const std::filesystem::path file = folder.Path() / "password";
     std::ofstream(file) << "open secret\n";
     std::filesystem::permissions(file, std::filesystem::perms(0644));
     std::string said = Say("--ephemeral --password-file " + file.string());
     EXPECT_NE(said.find("others than its user may use it"), std::string::npos) << said;
+    std::ofstream(file) << "\n";
+    std::filesystem::permissions(file, std::filesystem::perms(0600));
+    said = Say("--ephemeral --password-file " + file.string());
+    EXPECT_NE(said.find("is empty"), std::string::npos) << said;
 }
 
 TEST(Program, LoginsMadeByOneClientLetOthersIn) {

@@ -246,6 +246,8 @@ TEST_F(DialogueTest, WhatIsNotOfferedIsRefusedByName) {
     LogIn();
     for (const auto& [type, body] : std::vector<std::pair<PacketType, std::string>>{
              {PacketType::Rpc, CallBody(2).Int(1)}, // sp_cursoropen
+             {PacketType::Rpc,
+              static_cast<std::string>(CallBody(10)) + std::string("\0\0\xF3", 3)}, // a table
              {PacketType::TransactionManager,
               RequestHeaders() + std::string(2, '\0')}}) { // a distributed transaction
         Answer answer = Serve(type, body);
@@ -253,6 +255,16 @@ TEST_F(DialogueTest, WhatIsNotOfferedIsRefusedByName) {
         EXPECT_EQ(answer.dones.back().flags, done::error);
         EXPECT_TRUE(m_goesOn);
     }
+}
+
+TEST_F(DialogueTest, TooManyParametersAreRefusedAndTheConnectionGoesOn) {
+    LogIn();
+    CallBody call(10);
+    for (int parameter = 0; parameter <= 2100; ++parameter)
+        call.Int(parameter);
+    Answer answer = Serve(PacketType::Rpc, call);
+    EXPECT_EQ(answer.messages, std::vector<std::int32_t>{8003});
+    EXPECT_TRUE(m_goesOn);
 }
 
 TEST_F(DialogueTest, TransactionManagerRequestsReachTheSession) {

@@ -1,6 +1,7 @@
 #include "practice/tds/Values.h"
 
 #include "practice/tds/Login.h"
+#include "practice/values/SqlError.h"
 
 #include <iomanip>
 #include <sstream>
@@ -261,10 +262,13 @@ TEST(Values, RefuseWhatIsNoInstanceOfItsType) {
 TEST(TypeInfo, RefusesTypesThatCannotBe) {
     for (const std::string& bytes :
          {std::string("\x26\x03"), std::string("\x6A\x11\x27\x02"), std::string("\x6A\x11\x05\x06"),
-          std::string("\x29\x08"), std::string("\xE7\x42\x1F\0\0\0\0\0", 8), std::string("\xF3\0\0\0", 4),
-          std::string("\xF0\0\0\0", 4), std::string("\x99")}) {
+          std::string("\x29\x08"), std::string("\xE7\x42\x1F\0\0\0\0\0", 8), std::string("\x99")}) {
         ByteReader reader(bytes);
         EXPECT_THROW(ReadTypeInfo(reader, version::tds74), ProtocolError) << Hex(bytes);
+    }
+    for (const std::string& bytes : {std::string("\xF3\0\0\0", 4), std::string("\xF0\0\0\0", 4)}) {
+        ByteReader reader(bytes);
+        EXPECT_THROW(ReadTypeInfo(reader, version::tds74), SqlError) << Hex(bytes);
     }
     ByteReader later(std::string_view("\x28"));
     EXPECT_THROW(ReadTypeInfo(later, version::tds72), ProtocolError) << "date came with 7.3";

@@ -2,6 +2,7 @@
 #include "practice/statements/define/Tables.h"
 
 #include "practice/statements/define/AlterTable.h"
+#include "practice/statements/define/CascadePaths.h"
 #include "practice/storage/SystemDatabases.h"
 #include "practice/tsql/ExpressionText.h"
 #include "practice/values/SqlError.h"
@@ -20,8 +21,23 @@ std::string Hex(ObjectId id) {
     return text;
 }
 
+constexpr std::size_t mostColumns = 1024;
+
 ReferenceAction ActionOf(tsql::ReferentialAction action) {
     return static_cast<ReferenceAction>(action);
+}
+
+// 1701 when the columns of fixed length alone do not fit into a page.
+void RequireRoom(const Table& table) {
+    constexpr std::size_t most = 8060;
+    const std::size_t overhead = 6 + (table.columns.size() + 7) / 8;
+    std::size_t size = overhead;
+    for (const Column& column : table.columns)
+        if (!column.IsComputed() && column.type.IsFixedLength() && !column.type.IsMax())
+            size += static_cast<std::size_t>(column.type.StorageBytes());
+    if (size > most)
+        throw SqlError(1701,
+                       {table.name, std::to_string(size), std::to_string(overhead), std::to_string(most)});
 }
 
 } // namespace
@@ -41,6 +57,7 @@ std::string TableBuilder::TextOf(tsql::Span span) const {
 void TableBuilder::AddAll(const tsql::TableDefinition& definition) {
     for (const tsql::ColumnDefinition& column : definition.columns)
         AddColumn(column);
+    RequireRoom(m_table);
     // Keys come first: a foreign key may refer to the table itself.
     for (const bool foreign : {false, true}) {
         for (const tsql::ColumnDefinition& column : definition.columns)
@@ -123,7 +140,11 @@ Column& TableBuilder::AddColumn(const tsql::ColumnDefinition& definition) {
         throw SqlError(2705, {name, m_table.name});
     if (definition.identity && m_table.IdentityColumn() != nullptr)
         throw SqlError(2744, {m_table.name});
+    if (m_table.columns.size() == mostColumns)
+        throw SqlError(1702, {name, m_table.name, std::to_string(mostColumns)});
     Column column = MakeColumn(definition, ++m_table.lastColumnId);
+    if (definition.nullable && *definition.nullable)
+        m_nullable.insert(column.id);
     m_table.columns.push_back(column);
     Column& kept = m_table.columns.back();
     if (definition.computed)
@@ -151,7 +172,8 @@ std::string TableBuilder::ConstraintName(const tsql::ConstraintDefinition& defin
     std::string name = std::string(prefix) + "__" + m_table.name.substr(0, column.empty() ? 16 : 9);
     if (!column.empty())
         name += "__" + column.substr(0, 5);
-    return name + "__" + Hex(id);
+    // Keys have twice as many digits as the other constraints.
+    return name + "__" + (column.empty() ? Hex(~id) : std::string()) + Hex(id);
 }
 
 void TableBuilder::AddConstraint(const tsql::ConstraintDefinition& definition, Column* of) {
@@ -193,7 +215,8 @@ void TableBuilder::AddKey(const tsql::ConstraintDefinition& definition, Column* 
     for (const tsql::IndexColumn& column : definition.columns)
         columns.emplace_back(&RequireColumn(column.name, 1911), column.descending);
     for (const auto& [column, descending] : columns) {
-        if (primary && m_table.version != 0 && column->nullable)
+        const bool mayBeNull = column->nullable && (m_table.version != 0 || m_nullable.contains(column->id));
+        if (primary && mayBeNull)
             throw SqlError(8111, {m_table.name});
         if (primary)
             column->nullable = false;
@@ -249,10 +272,10 @@ void TableBuilder::AddForeignKey(const tsql::ConstraintDefinition& definition, C
     CompleteForeignKey(key, *parent);
     key.onDelete = ActionOf(definition.onDelete);
     key.onUpdate = ActionOf(definition.onUpdate);
-    if (self && (key.onDelete != ReferenceAction::NoAction || key.onUpdate != ReferenceAction::NoAction))
-        throw SqlError(1785, {key.name, m_table.name});
     added.push_back(key.id);
     m_table.foreignKeys.push_back(std::move(key));
+    if (CascadesMeet(*m_engine.store.View(), m_table))
+        throw SqlError(1785, {m_table.foreignKeys.back().name, m_table.name});
 }
 
 // Finds the key that is referred to; the columns may be named in any order.

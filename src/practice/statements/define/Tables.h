@@ -56,6 +56,7 @@ class TableBuilder {
 
     Engine& m_engine;
     Table& m_table;
+    std::set<int> m_nullable; // columns that are said to be NULL
 };
 
 // Makes the table known; `table` has database, schema, name and columns. A temporary one has its storage
