@@ -1,6 +1,7 @@
 #include "practice/statements/change/TableWriter.h"
 #include "practice/statements/change/Targets.h"
 #include "practice/statements/define/AlterTable.h"
+#include "practice/statements/define/SchemaBinding.h"
 #include "practice/values/SqlError.h"
 
 namespace quillon::practice {
@@ -164,6 +165,11 @@ void RequireFreeColumn(Engine& engine, const Table& table, const Column& column,
                         kind = "object";
                         name = key.name;
                     }
+    if (name.empty() && !table.temporary)
+        if (const auto module = ModuleBoundTo(engine, table, column.name)) {
+            kind = "object";
+            name = module->name;
+        }
     if (name.empty())
         return;
     engine.context.Inform(5074, MessageText(5074, {kind, name, "column", column.name}));

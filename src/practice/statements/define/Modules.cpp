@@ -2,6 +2,7 @@
 #include "practice/statements/define/Modules.h"
 
 #include "practice/statements/define/Definition.h"
+#include "practice/statements/define/SchemaBinding.h"
 #include "practice/statements/define/Tables.h"
 #include "practice/storage/SystemDatabases.h"
 #include "practice/values/SqlError.h"
@@ -204,6 +205,7 @@ void DropModules(Engine& engine, const tsql::DropStatement& statement) {
                 continue;
             throw SqlError(3701, {"drop", words.word, name.Text()}, 5);
         }
+        RequireUnbound(engine, *object, ("DROP " + UpperCase(words.word)).c_str());
         engine.store.Change([&](CatalogueEditor& editor) {
             if (const auto module = std::dynamic_pointer_cast<const Module>(object))
                 for (const ObjectId trigger : module->triggers)

@@ -2,6 +2,7 @@
 #include "practice/statements/define/Tables.h"
 
 #include "practice/statements/define/Indexes.h"
+#include "practice/statements/define/SchemaBinding.h"
 #include "practice/storage/SystemDatabases.h"
 #include "practice/storage/TableStorage.h"
 #include "practice/values/SqlError.h"
@@ -244,6 +245,8 @@ void DropTables(Engine& engine, const tsql::DropStatement& statement) {
                 continue;
             throw SqlError(3701, {"drop", "table", name.Text()}, 5);
         }
+        if (!table->temporary)
+            RequireUnbound(engine, *table, "DROP TABLE");
         DropTableObject(engine, table);
     }
 }
