@@ -171,6 +171,8 @@ Statement* StatementParser::ParseDo() {
         node.loop = Is(Keyword::While) ? LoopKind::WhileAfter : LoopKind::UntilAfter;
         Skip();
         node.condition = ParseExpression();
+    } else if (node.loop == LoopKind::Forever && IsName()) {
+        Fail(numbers::ExpectedWhileUntilOrEnd);
     }
     return Make(node);
 }

@@ -155,6 +155,8 @@ Procedure DeclarationParser::ParseProcedure(const Modifiers& modifiers, bool inC
     const int outerDo = std::exchange(m_doDepth, 0), outerFor = std::exchange(m_forDepth, 0);
     const int outerWith = std::exchange(m_withDepth, 0);
     ParseParameters(procedure);
+    if (procedure.kind == ProcedureKind::Function || procedure.kind == ProcedureKind::PropertyGet)
+        m_declared.insert(procedure.name); // the variable of the result
     m_inProcedure = true;
     m_procedureKind = procedure.kind;
     ParseProcedureBody(procedure);

@@ -1,0 +1,2 @@
+Class A
+End Sub '! 1047

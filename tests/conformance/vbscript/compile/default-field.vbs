@@ -1,0 +1,3 @@
+Class A
+    Public Default Field '! 1056
+End Class

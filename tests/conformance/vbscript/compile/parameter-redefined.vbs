@@ -1,0 +1,2 @@
+Sub S(a, A) '! 1041
+End Sub

@@ -1,0 +1,3 @@
+Function X7
+    Dim X7 '! 1041
+End Function

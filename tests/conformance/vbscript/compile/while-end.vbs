@@ -1,0 +1,3 @@
+While x < 1
+    x = 1
+End If '! 1018
