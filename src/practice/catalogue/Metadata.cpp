@@ -21,6 +21,9 @@ const Database& Question::Current() const {
 std::optional<Catalogue::Named> Question::Named(std::int64_t id) const {
     if (const auto table = here.store.Temporary().Find(static_cast<ObjectId>(id)))
         return Catalogue::Named{table->name, tempDatabase, dboSchema, {table->id, 0, ObjectKind::Table}};
+    if (const auto procedure = here.store.Temporary().FindProcedure(static_cast<ObjectId>(id)))
+        return Catalogue::Named{
+            procedure->name, tempDatabase, dboSchema, {procedure->id, 0, ObjectKind::Procedure}};
     return here.store.View()->FindNamed(static_cast<ObjectId>(id));
 }
 
@@ -42,8 +45,11 @@ ObjectId Question::ObjectByName(const std::string& name) const {
     };
     const std::string object = take(), schemaName = take(), databaseName = take();
     if (IsPrivateName(object)) {
-        const auto table = here.store.Temporary().Find(object);
-        return table ? table->id : 0;
+        const TemporaryTables& temporary = here.store.Temporary();
+        if (const auto table = temporary.Find(object))
+            return table->id;
+        const auto procedure = temporary.FindProcedure(object);
+        return procedure ? procedure->id : 0;
     }
     const auto view = here.store.View();
     if (IsSharedTemporaryName(object)) {

@@ -1,6 +1,8 @@
+#include "practice/session/BulkScope.h"
 #include "practice/session/Calls.h"
 #include "practice/session/SessionState.h"
 #include "practice/session/Variables.h"
+#include "practice/tsql/TreeDml.h"
 #include "practice/values/SqlError.h"
 
 namespace quillon::practice {
@@ -45,9 +47,82 @@ Datum ConvertArgument(SessionState& session, const Datum& value, const SqlType& 
     }
 }
 
-void BindTable(SessionState& session, const tsql::Parameter& parameter, const CallArgument* argument) {
-    if (argument == nullptr || argument->useDefault || !argument->table)
+/// The type of an argument that its parameter cannot take, as messages tell it.
+std::string TypeOf(const CallArgument& argument) {
+    if (argument.rows)
+        return argument.rows->type;
+    if (argument.table)
+        return "table";
+    return std::string(argument.value.IsNull() ? "void type" : argument.value.Type().Name());
+}
+
+/// How a client's rows go into a parameter of a table type: the statement that loads them, and which values
+/// of a row it takes.
+struct TableLoad {
+    tsql::InsertStatement statement;
+    std::vector<std::size_t> taken;
+};
+
+/// An identity makes its own values: a client may give it none but NULL.
+void RequireNull(const TableArgument& given, std::size_t place) {
+    for (const std::vector<Datum>& row : given.rows)
+        if (!row[place].IsNull())
+            throw SqlError(1077);
+}
+
+void Prepare(TableLoad& load, const tsql::Parameter& parameter, const Table& table,
+             const TableArgument& given) {
+    if (given.leftOut.size() != table.columns.size())
+        throw SqlError(500, {std::to_string(given.leftOut.size()), std::to_string(table.columns.size())});
+    load.statement.source = tsql::InsertSource::Bulk;
+    load.statement.bulk.checkConstraints = true;
+    load.statement.bulk.keepNulls = true;
+    load.statement.target.variable = parameter.name;
+    load.statement.hasColumns = true;
+    std::size_t place = 0;
+    for (std::size_t i = 0; i < given.leftOut.size(); ++i) {
+        if (given.leftOut[i])
+            continue;
+        if (table.columns[i].identity) {
+            RequireNull(given, place);
+        } else {
+            load.taken.push_back(place);
+            load.statement.columns.push_back({{table.columns[i].name}, parameter.position});
+        }
+        ++place;
+    }
+}
+
+void FillTable(SessionState& session, const tsql::Parameter& parameter, const Table& table,
+               const TableArgument& given) {
+    if (!given.type.empty() && !SameName(given.type, parameter.type.name.Last()))
+        throw SqlError(206, {given.type, parameter.type.name.Last()}, 2);
+    if (given.rows.empty())
+        return;
+    TableLoad load;
+    Prepare(load, parameter, table, given);
+    auto next = given.rows.begin();
+    const RowReader rows = [&](std::vector<Datum>& row) {
+        if (next == given.rows.end())
+            return false;
+        row.clear();
+        for (const std::size_t place : load.taken)
+            row.push_back((*next)[place]);
+        ++next;
+        return true;
+    };
+    const BulkScope scope(session, rows);
+    session.Statements().Execute(load.statement);
+}
+
+void BindTable(SessionState& session, const tsql::Parameter& parameter, const CallArgument* argument,
+               const Table& table) {
+    if (argument == nullptr || argument->useDefault)
         return; // an empty table of the type, made with the parameter
+    if (argument->rows)
+        return FillTable(session, parameter, table, *argument->rows);
+    if (!argument->table)
+        throw SqlError(206, {TypeOf(*argument), parameter.type.name.Last()}, 2);
     Variable variable;
     variable.table = argument->table;
     session.Top().variables[FoldName(parameter.name)] = std::move(variable);
@@ -56,6 +131,8 @@ void BindTable(SessionState& session, const tsql::Parameter& parameter, const Ca
 void BindScalar(SessionState& session, const tsql::Parameter& parameter, const CallArgument* argument,
                 Variable& variable, const std::string& called) {
     if (argument != nullptr && !argument->useDefault) {
+        if (argument->table || argument->rows)
+            throw SqlError(206, {TypeOf(*argument), variable.type.Name()}, 2);
         if (argument->output && !parameter.output)
             throw SqlError(8162, {parameter.name}, 2);
         variable.value = ConvertArgument(session, argument->value, variable.type);
@@ -80,7 +157,7 @@ void BindArguments(SessionState& session, const std::vector<tsql::Parameter>& pa
         }
         Variable& variable = AddVariable(session, parameter.name, parameter.type);
         if (variable.table)
-            BindTable(session, parameter, matched[i]);
+            BindTable(session, parameter, matched[i], *variable.table);
         else
             BindScalar(session, parameter, matched[i], variable, called);
     }

@@ -87,8 +87,8 @@ int RunProcedureTree(SessionState& session, std::unique_ptr<Frame> frame,
     int status = 0;
     {
         const FrameScope scope(session, std::move(frame));
-        if (module)
-            session.database = module->database; // the system's own run in their caller's
+        if (module && !module->name.starts_with("#"))
+            session.database = module->database; // the system's own and temporary ones run in their caller's
         session.options.quotedIdentifier = !module || module->quotedIdentifier;
         session.options.ansiNulls = !module || module->ansiNulls;
         try {

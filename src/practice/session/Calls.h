@@ -10,6 +10,7 @@ namespace quillon::practice {
 
 struct SessionState;
 struct KeptText;
+struct TableArgument;
 
 /// A frame on the stack for as long as it lives. The way out gives back what the frame had borrowed:
 /// settings, current database, identity of the user, temporary tables, cursors.
@@ -33,7 +34,8 @@ class FrameScope {
 struct CallArgument {
     std::string name; // with its @; empty for one by position
     Datum value;
-    std::shared_ptr<const Table> table; // of a table type
+    std::shared_ptr<const Table> table;        // of a table type
+    std::shared_ptr<const TableArgument> rows; // for a table type, from a client
     std::shared_ptr<Cursor> cursor;
     bool isCursor = false;
     bool output = false;

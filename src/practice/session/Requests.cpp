@@ -1,5 +1,6 @@
 #include "practice/session/Requests.h"
 
+#include "practice/session/BulkScope.h"
 #include "practice/session/FlowRunner.h"
 #include "practice/session/SessionFunctions.h"
 #include "practice/session/SetOptions.h"
@@ -25,6 +26,7 @@ std::vector<CallArgument> ArgumentsOf(const ProcedureCall& call) {
         argument.value = parameter.value;
         argument.output = parameter.output;
         argument.useDefault = parameter.useDefault;
+        argument.rows = parameter.table;
         arguments.push_back(std::move(argument));
     }
     return arguments;
@@ -57,19 +59,6 @@ LoginRefused Refused(int number, std::string_view name) {
     message.text = error.text;
     return LoginRefused(std::move(message));
 }
-
-/// Forgets the rows of a bulk load at the end of its scope.
-class FinallyNone {
-  public:
-    explicit FinallyNone(const RowReader*& rows)
-        : m_rows(rows) {}
-    ~FinallyNone() { m_rows = nullptr; }
-    FinallyNone(const FinallyNone&) = delete;
-    FinallyNone& operator=(const FinallyNone&) = delete;
-
-  private:
-    const RowReader*& m_rows;
-};
 
 } // namespace
 
@@ -180,8 +169,7 @@ void SessionOfRequests::LoadRows(const RowReader& rows, ResultSink& sink) {
         const std::shared_ptr<const tsql::Batch> tree = std::exchange(m_state.bulkTree, nullptr);
         const FlowProgram program(tree->statements);
         const FrameScope frame(m_state, BaseFrame(tree));
-        m_state.bulkRows = &rows;
-        const FinallyNone ended(m_state.bulkRows);
+        const BulkScope loading(m_state, rows);
         FlowRunner(m_state).Run(program);
     });
 }
@@ -274,8 +262,9 @@ void SessionOfRequests::Reset(bool keepTransaction, ResultSink& sink) {
         RollbackTransaction(m_state, {});
     m_state.globalCursors.clear();
     m_state.Statements().DropTemporaryTables(-1);
+    m_state.store.Temporary().RemoveProcedures();
     if (!keepTransaction)
-        m_state.Statements().DropSharedTables();
+        m_state.Statements().DropSharedObjects();
     m_state.impersonations.clear();
     m_state.contextInfo.clear();
     m_state.sessionContext.clear();

@@ -28,7 +28,7 @@ SessionState::~SessionState() {
     store.ClearInterrupt();
     if (store.TransactionCount() > 0)
         store.Rollback();
-    m_executor->DropSharedTables();
+    m_executor->DropSharedObjects();
 }
 
 void SessionState::CheckInterrupt() const {

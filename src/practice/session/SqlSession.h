@@ -47,13 +47,21 @@ struct LoginFacts {
     bool odbcDefaults = true;            // the ANSI settings that ODBC and later drivers ask for at login
 };
 
+// The rows that a client gives for a parameter of a table type.
+struct TableArgument {
+    std::string type;          // its name without database and schema; empty where the client leaves it open
+    std::vector<bool> leftOut; // of each column of the type: whether the client leaves it to its default
+    std::vector<std::vector<Datum>> rows; // a value for each column that is not left out
+};
+
 // One argument of a remote procedure call.
 struct CallParameter {
     std::string name; // with its @; empty for an argument by position
     SqlType type;
     Datum value;
     bool output = false;
-    bool useDefault = false; // the client asks for the parameter's declared default
+    bool useDefault = false;                    // the client asks for the parameter's declared default
+    std::shared_ptr<const TableArgument> table; // for a table type; `type` and `value` mean nothing then
 };
 
 struct ProcedureCall {

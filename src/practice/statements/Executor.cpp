@@ -184,7 +184,7 @@ void Executor::DropTemporaryTables(int scope) noexcept {
         DropTable(*table);
 }
 
-void Executor::DropSharedTables() noexcept {
+void Executor::DropSharedObjects() noexcept {
     StoreSession& store = m_engine->store;
     const std::vector<ObjectId> shared = store.TakeShared();
     if (shared.empty())
@@ -197,6 +197,8 @@ void Executor::DropSharedTables() noexcept {
         for (const ObjectId id : shared)
             if (const auto table = store.View()->FindTable(id))
                 DropTableObject(*m_engine, table);
+            else if (store.View()->FindModule(id))
+                store.Change([&](CatalogueEditor& editor) { editor.Drop(id); });
         scope.End();
     } catch (const std::exception&) {
         // tempdb is made anew when the server starts

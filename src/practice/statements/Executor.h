@@ -71,9 +71,9 @@ class Executor {
     void DropTable(const Table& table) noexcept;
     // Drops the temporary tables that scopes deeper than `scope` made.
     void DropTemporaryTables(int scope) noexcept;
-    // Drops the ##tables that this session made; outside of a transaction. Those that others keep locked
-    // for long stay until the server starts anew.
-    void DropSharedTables() noexcept;
+    // Drops the ##tables and ##procedures that this session made; outside of a transaction. Those that others
+    // keep locked for long stay until the server starts anew.
+    void DropSharedObjects() noexcept;
 
     // A declared type: built-in, sysname, or the user's own (then `table` is set for a table type). Throws
     // 2715 for unknown ones.

@@ -71,7 +71,7 @@ void StoreSession::Change(const std::function<void(CatalogueEditor&)>& change) {
 }
 
 std::string StoreSession::OverTempdb(std::string select) {
-    if (m_temporary.All().empty())
+    if (m_temporary.All().tables.empty() && m_temporary.All().procedures.empty())
         return select;
     if (!m_temporaryCatalogue)
         m_temporaryCatalogue = std::make_unique<TemporaryCatalogue>(Connection());
@@ -252,7 +252,7 @@ void StoreSession::Forget() {
     m_savepoints.clear();
     m_usedIdentities.clear();
     m_usedRowVersion = false;
-    m_temporaryAtBegin.clear();
+    m_temporaryAtBegin = {};
     m_store.AllLocks().ReleaseTransaction(m_holder);
     m_locked = false;
 }
@@ -283,7 +283,7 @@ std::vector<KeptRows> StoreSession::KeepVariables() {
     std::vector<KeptRows> kept;
     if (!m_open)
         return kept;
-    for (const TemporaryTables::Entry& entry : m_temporary.All())
+    for (const TemporaryTables::Entry& entry : m_temporary.All().tables)
         if (entry.table->variable)
             kept.emplace_back(Connection(), entry.table);
     return kept;

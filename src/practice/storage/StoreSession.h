@@ -43,8 +43,8 @@ class StoreSession {
     TemporaryTables& Temporary() { return m_temporary; }
     // The SELECT of a system view, over tempdb as this session sees it.
     std::string OverTempdb(std::string select);
-    // ##tables that this session has made: they go when it ends.
-    void NoteShared(ObjectId table) { m_shared.push_back(table); }
+    // ##tables and ##procedures that this session has made: they go when it ends.
+    void NoteShared(ObjectId object) { m_shared.push_back(object); }
     std::vector<ObjectId> TakeShared() { return std::exchange(m_shared, {}); }
 
     // --- Transactions (as @@TRANCOUNT counts) ------------------------------------------------------------

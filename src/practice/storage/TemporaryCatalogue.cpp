@@ -8,19 +8,20 @@ namespace quillon::practice {
 
 namespace {
 
-constexpr std::array parts = {"object",  "column", "index",       "index_column",
-                              "default", "check",  "foreign_key", "foreign_key_column"};
+constexpr std::array parts = {"object",  "column",   "index",       "index_column",
+                              "default", "check",    "foreign_key", "foreign_key_column",
+                              "module",  "parameter"};
 
-// `#t` as 128 characters that no other table has.
-std::string FullName(const Table& table) {
+// `#t` as 128 characters that no other object has.
+std::string FullName(const SchemaObject& object) {
     constexpr int numberWidth = 12;
     constexpr int width = 128 - numberWidth;
-    std::string name = table.name;
+    std::string name = object.name;
     const auto isFirst = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
     for (auto length = std::count_if(name.begin(), name.end(), isFirst); length < width; ++length)
         name += '_';
     std::array<char, numberWidth + 1> number{};
-    std::snprintf(number.data(), number.size(), "%0*X", numberWidth, static_cast<unsigned>(table.id));
+    std::snprintf(number.data(), number.size(), "%0*X", numberWidth, static_cast<unsigned>(object.id));
     return name + number.data();
 }
 
@@ -43,10 +44,15 @@ void TemporaryCatalogue::Fill(const TemporaryTables& tables) {
             .Run();
         Prepared(m_connection, "DELETE FROM temp.k_" + name).Run();
     }
-    for (const TemporaryTables::Entry& entry : tables.All()) {
+    for (const TemporaryTables::Entry& entry : tables.All().tables) {
         if (entry.table->variable)
             continue;
         Table known = *entry.table;
+        known.name = FullName(known);
+        m_saver.Add(known);
+    }
+    for (const auto& [name, procedure] : tables.All().procedures) {
+        Module known = *procedure;
         known.name = FullName(known);
         m_saver.Add(known);
     }

@@ -1,8 +1,8 @@
-// The definitions of a session's #tables as system views of tempdb read them: tables k_... of the
-// connection's TEMP schema, with the columns of the definition tables q_..., filled anew when a #table has
-// come, changed or gone since.
+// The definitions of a session's #tables and #procedures as system views of tempdb read them: tables k_... of
+// the connection's TEMP schema, with the columns of the definition tables q_..., filled anew when one of them
+// has come, changed or gone since.
 //
-// A #table is known there by its name, filled up with underscores and a number, so that those of two sessions
+// It is known there by its name, filled up with underscores and a number, so that those of two sessions
 // differ. A session sees its own.
 #pragma once
 

@@ -174,9 +174,6 @@ WireType ReadTypeInfo(ByteReader& reader, std::uint32_t tdsVersion) {
     if (tdsVersion >= version::tds72 && token == Token::Xml) {
         return ReadXml(reader);
     }
-    if (token == Token::TableValued) {
-        throw SqlError::NotSupported("table-valued parameters of a remote procedure call");
-    }
     if (token == Token::Clr) {
         throw SqlError::NotSupported("CLR types");
     }

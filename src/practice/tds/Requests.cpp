@@ -2,6 +2,7 @@
 
 #include "practice/tds/Bytes.h"
 #include "practice/tds/Login.h"
+#include "practice/tds/ReadTable.h"
 #include "practice/tds/Unicode.h"
 #include "practice/tds/Values.h"
 #include "practice/values/SqlError.h"
@@ -74,6 +75,11 @@ CallParameter ReadParameter(ByteReader& reader, std::uint32_t tdsVersion) {
     }
     parameter.output = (flags & byReference) != 0;
     parameter.useDefault = (flags & asDefault) != 0;
+    if (tdsVersion >= version::tds73 && static_cast<Token>(reader.Peek()) == Token::TableValued) {
+        reader.U8();
+        parameter.table = std::make_shared<TableArgument>(ReadTable(reader, tdsVersion));
+        return parameter;
+    }
     WireType type = ReadTypeInfo(reader, tdsVersion);
     parameter.type = type.type;
     parameter.value = ReadValue(type, reader);

@@ -87,8 +87,8 @@ WireType WireTypeFor(const SqlType& type, std::uint32_t tdsVersion);
 void WriteTypeInfo(const WireType& type, ByteWriter& out);
 // The five bytes that name the collation of a character type.
 void WriteCollation(const WireType& type, ByteWriter& out);
-// TYPE_INFO of a parameter. Throws ProtocolError for sizes that no type has, and SqlError for
-// table and CLR types, which are refused.
+// TYPE_INFO of a parameter, save that of a table. Throws ProtocolError for sizes that no type has, and
+// SqlError for CLR types, which are refused.
 WireType ReadTypeInfo(ByteReader& reader, std::uint32_t tdsVersion);
 
 // The number that clients know a user-defined or aliased system type by: 80 for rowversion.

@@ -7,6 +7,10 @@ namespace quillon::practice {
 namespace {
 
 constexpr MessageRow rows[] = {
+    {500, 16,
+     "Trying to pass a table-valued parameter with %1 column(s) where the corresponding user-defined table "
+     "type "
+     "requires %2 column(s)."},
     {506, 16, "The invalid escape character \"%1\" was specified in a %2 predicate."},
     {507, 16, "Invalid argument for SET ROWCOUNT. Must be a non-null non-negative integer."},
     {509, 11, "User name '%1' not found."},
@@ -334,6 +338,7 @@ constexpr MessageRow rows[] = {
      "Cannot open database \"%1\" that was requested by the login. Using the user default database \"%2\" "
      "instead."},
     {4064, 11, "Cannot open user default database. Login failed."},
+    {4103, 15, "%1: Temporary views are not allowed."},
     {4104, 16, "The multi-part identifier \"%1\" could not be bound."},
     {4108, 15, "Windowed functions can only appear in the SELECT or ORDER BY clauses."},
     {4109, 15, "Windowed functions cannot be used in the context of another windowed function or aggregate."},

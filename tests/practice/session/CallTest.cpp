@@ -168,5 +168,78 @@ TEST(RemoteCalls, ReturnStatusAndOutputs) {
     EXPECT_EQ(missing.text, "error 2812 1 Could not find stored procedure 'nosuch'.\n");
 }
 
+struct TableCase {
+    const char* procedure;
+    TableArgument rows;
+    const char* answer;
+};
+
+void PrintTo(const TableCase& one, std::ostream* out) {
+    *out << one.answer;
+}
+
+class TableArguments : public testing::TestWithParam<TableCase> {};
+
+// A table type's constraints and defaults hold for what a client sends.
+TEST_P(TableArguments, FillTheirParameter) {
+    TestServer server;
+    const auto session = server.Open();
+    Answer(*session, "CREATE TYPE pairs AS TABLE (id int IDENTITY, a smallint PRIMARY KEY CHECK (a < 100), "
+                     "b varchar(5) DEFAULT 'd')");
+    Answer(*session, "CREATE PROC p @rows pairs READONLY AS SET NOCOUNT ON SELECT id, a, b FROM @rows");
+    Answer(*session, "CREATE PROC scalar @rows int AS SELECT @rows");
+    ProcedureCall call;
+    call.name = GetParam().procedure;
+    CallParameter rows;
+    rows.name = "@rows";
+    rows.table = std::make_shared<TableArgument>(GetParam().rows);
+    if (call.name == "sp_executesql")
+        for (const char* text : {"SELECT SUM(a) FROM @rows", "@rows pairs READONLY"}) {
+            CallParameter parameter;
+            parameter.type = NVarChar(100);
+            parameter.value = Datum::Text(parameter.type, text);
+            call.parameters.push_back(parameter);
+        }
+    call.parameters.push_back(rows);
+    Transcript transcript;
+    session->ExecuteProcedure(call, transcript);
+    EXPECT_EQ(transcript.text, GetParam().answer);
+    EXPECT_EQ(Answer(*session, "SELECT COUNT(*) FROM sys.tables"), "row 0\ndone 1\n");
+}
+
+Datum Varchar(const char* text) {
+    return Datum::Text(TextType(TypeId::VarChar, 20), text);
+}
+
+const TableCase kTables[] = {
+    {"p",
+     {"pairs",
+      {true, false, false},
+      {{Datum::Int(7), Varchar("x")}, {Datum::Int(8), Datum::Null(NVarChar(5))}}},
+     "row 1|7|x\nrow 2|8|NULL\nstatus 0\n"},
+    {"p", {"pairs", {true, false, true}, {{Datum::Int(7)}}}, "row 1|7|d\nstatus 0\n"},
+    {"p",
+     {"", {false, false, true}, {{Datum::Null(SimpleType(TypeId::Int)), Datum::Int(7)}}},
+     "row 1|7|d\nstatus 0\n"},
+    {"p", {}, "status 0\n"},
+    {"sp_executesql",
+     {"pairs", {true, false, true}, {{Datum::Int(7)}, {Datum::Int(8)}}},
+     "row 15\ndone 1\nstatus 0\n"},
+    {"p",
+     {"pairs", {false, false, true}, {{Datum::Int(1), Datum::Int(7)}}},
+     "error 1077 0 (p) INSERT into an identity column not allowed on table variables.\n"},
+    {"p",
+     {"pairs", {true, false}, {{Datum::Int(1)}}},
+     "error 500 0 (p) Trying to pass a table-valued parameter with 2 column(s) where the corresponding "
+     "user-defined table type requires 3 column(s).\n"},
+    {"p",
+     {"others", {true, false, true}, {{Datum::Int(7)}}},
+     "error 206 0 (p) Operand type clash: others is incompatible with pairs\n"},
+    {"scalar",
+     {"pairs", {true, false, true}, {{Datum::Int(7)}}},
+     "error 206 0 (scalar) Operand type clash: pairs is incompatible with int\n"},
+};
+INSTANTIATE_TEST_SUITE_P(Rows, TableArguments, testing::ValuesIn(kTables));
+
 } // namespace
 } // namespace quillon::practice

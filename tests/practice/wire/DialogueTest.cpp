@@ -67,6 +67,18 @@ class CallBody {
         m_bytes.U16(0);
         return *this;
     }
+    // A table of two columns, the second left to its default.
+    CallBody& Table(std::string_view rest) {
+        m_bytes.ShortText("@rows");
+        m_bytes.Bytes(std::string_view("\0\xF3\0", 3));
+        m_bytes.ShortText("dbo");
+        m_bytes.ShortText("pairs");
+        m_bytes.U16(2);
+        m_bytes.Bytes(std::string_view("\0\0\0\0\0\0\x26\x04\0", 9));
+        m_bytes.Bytes(std::string_view("\0\0\0\0\0\x02\x26\x04\0", 9));
+        m_bytes.Bytes(rest);
+        return *this;
+    }
     operator std::string() const { return m_bytes.Content(); }
 
   private:
@@ -176,6 +188,31 @@ TEST_F(DialogueTest, ACallAnswersStatusThenParametersThenDone) {
     EXPECT_EQ(seen.parameters[1].name, "@out");
 }
 
+TEST_F(DialogueTest, RowsOfATableReachTheCall) {
+    ProcedureCall seen;
+    m_server.script.call = [&](const ProcedureCall& call, ResultSink& sink) {
+        seen = call;
+        sink.Done({EndScope::Procedure, StatementKind::Execute, std::nullopt, false});
+    };
+    LogIn();
+    using namespace std::string_view_literals;
+    const auto sorted = "\x10\x01\0\x01\0\x01"sv; // by the first column
+    const auto rows = "\0\x01\x04\x07\0\0\0\x01\0\0"sv;
+    Serve(PacketType::Rpc, CallBody("p").Table(std::string(sorted) + std::string(rows)).Int(5));
+    ASSERT_EQ(seen.parameters.size(), 2U);
+    EXPECT_EQ(seen.parameters[1].value.Integer(), 5) << "what follows the table is read where it begins";
+    ASSERT_TRUE(seen.parameters[0].table);
+    const TableArgument& table = *seen.parameters[0].table;
+    EXPECT_EQ(table.type, "pairs");
+    EXPECT_EQ(table.leftOut, (std::vector<bool>{false, true}));
+    ASSERT_EQ(table.rows.size(), 2U);
+    ASSERT_EQ(table.rows[0].size(), 1U);
+    EXPECT_EQ(table.rows[0][0].Integer(), 7);
+    EXPECT_TRUE(table.rows[1][0].IsNull());
+    Serve(PacketType::Rpc, CallBody("p").Table("\0\x01\x04\x07"sv));
+    EXPECT_FALSE(m_goesOn) << "a row that breaks off ends the connection";
+}
+
 TEST_F(DialogueTest, PreparedStatementsBecomeCallsOfExecuteSql) {
     std::vector<ProcedureCall> calls;
     m_server.script.describe = [](const std::string&, const std::string&, ResultSink& sink) {
@@ -247,7 +284,7 @@ TEST_F(DialogueTest, WhatIsNotOfferedIsRefusedByName) {
     for (const auto& [type, body] : std::vector<std::pair<PacketType, std::string>>{
              {PacketType::Rpc, CallBody(2).Int(1)}, // sp_cursoropen
              {PacketType::Rpc,
-              static_cast<std::string>(CallBody(10)) + std::string("\0\0\xF3", 3)}, // a table
+              static_cast<std::string>(CallBody(10)) + std::string("\0\0\xF0", 3)}, // a CLR type
              {PacketType::TransactionManager,
               RequestHeaders() + std::string(2, '\0')}}) { // a distributed transaction
         Answer answer = Serve(type, body);

@@ -262,14 +262,13 @@ TEST(Values, RefuseWhatIsNoInstanceOfItsType) {
 TEST(TypeInfo, RefusesTypesThatCannotBe) {
     for (const std::string& bytes :
          {std::string("\x26\x03"), std::string("\x6A\x11\x27\x02"), std::string("\x6A\x11\x05\x06"),
-          std::string("\x29\x08"), std::string("\xE7\x42\x1F\0\0\0\0\0", 8), std::string("\x99")}) {
+          std::string("\x29\x08"), std::string("\xE7\x42\x1F\0\0\0\0\0", 8), std::string("\x99"),
+          std::string("\xF3\0\0\0", 4)}) {
         ByteReader reader(bytes);
         EXPECT_THROW(ReadTypeInfo(reader, version::tds74), ProtocolError) << Hex(bytes);
     }
-    for (const std::string& bytes : {std::string("\xF3\0\0\0", 4), std::string("\xF0\0\0\0", 4)}) {
-        ByteReader reader(bytes);
-        EXPECT_THROW(ReadTypeInfo(reader, version::tds74), SqlError) << Hex(bytes);
-    }
+    ByteReader clr(std::string_view("\xF0\0\0\0", 4));
+    EXPECT_THROW(ReadTypeInfo(clr, version::tds74), SqlError);
     ByteReader later(std::string_view("\x28"));
     EXPECT_THROW(ReadTypeInfo(later, version::tds72), ProtocolError) << "date came with 7.3";
 }

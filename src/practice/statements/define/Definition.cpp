@@ -80,7 +80,19 @@ std::vector<tsql::Name> TablesOf(const tsql::Statement& statement) {
     }
 }
 
+bool ConcernsTemporaryProcedures(const tsql::Statement& statement) {
+    if (statement.kind == Kind::CreateProcedure)
+        return IsTemporaryName(tsql::As<tsql::CreateProcedureStatement>(statement).name);
+    if (statement.kind != Kind::Drop)
+        return false;
+    const auto& drop = tsql::As<tsql::DropStatement>(statement);
+    return drop.what == tsql::DropKind::Procedure &&
+           std::all_of(drop.names.begin(), drop.names.end(), IsTemporaryName);
+}
+
 StoreSession::Written WrittenBy(Engine& engine, const tsql::Statement& statement) {
+    if (ConcernsTemporaryProcedures(statement))
+        return StoreSession::Writes::Temporary;
     const std::vector<tsql::Name> tables = TablesOf(statement);
     if (tables.empty())
         return StoreSession::Writes::Data;

@@ -53,6 +53,11 @@ std::vector<ModuleParameter> ParametersOf(Engine& engine, const std::vector<tsql
 }
 
 void PutModule(Engine& engine, std::shared_ptr<Module> module) {
+    if (IsPrivateName(module->name)) {
+        module->version = engine.store.Shared().NextVersion();
+        engine.store.Temporary().PutProcedure(std::move(module));
+        return;
+    }
     engine.store.Change([&](CatalogueEditor& editor) { editor.Put(module); });
 }
 
@@ -111,18 +116,40 @@ void FillModule(Engine& engine, const tsql::ModuleStatement& statement, Module& 
 
 namespace {
 
+void RequireLasting(const tsql::Name& name, ObjectKind kind) {
+    if (!name.Last().starts_with("#") || kind == ObjectKind::Procedure)
+        return;
+    if (kind == ObjectKind::View)
+        throw SqlError(4103, {name.Last()});
+    throw SqlError::NotSupported("a temporary function");
+}
+
+std::shared_ptr<const SchemaObject> Existing(Engine& engine, const Home& home, const std::string& name) {
+    if (!IsPrivateName(name))
+        return engine.store.View()->FindObject(home.database, home.schema, name);
+    if (auto table = engine.store.Temporary().Find(name))
+        return table;
+    return engine.store.Temporary().FindProcedure(name);
+}
+
 // The module to be filled: a new one, or a copy of the one that is altered.
 std::shared_ptr<Module> Begin(Engine& engine, const tsql::ModuleStatement& statement, ObjectKind kind) {
     if (!statement.name.Database().empty())
         throw SqlError(
             166, {std::string(VerbOf(statement.verb)) + (kind == ObjectKind::View ? " VIEW" : " PROCEDURE")});
-    const Home home = HomeFor(engine, statement.name);
-    const auto existing = engine.store.View()->FindObject(home.database, home.schema, statement.name.Last());
+    RequireLasting(statement.name, kind);
+    const bool isPrivate = IsPrivateName(statement.name.Last());
+    const Home home = isPrivate ? Home{tempDatabase, dboSchema} : HomeFor(engine, statement.name);
+    const auto existing = Existing(engine, home, statement.name.Last());
     auto module = std::make_shared<Module>();
     if (statement.verb == tsql::ModuleVerb::Create ||
         (!existing && statement.verb != tsql::ModuleVerb::Alter)) {
+        if (isPrivate && existing)
+            throw SqlError(2714, {statement.name.Last()}, 6);
         RequireFreeName(engine, home, statement.name.Last());
         module->id = engine.store.Shared().NextObjectId();
+        if (IsSharedTemporaryName(statement.name.Last()))
+            engine.store.NoteShared(module->id);
         module->created = CurrentMoment();
         module->name = statement.name.Last();
         module->database = home.database;
@@ -204,6 +231,10 @@ void DropModules(Engine& engine, const tsql::DropStatement& statement) {
             if (statement.ifExists)
                 continue;
             throw SqlError(3701, {"drop", words.word, name.Text()}, 5);
+        }
+        if (IsPrivateName(object->name)) {
+            engine.store.Temporary().RemoveProcedure(object->name);
+            continue;
         }
         RequireUnbound(engine, *object, ("DROP " + UpperCase(words.word)).c_str());
         engine.store.Change([&](CatalogueEditor& editor) {

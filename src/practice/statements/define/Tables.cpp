@@ -155,9 +155,11 @@ std::shared_ptr<Table> NewTable(Engine& engine, const tsql::Name& name) {
     if (table->temporary) {
         table->database = tempDatabase;
         const int scope = engine.context.TemporaryScope();
-        for (const TemporaryTables::Entry& entry : engine.store.Temporary().All())
+        for (const TemporaryTables::Entry& entry : engine.store.Temporary().All().tables)
             if (entry.scope == scope && !entry.table->variable && SameName(entry.table->name, table->name))
                 throw SqlError(2714, {table->name}, 6);
+        if (engine.store.Temporary().FindProcedure(table->name))
+            throw SqlError(2714, {table->name}, 6);
         return table;
     }
     const Home home = HomeFor(engine, name);

@@ -180,8 +180,11 @@ std::shared_ptr<const SchemaObject> Translator::FindSourceObject(const tsql::Nam
 }
 
 std::shared_ptr<const SchemaObject> Translator::FindNamedObject(const tsql::Name& name) {
-    if (IsPrivateName(name.Last()))
-        return m_engine.store.Temporary().Find(name.Last());
+    if (IsPrivateName(name.Last())) {
+        if (auto table = m_engine.store.Temporary().Find(name.Last()))
+            return table;
+        return m_engine.store.Temporary().FindProcedure(name.Last());
+    }
     if (IsSharedTemporaryName(name.Last()))
         return m_engine.store.View()->FindObject(tempDatabase, dboSchema, name.Last());
     if (!name.Server().empty())
