@@ -5,6 +5,24 @@ namespace quillon::practice {
 
 namespace {
 
+// The rest of sp_MSforeachtable and sp_MSforeachdb, which have made the cursor.
+#define FOR_EACH_NAME                                                                                        \
+    "OPEN names\n"                                                                                           \
+    "FETCH names INTO @name\n"                                                                               \
+    "WHILE @@FETCH_STATUS = 0\n"                                                                             \
+    "BEGIN\n"                                                                                                \
+    "    SET @text = REPLACE(@command1, @replacechar, @name)\n"                                              \
+    "    EXEC (@text)\n"                                                                                     \
+    "    SET @text = REPLACE(@command2, @replacechar, @name)\n"                                              \
+    "    IF @text IS NOT NULL EXEC (@text)\n"                                                                \
+    "    SET @text = REPLACE(@command3, @replacechar, @name)\n"                                              \
+    "    IF @text IS NOT NULL EXEC (@text)\n"                                                                \
+    "    FETCH names INTO @name\n"                                                                           \
+    "END\n"                                                                                                  \
+    "CLOSE names\n"                                                                                          \
+    "DEALLOCATE names\n"                                                                                     \
+    "IF @postcommand IS NOT NULL EXEC (@postcommand)\n"
+
 constexpr SystemProcedure rows[] = {
     {"xp_msver", R"(CREATE PROCEDURE sys.xp_msver @optname sysname = NULL AS
 SET NOCOUNT ON
@@ -76,23 +94,8 @@ SET @text = N'SELECT ''['' + REPLACE(SCHEMA_NAME(o.schema_id), '']'', '']]'') + 
     + N' WHERE o.type = ''U'' AND o.is_ms_shipped = 0 ' + ISNULL(@whereand, N'') + N' ORDER BY o.object_id'
 INSERT #tables (name) EXEC (@text)
 IF @precommand IS NOT NULL EXEC (@precommand)
-DECLARE tables CURSOR LOCAL FAST_FORWARD FOR SELECT name FROM #tables ORDER BY n
-OPEN tables
-FETCH tables INTO @name
-WHILE @@FETCH_STATUS = 0
-BEGIN
-    SET @text = REPLACE(@command1, @replacechar, @name)
-    EXEC (@text)
-    SET @text = REPLACE(@command2, @replacechar, @name)
-    IF @text IS NOT NULL EXEC (@text)
-    SET @text = REPLACE(@command3, @replacechar, @name)
-    IF @text IS NOT NULL EXEC (@text)
-    FETCH tables INTO @name
-END
-CLOSE tables
-DEALLOCATE tables
-IF @postcommand IS NOT NULL EXEC (@postcommand)
-)"},
+DECLARE names CURSOR LOCAL FAST_FORWARD FOR SELECT name FROM #tables ORDER BY n
+)" FOR_EACH_NAME},
     {"sp_msforeachdb",
      R"(CREATE PROCEDURE sys.sp_msforeachdb @command1 nvarchar(2000), @replacechar nchar(1) = N'?',
     @command2 nvarchar(2000) = NULL, @command3 nvarchar(2000) = NULL, @precommand nvarchar(2000) = NULL,
@@ -100,23 +103,8 @@ IF @postcommand IS NOT NULL EXEC (@postcommand)
 SET NOCOUNT ON
 DECLARE @name sysname, @text nvarchar(max)
 IF @precommand IS NOT NULL EXEC (@precommand)
-DECLARE databases CURSOR LOCAL STATIC FOR SELECT name FROM sys.databases ORDER BY database_id
-OPEN databases
-FETCH databases INTO @name
-WHILE @@FETCH_STATUS = 0
-BEGIN
-    SET @text = REPLACE(@command1, @replacechar, @name)
-    EXEC (@text)
-    SET @text = REPLACE(@command2, @replacechar, @name)
-    IF @text IS NOT NULL EXEC (@text)
-    SET @text = REPLACE(@command3, @replacechar, @name)
-    IF @text IS NOT NULL EXEC (@text)
-    FETCH databases INTO @name
-END
-CLOSE databases
-DEALLOCATE databases
-IF @postcommand IS NOT NULL EXEC (@postcommand)
-)"},
+DECLARE names CURSOR LOCAL STATIC FOR SELECT name FROM sys.databases ORDER BY database_id
+)" FOR_EACH_NAME},
     {"sp_validname", R"(CREATE PROCEDURE sys.sp_validname @name sysname, @raise_error bit = 1 AS
 SET NOCOUNT ON
 IF @name IS NOT NULL AND LEN(@name) > 0 RETURN 0
