@@ -4,6 +4,7 @@
 #include "practice/session/Ends.h"
 #include "practice/session/FlowRunner.h"
 #include "practice/session/SessionState.h"
+#include "practice/session/Transactions.h"
 #include "practice/session/Variables.h"
 #include "practice/tsql/Parser.h"
 #include "practice/values/SqlError.h"
@@ -197,7 +198,9 @@ int CallProcedure(SessionState& session, const tsql::Name& name, std::vector<Cal
     return RunProcedureTree(session, std::move(frame), arguments);
 }
 
-void RunTrigger(SessionState& session, const Trigger& trigger, const TriggerFrame& firing) {
+namespace {
+
+void RunTriggerBody(SessionState& session, const Trigger& trigger, const TriggerFrame& firing) {
     auto frame = std::make_unique<Frame>();
     frame->kind = FrameKind::Trigger;
     frame->name = trigger.name;
@@ -212,6 +215,17 @@ void RunTrigger(SessionState& session, const Trigger& trigger, const TriggerFram
     session.options.xactAbort = true; // an error in a trigger takes the transaction with it
     session.rowCount = firing.rowCount;
     RunProgram(session, ProgramOf(*session.Top().tree->statements.front(), statement.body));
+}
+
+} // namespace
+
+void RunTrigger(SessionState& session, const Trigger& trigger, const TriggerFrame& firing) {
+    RunTriggerBody(session, trigger, firing);
+    if (!session.store.Doomed())
+        return;
+    // An error that the trigger caught has left a transaction that nobody can commit.
+    RollbackTransaction(session, {});
+    throw SqlError(3616);
 }
 
 namespace {
