@@ -20,6 +20,11 @@ ErrorOrigin OriginOf(const SqlError& error) {
     return ErrorOrigin::Statement;
 }
 
+std::span<const SqlError> OthersOf(const SqlError& error) {
+    const auto* several = dynamic_cast<const tsql::SyntaxErrors*>(&error);
+    return several == nullptr ? std::span<const SqlError>() : several->Others();
+}
+
 bool ChangesRows(tsql::StatementKind kind) {
     return kind == tsql::StatementKind::Insert || kind == tsql::StatementKind::Update ||
            kind == tsql::StatementKind::Delete || kind == tsql::StatementKind::Merge;
@@ -130,13 +135,7 @@ std::size_t FlowRunner::HandleFailure(const std::vector<FlowStep>& steps, const 
     }
     if (cause)
         m_session.Tell(*cause);
-    TellAndEnd(&step, error, origin);
-    if (const auto* several = dynamic_cast<const tsql::SyntaxErrors*>(&failure)) {
-        for (SqlError other : several->Others()) {
-            Locate(other);
-            m_session.Tell(other);
-        }
-    }
+    TellAndEnd(&step, error, origin, OthersOf(failure));
     return step.resume;
 }
 
@@ -165,7 +164,8 @@ bool FlowRunner::IsTermination(const tsql::Statement& statement, const SqlError&
     return ChangesRows(statement.kind) && (error.number == lockTimeout || m_session.Statements().HasBegun());
 }
 
-void FlowRunner::TellAndEnd(const FlowStep* step, const SqlError& error, ErrorOrigin origin) {
+void FlowRunner::TellAndEnd(const FlowStep* step, const SqlError& error, ErrorOrigin origin,
+                            std::span<const SqlError> others) {
     if (error.severity >= 20 && origin == ErrorOrigin::RaiseError) {
         SqlError ends(2745,
                       {std::to_string(m_session.facts.spid), std::to_string(error.number),
@@ -175,6 +175,10 @@ void FlowRunner::TellAndEnd(const FlowStep* step, const SqlError& error, ErrorOr
         m_session.Tell(ends);
     }
     m_session.Tell(error);
+    for (SqlError other : others) {
+        Locate(other);
+        m_session.Tell(other);
+    }
     const ErrorEffect effect =
         origin == ErrorOrigin::Statement ? EffectOf(error.number, error.severity) : ErrorEffect::Statement;
     if (error.severity >= 20)
@@ -202,7 +206,7 @@ void FlowRunner::Handle(const SqlError& failure) {
     if (dynamic_cast<const PassedError*>(&failure) == nullptr)
         Locate(error);
     m_session.error = error.number;
-    TellAndEnd(nullptr, error, OriginOf(failure));
+    TellAndEnd(nullptr, error, OriginOf(failure), OthersOf(failure));
 }
 
 } // namespace quillon::practice

@@ -5,6 +5,9 @@
 
 #include "practice/session/Ends.h"
 #include "practice/session/FlowProgram.h"
+#include "practice/values/SqlError.h"
+
+#include <span>
 
 namespace quillon::practice {
 
@@ -29,7 +32,9 @@ class FlowRunner {
     void Locate(SqlError& error) const;
     /// The error becomes that of a CATCH block with `depth` others around it.
     void Catch(const SqlError& error, ErrorOrigin origin, std::size_t depth);
-    void TellAndEnd(const FlowStep* step, const SqlError& error, ErrorOrigin origin);
+    /// `others` were found together with the error and end nothing by themselves.
+    void TellAndEnd(const FlowStep* step, const SqlError& error, ErrorOrigin origin,
+                    std::span<const SqlError> others);
     bool IsTermination(const tsql::Statement& statement, const SqlError& error) const;
     void LeaveCatches(std::size_t depth);
 

@@ -2,6 +2,7 @@
 
 #include "practice/session/Calls.h"
 #include "practice/session/CursorStatements.h"
+#include "practice/session/DefineModule.h"
 #include "practice/session/Impersonating.h"
 #include "practice/session/Messages.h"
 #include "practice/session/Services.h"
@@ -60,7 +61,8 @@ void RunData(SessionState& session, const tsql::Statement& statement) {
         BeginsImplicitly(statement))
         BeginTransaction(session, {});
     const bool announces = AnnouncesRows(session, statement);
-    StatementOutcome outcome = session.Statements().Execute(statement);
+    StatementOutcome outcome =
+        HasBody(statement.kind) ? DefineModule(session, statement) : session.Statements().Execute(statement);
     if (announces) {
         session.bulkTree = session.Top().tree;
         outcome.count.reset();

@@ -3,6 +3,7 @@
 #include "practice/statements/Selecting.h"
 #include "practice/statements/change/Targets.h"
 #include "practice/statements/define/Definition.h"
+#include "practice/statements/define/Modules.h"
 #include "practice/statements/define/Tables.h"
 #include "practice/storage/TableStorage.h"
 #include "practice/values/SqlError.h"
@@ -152,6 +153,34 @@ std::vector<ResultColumn> Executor::Describe(const tsql::Statement& statement) {
     if (statement.kind == tsql::StatementKind::Select)
         return DescribeSelect(*m_engine, tsql::As<tsql::SelectStatement>(statement));
     return {};
+}
+
+void Executor::Bind(const tsql::Statement& statement) {
+    using tsql::StatementKind;
+    Engine& engine = *m_engine;
+    switch (statement.kind) {
+    case StatementKind::Select: return TrySelect(engine, tsql::As<tsql::SelectStatement>(statement));
+    case StatementKind::Insert: return TryInsert(engine, tsql::As<tsql::InsertStatement>(statement));
+    case StatementKind::Update: return TryUpdate(engine, tsql::As<tsql::UpdateStatement>(statement));
+    case StatementKind::Delete: return TryDelete(engine, tsql::As<tsql::DeleteStatement>(statement));
+    case StatementKind::Merge: return TryMerge(engine, tsql::As<tsql::MergeStatement>(statement));
+    default: return;
+    }
+}
+
+void Executor::Bind(const tsql::Expression& expression) {
+    Translator translator(*m_engine);
+    if (expression.IsCondition())
+        translator.Condition(expression, nullptr);
+    else
+        translator.Value(expression, nullptr);
+}
+
+TriggerFrame Executor::PretendedFiring(const Trigger& trigger) {
+    const auto parent = m_engine->store.View()->FindObject(trigger.parent);
+    if (const auto view = std::dynamic_pointer_cast<const Module>(parent))
+        return practice::PretendedFiring(*ViewModel(*view), !trigger.insteadOf);
+    return practice::PretendedFiring(dynamic_cast<const Table&>(*parent), !trigger.insteadOf);
 }
 
 std::shared_ptr<const Table> Executor::CreateTableVariable(std::string_view name,

@@ -62,6 +62,12 @@ class Executor {
     std::unique_ptr<QueryReader> Open(const tsql::SelectStatement& statement, bool withRowIds = false);
     // The columns that the statement would answer, without running it; empty when it answers none.
     std::vector<ResultColumn> Describe(const tsql::Statement& statement);
+    // Bind a query or a change of rows, an expression, or what stands after IF, and run nothing: what is
+    // wrong with them is thrown. Other statements have nothing to bind.
+    void Bind(const tsql::Statement& statement);
+    void Bind(const tsql::Expression& expression);
+    // A firing without rows to bind the trigger's statements against.
+    TriggerFrame PretendedFiring(const Trigger& trigger);
 
     // A table variable of the current frame, or the parameter of a table type: made empty, dropped by the
     // session with DropTable when the frame ends.

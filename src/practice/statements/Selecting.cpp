@@ -24,13 +24,17 @@ bool Assigns(const tsql::SelectBody& body) {
     });
 }
 
+QuerySql Translated(Translator& translator, const tsql::SelectStatement& statement, bool rowIds) {
+    Translator::QueryOptions options = OptionsFor(translator.Shared(), statement);
+    options.keepRowIds = rowIds;
+    return Assigns(statement.First()) ? translator.AssignmentQuery(statement.query, options)
+                                      : translator.Query(statement.query, nullptr, options);
+}
+
 std::unique_ptr<Plan> MakePlan(Engine& engine, const tsql::SelectStatement& statement, bool rowIds,
                                std::shared_ptr<const Table>* base = nullptr) {
     Translator translator(engine);
-    Translator::QueryOptions options = OptionsFor(engine, statement);
-    options.keepRowIds = rowIds;
-    QuerySql query = Assigns(statement.First()) ? translator.AssignmentQuery(statement.query, options)
-                                                : translator.Query(statement.query, nullptr, options);
+    QuerySql query = Translated(translator, statement, rowIds);
     auto plan = std::make_unique<Plan>();
     plan->statement = Prepared(engine.Connection(), query.sql, true);
     plan->needs = std::move(translator.needs);
@@ -177,6 +181,11 @@ std::unique_ptr<QueryReader> OpenReader(Engine& engine, const tsql::SelectStatem
     std::unique_ptr<Plan> plan = MakePlan(engine, statement, withRowIds, &base);
     LockReads(engine, plan->needs);
     return std::make_unique<Reader>(engine, std::move(plan), base);
+}
+
+void TrySelect(Engine& engine, const tsql::SelectStatement& statement) {
+    Translator translator(engine);
+    Translated(translator, statement, false);
 }
 
 std::vector<ResultColumn> DescribeSelect(Engine& engine, const tsql::SelectStatement& statement) {

@@ -9,6 +9,8 @@ namespace quillon::practice {
 StatementOutcome RunSelect(Engine& engine, const tsql::SelectStatement& statement);
 std::unique_ptr<QueryReader> OpenReader(Engine& engine, const tsql::SelectStatement& statement,
                                         bool withRowIds);
+// Binds the query and runs nothing.
+void TrySelect(Engine& engine, const tsql::SelectStatement& statement);
 std::vector<ResultColumn> DescribeSelect(Engine& engine, const tsql::SelectStatement& statement);
 
 // Shared with OUTPUT: what the client is told of the columns, and one row as it leaves.

@@ -67,6 +67,8 @@ const Script kScopes[] = {
      "error 137 1 Must declare the scalar variable \"@a\".\n"},
     {{"CREATE PROC p AS SELECT * FROM later", "EXEC p PRINT 'goes on'"},
      "error 208 1 (p) Invalid object name 'later'.\nstatus -6\ninfo goes on\n"},
+    {{"CREATE TABLE t (a int)", "CREATE PROC p AS\nSELECT nope FROM t\nUPDATE t SET no = 1"},
+     "error 207 2 (p) Invalid column name 'nope'.\nerror 207 3 (p) Invalid column name 'no'.\n"},
     {{"CREATE PROC p AS EXEC p", "EXEC p"},
      "error 217 1 (p) Maximum stored procedure, function, trigger, or view nesting level exceeded (limit "
      "32).\n"},

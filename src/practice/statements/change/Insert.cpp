@@ -317,4 +317,8 @@ StatementOutcome RunInsert(Engine& engine, const tsql::InsertStatement& statemen
     return {StatementKind::Insert, count};
 }
 
+void TryInsert(Engine& engine, const tsql::InsertStatement& statement) {
+    MakePlan(engine, statement, false);
+}
+
 } // namespace quillon::practice

@@ -243,4 +243,8 @@ StatementOutcome RunMerge(Engine& engine, const tsql::MergeStatement& statement)
     return {StatementKind::Merge, count};
 }
 
+void TryMerge(Engine& engine, const tsql::MergeStatement& statement) {
+    MergeBinder(engine, statement).Bind();
+}
+
 } // namespace quillon::practice

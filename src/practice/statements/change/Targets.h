@@ -50,4 +50,10 @@ StatementOutcome RunUpdate(Engine& engine, const tsql::UpdateStatement& statemen
 StatementOutcome RunDelete(Engine& engine, const tsql::DeleteStatement& statement);
 StatementOutcome RunMerge(Engine& engine, const tsql::MergeStatement& statement);
 
+// Binds the statement as its run does and runs nothing: what it throws is wrong with the statement itself.
+void TryInsert(Engine& engine, const tsql::InsertStatement& statement);
+void TryUpdate(Engine& engine, const tsql::UpdateStatement& statement);
+void TryDelete(Engine& engine, const tsql::DeleteStatement& statement);
+void TryMerge(Engine& engine, const tsql::MergeStatement& statement);
+
 } // namespace quillon::practice

@@ -175,4 +175,12 @@ StatementOutcome RunDelete(Engine& engine, const tsql::DeleteStatement& statemen
     return {StatementKind::Delete, RunChange(engine, statement, TriggerEvent::Delete, {})};
 }
 
+void TryUpdate(Engine& engine, const tsql::UpdateStatement& statement) {
+    MakePlan(engine, statement, TriggerEvent::Update, statement.sets);
+}
+
+void TryDelete(Engine& engine, const tsql::DeleteStatement& statement) {
+    MakePlan(engine, statement, TriggerEvent::Delete, {});
+}
+
 } // namespace quillon::practice

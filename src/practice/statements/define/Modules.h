@@ -9,5 +9,7 @@ namespace quillon::practice {
 std::string KeptText(const tsql::ModuleStatement& statement);
 // Text, settings and options from the statement and the session.
 void FillModule(Engine& engine, const tsql::ModuleStatement& statement, Module& module);
+// A firing of a trigger of `parent` that has no rows, to bind statements against.
+TriggerFrame PretendedFiring(const Table& parent, bool after);
 
 } // namespace quillon::practice

@@ -66,16 +66,7 @@ void RefuseLargeColumns(Engine& engine, const tsql::CreateTriggerStatement& stat
                                  [](const Column& column) { return column.type.IsLegacyLob(); });
     if (!any || statement.timing == tsql::TriggerTiming::InsteadOf)
         return;
-    const auto rowSet = [&](const char* name) {
-        auto set = std::make_shared<Table>(parent);
-        set->name = name;
-        set->rowSet = true;
-        return set;
-    };
-    TriggerFrame frame;
-    frame.inserted = rowSet("inserted");
-    frame.deleted = rowSet("deleted");
-    frame.after = true;
+    const TriggerFrame frame = PretendedFiring(parent, true);
     Surroundings inside;
     inside.database = parent.database;
     inside.schema = parent.schema;
@@ -103,6 +94,21 @@ std::shared_ptr<const Trigger> FindTrigger(Engine& engine, const tsql::Name& nam
 }
 
 } // namespace
+
+TriggerFrame PretendedFiring(const Table& parent, bool after) {
+    const auto rowSet = [&](const char* name) {
+        auto set = std::make_shared<Table>(parent);
+        set->name = name;
+        set->rowSet = true;
+        return set;
+    };
+    TriggerFrame frame;
+    frame.parent = parent.id;
+    frame.inserted = rowSet("inserted");
+    frame.deleted = rowSet("deleted");
+    frame.after = after;
+    return frame;
+}
 
 void CreateTrigger(Engine& engine, const tsql::CreateTriggerStatement& statement) {
     const auto parent = Translator(engine).FindSourceObject(statement.table);
