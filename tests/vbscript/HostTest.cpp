@@ -51,6 +51,16 @@ TEST_F(Host, ResetForgetsCodeAndObjectsAndKeepsTheLanguage) {
     EXPECT_EQ(NumberOf([&] { host.Run("F"); }), numbers::InvalidCall);
 }
 
+TEST_F(Host, LongTextsMayHaveAnyNumberOfCallsAndMembers) {
+    host.AddCode("Function One(x) : One = 1 : End Function\nClass A : Public p : End Class\n"
+                 "Set o = New A : Set d = New A");
+    std::string text;
+    for (int line = 0; line < 40000; ++line)
+        text += line % 2 != 0 ? "o.p = o.p + One(o)\n" : "d.p = d.p + One(1)\n";
+    host.AddCode(text);
+    EXPECT_EQ(TextOf("o.p + d.p"), "40000");
+}
+
 TEST_F(Host, TextsJoinOneModuleAndLaterDefinitionsReplaceEarlierOnes) {
     host.AddCode("Dim shared : shared = 5 : Function F : F = G() : End Function");
     host.AddCode("Function G : G = shared : End Function");

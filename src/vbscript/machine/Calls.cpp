@@ -102,7 +102,7 @@ Machine::Step Machine::DoLoadName(Step at) {
     const Variant& held = named.kind() == Kind::Reference ? *named.Target() : named;
     const CallSite& site = Top().code->sites[at->c];
     const NameId name = site.name;
-    if (const Frame* function = site.hasBrackets ? FunctionOf(named) : nullptr)
+    if (const Frame* function = site.use == CallSite::Use::Brackets ? FunctionOf(named) : nullptr)
         return Enter(*function->code, Base(at->a), 0, function->me, true);
     switch (held.kind()) {
     case Kind::Procedure: return Enter(*static_cast<const Code*>(held.Pointer()), Base(at->a), 0, {}, true);

@@ -153,10 +153,14 @@ struct StatementMark {
 
 // A place of the program that names a member or an unknown procedure, with what was found there last.
 struct CallSite {
+    enum class Use : std::uint8_t {
+        Plain,
+        Self,     // on Me, where private members are open
+        Brackets, // a name that is read, with empty brackets behind it
+    };
     NameId name;
     std::uint16_t arguments;
-    bool isSelf = false;      // on Me, where private members are open
-    bool hasBrackets = false; // empty ones, behind a name that is read
+    Use use = Use::Plain;
     const void* shape = nullptr;
     MemberId member = 0;
 };

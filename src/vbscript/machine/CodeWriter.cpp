@@ -75,11 +75,18 @@ Operand CodeWriter::ConstantOf(const LiteralExpression& literal) {
     return 0;
 }
 
-std::uint16_t CodeWriter::SiteOf(NameId name, std::size_t arguments) {
-    if (m_code.sites.size() > UINT16_MAX)
+// Very long code has no site left for each of its places: from then on those of one name share one.
+std::uint16_t CodeWriter::SiteOf(NameId name, std::size_t arguments, CallSite::Use use) {
+    const std::size_t place = m_code.sites.size();
+    if (place >= MostOwnSites) {
+        const auto [found, isNew] = m_sharedSites.try_emplace({name, arguments, use}, place);
+        if (!isNew)
+            return static_cast<std::uint16_t>(found->second);
+    }
+    if (place > UINT16_MAX)
         FailTooLarge();
-    m_code.sites.push_back({name, static_cast<std::uint16_t>(arguments)});
-    return static_cast<std::uint16_t>(m_code.sites.size() - 1);
+    m_code.sites.push_back({name, static_cast<std::uint16_t>(arguments), use});
+    return static_cast<std::uint16_t>(place);
 }
 
 std::uint16_t CodeWriter::ShapeOf(const Declaration& declaration) {

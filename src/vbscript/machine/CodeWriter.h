@@ -6,6 +6,7 @@
 
 #include <map>
 #include <string>
+#include <tuple>
 #include <unordered_map>
 
 #include "vbscript/machine/Code.h"
@@ -30,7 +31,7 @@ class CodeWriter {
 
     Operand Constant(const Variant& value);
     Operand ConstantOf(const LiteralExpression& literal);
-    std::uint16_t SiteOf(NameId name, std::size_t arguments);
+    std::uint16_t SiteOf(NameId name, std::size_t arguments, CallSite::Use use = CallSite::Use::Plain);
     std::uint16_t ShapeOf(const Declaration& declaration);
 
     // --- registers ---
@@ -62,6 +63,8 @@ class CodeWriter {
 
     void Aim(std::size_t use, std::int64_t target);
 
+    static constexpr std::size_t MostOwnSites = 60000;
+
     Code& m_code;
     Place m_place{1, 0};
     std::uint16_t m_firstTemporary = 0;
@@ -70,6 +73,7 @@ class CodeWriter {
     std::uint16_t m_objectsEnd = 0;
     std::unordered_map<std::u16string, std::size_t> m_texts;
     std::map<std::pair<Kind, double>, std::size_t> m_numbers;
+    std::map<std::tuple<NameId, std::size_t, CallSite::Use>, std::size_t> m_sharedSites;
 };
 
 } // namespace quillon::vbscript

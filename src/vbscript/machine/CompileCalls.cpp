@@ -8,11 +8,12 @@ namespace quillon::vbscript {
 Operand ProcedureCompiler::CallValue(const CallExpression& call) {
     const Expression* callee = call.callee;
     if (callee->kind == ExpressionKind::Name) {
-        const std::size_t sites = m_code.sites.size();
-        const Operand value = NamedCall(static_cast<const NameExpression&>(*callee), call.arguments, false);
-        if (call.arguments.empty() && m_code.sites.size() > sites)
-            m_code.sites.back().hasBrackets = true;
-        return value;
+        const auto& name = static_cast<const NameExpression&>(*callee);
+        const Binding binding = Find(name.name);
+        const bool isVariable = binding.kind == Binding::Kind::Register || IsPerhapsVariable(binding);
+        if (m_code.isSnippet && call.arguments.empty() && isVariable)
+            return LoadName(OperandOf(binding), name.name, CallSite::Use::Brackets);
+        return NamedCall(name, call.arguments, false);
     }
     if (callee->kind == ExpressionKind::Member)
         return MemberValue(static_cast<const MemberExpression&>(*callee), call.arguments);
@@ -99,15 +100,18 @@ Operand ProcedureCompiler::OwnCall(const NameExpression& name, std::span<Argumen
     return FinishCall(base, place);
 }
 
+Operand ProcedureCompiler::LoadName(Operand named, NameId name, CallSite::Use use) {
+    const std::uint16_t target = m_write.TakeRegister();
+    m_write.Emit(Op::LoadName, target, named, m_write.SiteOf(name, 0, use));
+    m_write.MayHoldObject(target);
+    return target;
+}
+
 Operand ProcedureCompiler::DynamicCall(Operand callee, NameId name, std::span<Argument> arguments,
                                        bool isStatement) {
+    if (arguments.empty() && !isStatement)
+        return LoadName(callee, name, CallSite::Use::Plain);
     const std::uint16_t place = m_write.NextRegister();
-    if (arguments.empty() && !isStatement) {
-        const std::uint16_t target = m_write.TakeRegister();
-        m_write.Emit(Op::LoadName, target, callee, m_write.SiteOf(name, 0));
-        m_write.MayHoldObject(target);
-        return target;
-    }
     const std::uint16_t base = Arguments(arguments, true);
     m_write.Emit(isStatement ? Op::CallNameSub : Op::CallName, base, callee,
                  m_write.SiteOf(name, arguments.size()));

@@ -83,9 +83,8 @@ void ProcedureCompiler::AssignName(const NameExpression& target, const Expressio
         m_write.MayHoldObject(me);
         const std::uint16_t base = m_write.NextRegister();
         ValueInto(value, base);
-        const std::uint16_t site = m_write.SiteOf(target.name, 1);
-        m_code.sites[site].isSelf = true;
-        m_write.Emit(isSet ? Op::SetMember : Op::LetMember, base, me, site);
+        m_write.Emit(isSet ? Op::SetMember : Op::LetMember, base, me,
+                     m_write.SiteOf(target.name, 1, CallSite::Use::Self));
         return;
     }
     if (IsGlobalMember(target.name)) {
@@ -106,11 +105,11 @@ void ProcedureCompiler::AssignName(const NameExpression& target, const Expressio
 }
 
 void ProcedureCompiler::AssignMember(const MemberExpression& target, std::span<Argument> arguments,
-                                     const Expression& value, bool isSet) {
+                                     const Expression& value, bool isSet, CallSite::Use use) {
     const Operand object = ObjectOf(target);
     const std::uint16_t base = NewValueWith(arguments, value);
     m_write.Emit(isSet ? Op::SetMember : Op::LetMember, base, object,
-                 m_write.SiteOf(target.name, arguments.size() + 1));
+                 m_write.SiteOf(target.name, arguments.size() + 1, use));
 }
 
 // The arguments of an assignment and behind them the new value, in registers one behind the other.
@@ -153,8 +152,7 @@ void ProcedureCompiler::AssignElement(const CallExpression& target, const Expres
             member.place = target.place;
             member.object = &me;
             member.name = name;
-            AssignMember(member, target.arguments, value, isSet);
-            m_code.sites.back().isSelf = true;
+            AssignMember(member, target.arguments, value, isSet, CallSite::Use::Self);
             return;
         }
         if (IsGlobalMember(name))

@@ -62,7 +62,7 @@ Machine::Step Machine::DoGetMember(Step at, InvokeKind kind) {
 
 Machine::Step Machine::GetFromInstance(Step at, Instance& instance, CallSite& site, bool wantsResult) {
     const ClassMember& member = MemberOf(instance, site);
-    if (!member.isPublic && !site.isSelf)
+    if (!member.isPublic && site.use != CallSite::Use::Self)
         RaiseNamed(numbers::MemberNotSupported, site.name);
     if (member.field < 0) {
         if (member.get == nullptr)
@@ -130,7 +130,7 @@ Machine::Step Machine::PutToInstance(Step at, Instance& instance, CallSite& site
     const ClassMember& member = MemberOf(instance, site);
     Variant* const base = Base(at->a);
     const std::size_t arguments = site.arguments;
-    if (!(isSet ? member.isPublicSet : member.isPublicLet) && !site.isSelf)
+    if (!(isSet ? member.isPublicSet : member.isPublicLet) && site.use != CallSite::Use::Self)
         RaiseNamed(numbers::MemberNotSupported, site.name);
     if (member.field < 0) {
         const Code* code = isSet ? member.set.get() : member.let.get();

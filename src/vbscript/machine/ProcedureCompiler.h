@@ -98,6 +98,7 @@ class ProcedureCompiler {
     Operand NamedCall(const NameExpression& name, std::span<Argument> arguments, bool isStatement);
     Operand OwnCall(const NameExpression& name, std::span<Argument> arguments, bool isStatement);
     Operand DynamicCall(Operand callee, NameId name, std::span<Argument> arguments, bool isStatement);
+    Operand LoadName(Operand named, NameId name, CallSite::Use use);
     Operand IndexValue(Operand array, std::span<Argument> arguments, std::uint16_t place);
     Operand SpecialCall(BuiltinNames::Special special, std::span<Argument> arguments);
     Operand NewValue(const NewExpression& created);
@@ -117,7 +118,7 @@ class ProcedureCompiler {
     void CompileAssign(const AssignStatement& assign);
     void AssignName(const NameExpression& target, const Expression& value, bool isSet);
     void AssignMember(const MemberExpression& target, std::span<Argument> arguments, const Expression& value,
-                      bool isSet);
+                      bool isSet, CallSite::Use use = CallSite::Use::Plain);
     void AssignElement(const CallExpression& target, const Expression& value, bool isSet);
     Operand ElementPlace(const Expression& target);
     void StoreElement(Operand array, std::span<Argument> subscripts, const Expression& value, bool isSet);

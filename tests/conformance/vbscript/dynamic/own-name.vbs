@@ -49,3 +49,11 @@ Function NoBrackets(n)
     Say Err.Number                          '= 450
 End Function
 NoBrackets 1
+Dim depth
+Function Again
+    depth = depth + 1
+    Again = depth
+    If depth < 3 Then Execute "Again = Again() * 10"
+    Again = Again + Eval("Again + Len(Now()) * 0")
+End Function
+Say Again                                   '= 2400
