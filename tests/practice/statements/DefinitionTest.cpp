@@ -90,7 +90,8 @@ TEST_F(DefinitionTest, WhatIsReferredToCannotGo) {
         {"ALTER TABLE C ADD CONSTRAINT x FOREIGN KEY (p) REFERENCES C(p)",
          "Msg 1776: There are no primary or candidate keys in the referenced table 'C' that match the "
          "referencing "
-         "column list in the foreign key 'x'."},
+         "column list in the foreign key 'x'.\n"
+         "Msg 1750: Could not create constraint or index. See previous errors."},
         {"DROP TABLE C; DROP TABLE P; SELECT COUNT(*) FROM sys.tables", "0"},
     });
 }
