@@ -85,16 +85,30 @@ Datum RunExpression(Engine& engine, const tsql::Expression& expression, const Sq
     return plan->statement.IsNull(0) ? Datum::Null(type) : LoadColumn(plan->statement.Handle(), 0, type);
 }
 
-// What SQLite refuses in spite of our own checks (its limits on the size of statements, a full disk) ends the
-// statement, not the session.
+// What SQLite refuses in spite of our own checks (its limits on the size of statements, a full disk).
+SqlError Refusal(const StoreFailure& failure) {
+    static constexpr std::string_view deep[] = {"parser stack overflow", "Expression tree is too large"};
+    const std::string_view text = failure.what();
+    const auto starts = [&](std::string_view start) { return text.starts_with(start); };
+    if (std::any_of(std::begin(deep), std::end(deep), starts))
+        return SqlError(191);
+    if (starts("at most 64 tables in a join"))
+        return SqlError(106, {"64"});
+    if (starts("too many FROM clause terms"))
+        return SqlError(106, {"200"});
+    if (starts("too many columns in result set"))
+        return SqlError(1056, {"2000"});
+    return SqlError::Custom(notSupportedNumber, 16, 1,
+                            "The practice server could not run the statement: " + std::string(text) + ".");
+}
+
+// Such a refusal ends the statement, not the session.
 template <class Body>
 auto Reported(Body body) -> decltype(body()) {
     try {
         return body();
     } catch (const StoreFailure& failure) {
-        throw SqlError::Custom(notSupportedNumber, 16, 1,
-                               std::string("The practice server could not run the statement: ") +
-                                   failure.what() + ".");
+        throw Refusal(failure);
     }
 }
 

@@ -117,6 +117,8 @@ constexpr MessageRow rows[] = {
      "must be specified in the order CURSOR VARYING OUTPUT."},
     {1052, 15, "Conflicting %1 options \"%2\" and \"%3\"."},
     {1054, 15, "Syntax '%1' is not allowed in schema-bound objects."},
+    {1056, 15,
+     "The number of elements in the select list exceeds the maximum allowed number of %1 elements."},
     {1059, 15, "Cannot set or reset the '%1' option within a procedure or function."},
     {1060, 15,
      "The number of rows provided for a TOP or FETCH clauses row count parameter must be an integer."},

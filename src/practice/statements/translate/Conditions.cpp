@@ -42,8 +42,7 @@ std::string Translator::Condition(const tsql::Expression& expression, const Scop
 }
 
 std::string Translator::LogicalSql(const tsql::Logical& logical, const Scope* scope) {
-    // Chains of one operator lean to the left: joined flat, and in halves so that SQLite's limit on the depth
-    // of an expression is far.
+    // Chains of one operator lean to the left.
     std::vector<const tsql::Expression*> parts;
     const tsql::Expression* rest = &logical;
     while (rest->kind == tsql::ExpressionKind::Logical &&
@@ -55,16 +54,7 @@ std::string Translator::LogicalSql(const tsql::Logical& logical, const Scope* sc
     std::vector<std::string> terms;
     for (auto part = parts.rbegin(); part != parts.rend(); ++part)
         terms.push_back(Condition(**part, scope));
-    const char* word = logical.isAnd ? " AND " : " OR ";
-    while (terms.size() > 1) {
-        std::vector<std::string> halved;
-        for (std::size_t i = 0; i + 1 < terms.size(); i += 2)
-            halved.push_back("(" + terms[i] + word + terms[i + 1] + ")");
-        if (terms.size() % 2 == 1)
-            halved.push_back(terms.back());
-        terms = std::move(halved);
-    }
-    return terms.front();
+    return JoinTerms(terms, logical.isAnd ? " AND " : " OR ");
 }
 
 std::string Translator::ComparisonSql(const tsql::Comparison& comparison, const Scope* scope) {

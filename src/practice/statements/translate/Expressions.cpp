@@ -5,6 +5,8 @@
 #include "practice/values/SqlError.h"
 #include "practice/values/StorageForm.h"
 
+#include <charconv>
+
 namespace quillon::practice {
 
 namespace {
@@ -12,6 +14,14 @@ namespace {
 BinaryOperator OperatorOf(tsql::BinaryOperator op) {
     static_assert(static_cast<int>(tsql::BinaryOperator::BitXor) == static_cast<int>(BinaryOperator::BitXor));
     return static_cast<BinaryOperator>(op);
+}
+
+// 12 of s12; 0 for names that were not given by NextAlias.
+int AliasNumber(const std::string& alias) {
+    int number = 0;
+    if (alias.size() > 1)
+        std::from_chars(alias.data() + 1, alias.data() + alias.size(), number);
+    return number;
 }
 
 } // namespace
@@ -102,6 +112,7 @@ Scalar Translator::ColumnScalar(const ColumnUse& use, const Scope& scope) {
     if (scope.insideAggregate == 0)
         scope.looseColumns.push_back(use);
     const SourceColumn& column = *use.column;
+    m_outermostAlias = std::min(m_outermostAlias, AliasNumber(use.source->alias));
     if (column.outOfReach)
         throw SqlError(311);
     Scalar value;
@@ -162,6 +173,7 @@ Scalar Translator::VariableValue(const std::string& name) {
         const auto argument = m_here.arguments->find(FoldName(name));
         if (argument == m_here.arguments->end())
             throw SqlError(137, {name});
+        m_outermostAlias = 0; // the argument may be made of columns around the call
         return argument->second;
     }
     const Variable* variable = m_engine.context.FindVariable(name);
@@ -217,13 +229,17 @@ Scalar Translator::BinaryValue(const tsql::Binary& binary, const Scope* scope) {
         chain.push_back(&tsql::As<tsql::Binary>(*leftmost));
         leftmost = chain.back()->left.get();
     }
+    std::reverse(chain.begin(), chain.end());
     Scalar value = Value(*leftmost, scope);
-    for (auto link = chain.rbegin(); link != chain.rend(); ++link)
-        value = Operate(OperatorOf((*link)->op), std::move(value), Value(*(*link)->right, scope));
+    constexpr std::size_t shortChain = 6;
+    if (chain.size() > shortChain)
+        return ChainValue(chain, std::move(value), scope);
+    for (const tsql::Binary* link : chain)
+        value = Operate(OperatorOf(link->op), std::move(value), Value(*link->right, scope));
     return value;
 }
 
-Scalar Translator::Operate(BinaryOperator op, Scalar left, Scalar right) {
+Translator::Link Translator::BindOperator(BinaryOperator op, Scalar& left, Scalar& right) {
     if (left.IsBareNull() && right.IsBareNull())
         left.type = right.type = SimpleType(TypeId::Int);
     else if (left.IsBareNull())
@@ -235,42 +251,124 @@ Scalar Translator::Operate(BinaryOperator op, Scalar left, Scalar right) {
         return operand.isLiteral && operand.constant ? ConstantOperandType(*operand.constant, other)
                                                      : operand.type;
     };
-    SqlType result = ResultType(op, operandType(left, right.type), operandType(right, left.type));
-    if (result.IsCharacter()) {
-        result.collation = left.type.IsCharacter() ? left.type.collation : right.type.collation;
-        if (!m_engine.context.Options().concatNullYieldsNull) {
-            left = Call("orempty", {std::move(left)}, left.type, Evaluation::EachRow,
-                        [type = left.type](std::span<const Datum> values) {
-                            return values[0].IsNull() ? Datum::Text(type, "") : values[0];
-                        });
-            right = Call("orempty", {std::move(right)}, right.type, Evaluation::EachRow,
-                         [type = right.type](std::span<const Datum> values) {
-                             return values[0].IsNull() ? Datum::Text(type, "") : values[0];
-                         });
-        }
-    }
-    const CollationLabel label = std::max(left.label, right.label);
+    Link link;
+    link.op = op;
+    link.left = left.type;
+    link.result = ResultType(op, operandType(left, right.type), operandType(right, left.type));
     const bool constants = left.constant && right.constant;
-    // A calculation that leaves its type's range may give NULL, as the session has it.
-    const bool calculates = result.IsNumber() && !constants;
-    const bool nullable = left.nullable || right.nullable || calculates;
-    const bool joinsTexts = op == BinaryOperator::Add && left.type.IsCharacter() && right.type.IsCharacter();
-    if (joinsTexts && !constants && LengthsAdd(left.type, right.type, result)) {
-        Scalar joined;
-        joined.sql = "(" + left.sql + " || " + right.sql + ")";
-        joined.type = result;
-        joined.nullable = nullable;
-        joined.label = label;
-        return joined;
+    if (link.result.IsCharacter()) {
+        link.result.collation = left.type.IsCharacter() ? left.type.collation : right.type.collation;
+        link.emptyLeft = !m_engine.context.Options().concatNullYieldsNull;
+        if (link.emptyLeft)
+            right = OrEmpty(std::move(right));
     }
+    link.label = std::max(left.label, right.label);
+    // A calculation that leaves its type's range may give NULL, as the session has it.
+    const bool calculates = link.result.IsNumber() && !constants;
+    link.nullable = left.nullable || right.nullable || calculates;
+    link.joins = op == BinaryOperator::Add && left.type.IsCharacter() && right.type.IsCharacter() &&
+                 !constants && !link.emptyLeft && LengthsAdd(left.type, right.type, link.result);
+    return link;
+}
+
+Scalar Translator::OrEmpty(Scalar text) {
+    return Call("orempty", {text}, text.type, Evaluation::EachRow,
+                [type = text.type](std::span<const Datum> values) {
+                    return values[0].IsNull() ? Datum::Text(type, "") : values[0];
+                });
+}
+
+Scalar Translator::Operate(BinaryOperator op, Scalar left, Scalar right) {
+    const Link link = BindOperator(op, left, right);
+    if (!link.joins)
+        return CalculateLinks(std::move(left), {&link, 1}, {&right, 1});
+    Scalar joined;
+    joined.sql = JoinTerms({left.sql, right.sql}, " || ");
+    joined.type = link.result;
+    joined.nullable = link.nullable;
+    joined.label = link.label;
+    return joined;
+}
+
+// A long chain takes no nesting for each of its operators: texts that fit are joined side by side, everything
+// else is worked off from the left by calls that take many operands.
+Scalar Translator::ChainValue(const std::vector<const tsql::Binary*>& chain, Scalar first,
+                              const Scope* scope) {
+    std::vector<Link> links;
+    std::vector<Scalar> operands;
+    Scalar left = first; // what the chain is so far
+    for (const tsql::Binary* binary : chain) {
+        const BinaryOperator op = OperatorOf(binary->op);
+        Scalar right = Value(*binary->right, scope);
+        if (links.empty() && left.constant && right.constant) {
+            left = first = Operate(op, std::move(left), std::move(right));
+            continue;
+        }
+        links.push_back(BindOperator(op, left, right));
+        if (links.size() == 1)
+            first = left;
+        operands.push_back(std::move(right));
+        left = Scalar();
+        left.type = links.back().result;
+        left.nullable = links.back().nullable;
+        left.label = links.back().label;
+    }
+    constexpr std::size_t mostOperands = 100; // SQLite takes 127
+    for (std::size_t from = 0; from < links.size();) {
+        std::size_t to = from;
+        std::vector<std::string> texts{first.sql};
+        for (; to < links.size() && links[to].joins; ++to)
+            texts.push_back(operands[to].sql);
+        first.sql = JoinTerms(texts, " || ");
+        if (to == from) {
+            while (to < links.size() && !links[to].joins && to - from < mostOperands)
+                ++to;
+            first.type = links[from].left;
+            first = CalculateLinks(std::move(first), {&links[from], to - from}, {&operands[from], to - from});
+        } else {
+            const std::string joined = std::move(first.sql);
+            first = Scalar();
+            first.sql = joined;
+        }
+        from = to;
+    }
+    first.type = left.type;
+    first.nullable = left.nullable;
+    first.label = left.label;
+    return first;
+}
+
+Scalar Translator::CalculateLinks(Scalar first, std::span<const Link> links,
+                                  std::span<const Scalar> operands) {
+    std::string key = "op";
+    for (const Link& link : links) {
+        key += std::to_string(static_cast<int>(link.op)) + (link.emptyLeft ? "e" : "");
+        if (links.size() > 1)
+            key += TypeKey(link.left) + ">" + TypeKey(link.result) + ";";
+    }
+    std::vector<Scalar> arguments{std::move(first)};
+    arguments.insert(arguments.end(), operands.begin(), operands.end());
+    const bool eachRow =
+        std::any_of(links.begin(), links.end(), [](const Link& link) { return link.emptyLeft; });
     Engine& engine = m_engine;
+    const std::vector<Link> steps(links.begin(), links.end());
     Scalar value =
-        Call("op" + std::to_string(static_cast<int>(op)), {std::move(left), std::move(right)}, result,
-             Evaluation::Pure, [&engine, op, result](std::span<const Datum> values) {
-                 return Evaluate(op, values[0], values[1], result, engine.context.Functions().Options());
+        Call(key, std::move(arguments), steps.back().result, eachRow ? Evaluation::EachRow : Evaluation::Pure,
+             [&engine, steps](std::span<const Datum> values) {
+                 const ConvertOptions options = engine.context.Functions().Options();
+                 Datum result = values[0];
+                 for (std::size_t i = 0; i < steps.size(); ++i) {
+                     const Link& step = steps[i];
+                     if (step.emptyLeft && result.IsNull())
+                         result = Datum::Text(step.left, "");
+                     if (i > 0 && !result.IsNull())
+                         result.SetType(step.left);
+                     result = Evaluate(step.op, result, values[i + 1], step.result, options);
+                 }
+                 return result;
              });
-    value.nullable = nullable;
-    value.label = label;
+    value.nullable = steps.back().nullable;
+    value.label = steps.back().label;
     return value;
 }
 

@@ -23,6 +23,8 @@ void RequireCount(const std::string& name, const tsql::FunctionCall& call, std::
         throw SqlError(174, {name, std::to_string(count)});
 }
 
+constexpr std::size_t mostArguments = 100; // of one call; SQLite takes 127
+
 // As AskCatalogue and the date functions take it: the bare word itself.
 std::optional<std::string> BareWord(const tsql::Expression& expression) {
     if (expression.kind != tsql::ExpressionKind::Column)
@@ -86,10 +88,13 @@ Scalar Translator::Coalesce(const tsql::FunctionCall& call, const Scope* scope) 
     Scalar result = Common(values, "coalesce");
     if (result.IsBareNull())
         throw SqlError(4127);
-    result.sql = "coalesce(";
-    for (std::size_t i = 0; i < values.size(); ++i)
-        result.sql += (i > 0 ? ", " : "") + values[i].sql;
-    result.sql += ")";
+    std::string closing;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const bool opens = i % mostArguments == 0 && i + 1 < values.size();
+        result.sql += (i > 0 ? ", " : "") + std::string(opens ? "coalesce(" : "") + values[i].sql;
+        closing += opens ? ")" : "";
+    }
+    result.sql += closing;
     result.nullable = nullable;
     return result;
 }
@@ -156,15 +161,24 @@ Scalar Translator::BuiltIn(const ScalarFunction& function, const tsql::FunctionC
                            const Scope* scope) {
     RequireArgumentCount(function, static_cast<int>(call.arguments.size()));
     std::vector<Scalar> arguments;
-    std::vector<SqlType> types;
-    bool nullable = !function.neverNull;
     for (const tsql::ExpressionPtr& argument : call.arguments) {
+        // Joining goes on from what was joined before.
+        if (function.name == "CONCAT" && arguments.size() == mostArguments)
+            arguments = {CallBuiltIn(function, std::move(arguments))};
         const auto word = function.takesDatePart && arguments.empty() ? BareWord(*argument) : std::nullopt;
         if (function.takesDatePart && arguments.empty() && !word)
             throw SqlError(1023, {"1", unicode::ToLower(function.name)});
         arguments.push_back(word ? Constant(Datum::VarCharOf(*word)) : Value(*argument, scope));
-        types.push_back(arguments.back().type);
-        nullable = nullable || arguments.back().nullable;
+    }
+    return CallBuiltIn(function, std::move(arguments));
+}
+
+Scalar Translator::CallBuiltIn(const ScalarFunction& function, std::vector<Scalar> arguments) {
+    std::vector<SqlType> types;
+    bool nullable = !function.neverNull;
+    for (const Scalar& argument : arguments) {
+        types.push_back(argument.type);
+        nullable = nullable || argument.nullable;
     }
     SqlType result = function.resultType(types);
     CollationLabel label = CollationLabel::CoercibleDefault;

@@ -17,6 +17,7 @@ bool HasTop(const tsql::QueryBody& body) {
 }
 
 constexpr int deepestNesting = 100;
+constexpr int levelsInPlace = 4;
 
 // Keeps endless nesting of queries from exhausting the stack.
 class Depth {
@@ -57,6 +58,8 @@ QuerySql Translator::Query(const tsql::Query& query, const Scope* outer, const Q
     const Depth depth(m_depth);
     if (!options.top && !query.orderBy.empty() && !query.offset && !query.forXml && !HasTop(*query.body))
         throw SqlError(1033);
+    const int aliases = m_aliases;
+    const int outermost = std::exchange(m_outermostAlias, std::numeric_limits<int>::max());
     const std::size_t commonTables = m_commonTables.size();
     if (!query.with.empty())
         PushCommonTables(query.with);
@@ -64,7 +67,30 @@ QuerySql Translator::Query(const tsql::Query& query, const Scope* outer, const Q
         m_maxRecursion = options.maxRecursion;
     QuerySql result = Body(*query.body, &query, outer, options);
     m_commonTables.resize(commonTables);
-    return query.forXml ? AsFor(query, std::move(result)) : result;
+    if (query.forXml)
+        result = AsFor(query, std::move(result));
+    const bool standsAlone = m_outermostAlias > aliases && m_recursions.empty();
+    if (m_depth == 1)
+        result.sql = WithSql(std::exchange(m_movedOut, {})) + result.sql;
+    else if (m_depth % levelsInPlace == 0 && standsAlone)
+        MoveOut(result);
+    m_outermostAlias = std::min(m_outermostAlias, outermost);
+    return result;
+}
+
+// Names a query that uses nothing of what is around it in the WITH of the outermost one; where it stands it
+// is only named.
+void Translator::MoveOut(QuerySql& query) {
+    const std::string name = NextAlias();
+    m_movedOut.push_back(name + " AS NOT MATERIALIZED (" + query.sql + ")");
+    query.sql = "SELECT * FROM " + name;
+}
+
+std::string Translator::WithSql(const std::vector<std::string>& movedOut) {
+    std::string with;
+    for (const std::string& query : movedOut)
+        with += (with.empty() ? "WITH " : ", ") + query;
+    return with.empty() ? with : with + " ";
 }
 
 QuerySql Translator::Body(const tsql::QueryBody& body, const tsql::Query* whole, const Scope* outer,
@@ -289,7 +315,12 @@ QuerySql Translator::Select(const tsql::SelectBody& body, const tsql::Query* who
     Scope scope;
     scope.outer = outer;
     SelectParts parts = Parts(body, scope);
-    const std::vector<Item> items = Items(body.items, scope);
+    std::vector<Item> items = Items(body.items, scope);
+    // HAVING makes all rows one group, which SQLite believes of a list with an aggregate only.
+    if (body.having && body.groupBy.empty() && !scope.sawAggregate) {
+        scope.sawAggregate = true;
+        items[0].value.sql = "CASE WHEN count(*) >= 0 THEN " + items[0].value.sql + " END";
+    }
     CheckGrouping(scope, 8120);
     scope.looseColumns.clear();
     if (body.having) {
@@ -418,17 +449,14 @@ QuerySql Translator::Converted(QuerySql query, const std::vector<OutputColumn>& 
     return query;
 }
 
-QuerySql Translator::SetOperation(const tsql::SetOperation& operation, const tsql::Query* whole,
-                                  const Scope* outer, const QueryOptions& options) {
-    QuerySql left = Body(*operation.left, nullptr, outer, {});
-    QuerySql right = Body(*operation.right, nullptr, outer, {});
-    if (left.columns.size() != right.columns.size())
+std::vector<OutputColumn> Translator::CommonColumns(const std::vector<OutputColumn>& left,
+                                                    const std::vector<OutputColumn>& right) {
+    if (left.size() != right.size())
         throw SqlError(205);
-    QuerySql set;
-    for (std::size_t i = 0; i < left.columns.size(); ++i) {
+    std::vector<OutputColumn> columns;
+    for (std::size_t i = 0; i < left.size(); ++i) {
         std::vector<Scalar> both(2);
-        for (const auto& [scalar, column] :
-             {std::pair{&both[0], &left.columns[i]}, {&both[1], &right.columns[i]}}) {
+        for (const auto& [scalar, column] : {std::pair{&both[0], &left[i]}, {&both[1], &right[i]}}) {
             scalar->sql = "x";
             scalar->type = column->isBareNull ? SqlType() : column->type;
             scalar->nullable = column->nullable;
@@ -436,16 +464,63 @@ QuerySql Translator::SetOperation(const tsql::SetOperation& operation, const tsq
         }
         const Scalar common = Common(both, "UNION");
         OutputColumn output;
-        output.name = left.columns[i].name;
+        output.name = left[i].name;
         output.isBareNull = common.IsBareNull();
         output.type = output.isBareNull ? SimpleType(TypeId::Int) : common.type;
         output.nullable = common.nullable;
         output.label = common.label;
-        set.columns.push_back(output);
+        columns.push_back(output);
     }
+    return columns;
+}
+
+std::string Translator::CompoundSql(Branches& compound) {
+    std::string sql;
+    for (std::size_t i = 0; i < compound.branches.size(); ++i)
+        sql += compound.words[i] + Converted(std::move(compound.branches[i]), compound.columns).sql;
+    return sql;
+}
+
+void Translator::AddBranch(Branches& compound, tsql::SetOperator op, QuerySql branch) {
     static constexpr const char* words[] = {" UNION ", " UNION ALL ", " EXCEPT ", " INTERSECT "};
-    set.sql = Converted(std::move(left), set.columns).sql + words[static_cast<std::size_t>(operation.op)] +
-              Converted(std::move(right), set.columns).sql;
+    constexpr std::size_t mostBranches = 400; // SQLite takes 500
+    std::vector<OutputColumn> columns = CommonColumns(compound.columns, branch.columns);
+    const bool changes =
+        !std::equal(columns.begin(), columns.end(), compound.columns.begin(),
+                    [](const OutputColumn& to, const OutputColumn& from) { return to.type == from.type; });
+    // Rows that were compared as they are must not be compared again as something else.
+    if ((compound.compares && changes) || compound.branches.size() == mostBranches) {
+        QuerySql rows;
+        rows.sql = CompoundSql(compound);
+        rows.columns = compound.columns;
+        compound.branches.clear();
+        compound.branches.push_back(std::move(rows));
+        compound.words.resize(1);
+        compound.compares = false;
+    }
+    compound.words.push_back(words[static_cast<std::size_t>(op)]);
+    compound.branches.push_back(std::move(branch));
+    compound.columns = std::move(columns);
+    compound.compares = compound.compares || op != tsql::SetOperator::UnionAll;
+}
+
+QuerySql Translator::SetOperation(const tsql::SetOperation& operation, const tsql::Query* whole,
+                                  const Scope* outer, const QueryOptions& options) {
+    std::vector<const tsql::SetOperation*> chain; // it leans to the left, as SQLite's does
+    const tsql::QueryBody* leftmost = &operation;
+    while (leftmost->kind == tsql::QueryBodyKind::SetOperation) {
+        chain.push_back(&tsql::As<tsql::SetOperation>(*leftmost));
+        leftmost = chain.back()->left.get();
+    }
+    Branches compound;
+    compound.words.emplace_back();
+    compound.branches.push_back(Body(*leftmost, nullptr, outer, {}));
+    compound.columns = compound.branches.front().columns;
+    for (auto link = chain.rbegin(); link != chain.rend(); ++link)
+        AddBranch(compound, (*link)->op, Body(*(*link)->right, nullptr, outer, {}));
+    QuerySql set;
+    set.sql = CompoundSql(compound);
+    set.columns = std::move(compound.columns);
     const bool sorts = whole != nullptr && (!whole->orderBy.empty() || whole->offset);
     const std::string limit = LimitSql(whole, nullptr, outer, options);
     if (!sorts && limit.empty())

@@ -140,7 +140,11 @@ QuerySql Translator::InlineFunction(const Module& function, const tsql::Expressi
     inside.arguments = &values;
     inside.isModule = true;
     const SurroundingsGuard guard(m_here, inside, m_commonTables, m_recursions);
-    return Query(*create.inlineQuery, nullptr);
+    // What its arguments use of the query around was seen when they were bound.
+    const int outermost = m_outermostAlias;
+    QuerySql query = Query(*create.inlineQuery, nullptr);
+    m_outermostAlias = outermost;
+    return query;
 }
 
 // The right side of APPLY may use columns of the left: it becomes a lateral table that gets them as
@@ -159,6 +163,7 @@ std::string Translator::Apply(const tsql::Join& join, Scope& scope) {
         watched.push_back(s);
     }
     std::string from;
+    std::vector<std::string> movedOut = std::exchange(m_movedOut, {});
     try {
         from = FromOne(*join.right, right);
     } catch (...) {
@@ -166,9 +171,11 @@ std::string Translator::Apply(const tsql::Join& join, Scope& scope) {
             s->captures.pop_back();
         throw;
     }
+    movedOut.swap(m_movedOut);
     for (const Scope* s : watched)
         s->captures.pop_back();
     if (capture.sql.empty()) {
+        m_movedOut.insert(m_movedOut.end(), movedOut.begin(), movedOut.end());
         for (std::unique_ptr<Source>& source : right.sources)
             AddApplied(std::move(source), outer, scope);
         return text + (outer ? " LEFT JOIN " + from + " ON 1" : " JOIN " + from);
@@ -178,7 +185,7 @@ std::string Translator::Apply(const tsql::Join& join, Scope& scope) {
     if (needs.values.size() >= beyondVariables)
         throw SqlError::NotSupported("APPLY beside so many variables");
     std::unique_ptr<Source> source = std::move(right.sources.front());
-    const std::string lateral = Lateral(*source, from, capture);
+    const std::string lateral = Lateral(*source, from, WithSql(movedOut), capture);
     const std::string alias = source->alias;
     AddApplied(std::move(source), outer, scope);
     return text + (outer ? " LEFT JOIN " : " JOIN ") + lateral + " AS " + alias + (outer ? " ON 1" : "");
@@ -191,8 +198,10 @@ void Translator::AddApplied(std::unique_ptr<Source> source, bool nullable, Scope
     scope.sources.push_back(std::move(source));
 }
 
-// `v3(s1.c2, ?1)`: the query over `from` as a lateral table. The source's columns become its o1, o2 ...
-std::string Translator::Lateral(Source& source, const std::string& from, const Capture& capture) {
+// `v3(s1.c2, ?1)`: the query over `from`, after `with`, as a lateral table. The source's columns become its
+// o1, o2 ...
+std::string Translator::Lateral(Source& source, const std::string& from, const std::string& with,
+                                const Capture& capture) {
     std::string list;
     Scope reading;
     int ordinal = 0;
@@ -207,7 +216,7 @@ std::string Translator::Lateral(Source& source, const std::string& from, const C
         column.sql = source.alias + ".o" + std::to_string(++ordinal);
     source.table = nullptr;
     source.hasRowId = false;
-    const std::string sql = "SELECT " + list + " FROM " + from;
+    const std::string sql = with + "SELECT " + list + " FROM " + from;
     std::vector<int> places;
     std::vector<std::string> arguments;
     for (std::size_t i = 0; i < capture.sql.size(); ++i) {

@@ -11,6 +11,7 @@
 #include "practice/statements/translate/Scope.h"
 #include "practice/values/Operators.h"
 
+#include <limits>
 #include <set>
 
 namespace quillon::practice::tsql {
@@ -156,6 +157,19 @@ class Translator {
     static bool HasGroupingSets(const tsql::SelectBody& body);
     QuerySql GroupedSets(const tsql::SelectBody& body, const tsql::Query* whole, const Scope* outer,
                          const QueryOptions& options);
+    // Branches of set operations that are written one after the other, each converted to the columns.
+    struct Branches {
+        std::vector<std::string> words; // before each branch; the first has none
+        std::vector<QuerySql> branches;
+        std::vector<OutputColumn> columns;
+        bool compares = false; // one of the words is not UNION ALL
+    };
+    std::string CompoundSql(Branches& compound);
+    void AddBranch(Branches& compound, tsql::SetOperator op, QuerySql branch);
+    std::vector<OutputColumn> CommonColumns(const std::vector<OutputColumn>& left,
+                                            const std::vector<OutputColumn>& right);
+    void MoveOut(QuerySql& query);
+    static std::string WithSql(const std::vector<std::string>& movedOut);
     std::string GroupBySql(const tsql::SelectBody& body, Scope& scope);
     struct Order {
         std::vector<std::string> terms;
@@ -196,7 +210,8 @@ class Translator {
     std::string JoinSource(const tsql::Join& join, Scope& scope);
     std::string Apply(const tsql::Join& join, Scope& scope);
     static void AddApplied(std::unique_ptr<Source> source, bool nullable, Scope& scope);
-    std::string Lateral(Source& source, const std::string& from, const Capture& capture);
+    std::string Lateral(Source& source, const std::string& from, const std::string& with,
+                        const Capture& capture);
     QuerySql TableFunction(const std::shared_ptr<const Module>& function,
                            const tsql::ExpressionList& arguments, const Scope* outer);
     std::string CommonSource(const tsql::CommonTable& table, const tsql::NamedTable& source, Scope& scope);
@@ -224,7 +239,21 @@ class Translator {
     Scalar PseudoValue(const tsql::PseudoColumn& pseudo, const Scope* scope);
     Scalar UnaryValue(const tsql::Unary& unary, const Scope* scope);
     Scalar BinaryValue(const tsql::Binary& binary, const Scope* scope);
+    // One operator of a chain, bound: what it makes of what stands left of it and the operand to its right.
+    struct Link {
+        BinaryOperator op = BinaryOperator::Add;
+        SqlType left;
+        SqlType result;
+        bool nullable = true;
+        CollationLabel label = CollationLabel::CoercibleDefault;
+        bool emptyLeft = false; // NULL on the left counts as an empty text
+        bool joins = false;     // two texts that fit their type together
+    };
+    Scalar OrEmpty(Scalar text);
+    Link BindOperator(BinaryOperator op, Scalar& left, Scalar& right);
     Scalar Operate(BinaryOperator op, Scalar left, Scalar right);
+    Scalar ChainValue(const std::vector<const tsql::Binary*>& chain, Scalar first, const Scope* scope);
+    Scalar CalculateLinks(Scalar first, std::span<const Link> links, std::span<const Scalar> operands);
     static bool LengthsAdd(const SqlType& left, const SqlType& right, const SqlType& result);
     Scalar CastValue(const tsql::Cast& cast, const Scope* scope);
     Scalar CaseValue(const tsql::Case& value, const Scope* scope);
@@ -242,6 +271,7 @@ class Translator {
     Scalar Iif(const tsql::FunctionCall& call, const Scope* scope);
     Scalar Choose(const tsql::FunctionCall& call, const Scope* scope);
     Scalar BuiltIn(const ScalarFunction& function, const tsql::FunctionCall& call, const Scope* scope);
+    Scalar CallBuiltIn(const ScalarFunction& function, std::vector<Scalar> arguments);
     Scalar TriggerFunction(const tsql::FunctionCall& call, const std::string& name);
     Scalar UserFunction(const Module& function, const tsql::FunctionCall& call, const Scope* scope);
     Scalar AggregateValue(const tsql::FunctionCall& call, const std::string& name, const Scope* scope);
@@ -284,6 +314,9 @@ class Translator {
     bool m_usedLive = false;
     std::vector<ObjectId> m_expanding;  // views, against endless ones
     std::optional<ReadLock> m_readLock; // of the hints around the table that is read
+    // Queries that stand in the WITH of the outermost one, since SQLite's parser bears few levels.
+    std::vector<std::string> m_movedOut;
+    int m_outermostAlias = std::numeric_limits<int>::max(); // that columns were named of
 };
 
 // `text COLLATE CI_AS` where a text of that type must sort or compare by it; the text alone otherwise.
@@ -291,5 +324,8 @@ std::string Collated(const std::string& sql, const SqlType& type);
 // Whether a value of the one type is stored exactly as the same value of the other, and always fits.
 bool SameStorage(const SqlType& from, const SqlType& to);
 std::string UpperCase(std::string_view text);
+// The terms with the word between them; many of them in groups, so that neither the nesting of brackets nor
+// the depth of SQLite's tree grows with their number. Any grouping must mean the same.
+std::string JoinTerms(const std::vector<std::string>& terms, std::string_view word);
 
 } // namespace quillon::practice

@@ -19,6 +19,22 @@ std::string Collated(const std::string& sql, const SqlType& type) {
     return collation.empty() ? sql : sql + " COLLATE " + collation;
 }
 
+std::string JoinTerms(const std::vector<std::string>& terms, std::string_view word) {
+    constexpr std::size_t most = 64;
+    const auto joined = [&](std::size_t from, std::size_t to) {
+        std::string sql;
+        for (std::size_t i = from; i < to; ++i)
+            (sql += i == from ? std::string_view() : word) += terms[i];
+        return terms.size() == 1 ? sql : "(" + sql + ")";
+    };
+    if (terms.size() <= most)
+        return joined(0, terms.size());
+    std::vector<std::string> groups;
+    for (std::size_t from = 0; from < terms.size(); from += most)
+        groups.push_back(joined(from, std::min(from + most, terms.size())));
+    return JoinTerms(groups, word);
+}
+
 namespace {
 
 bool LengthFits(const SqlType& from, const SqlType& to) {
@@ -129,6 +145,9 @@ Scalar Translator::Fold(Scalar call, const std::vector<Scalar>& arguments,
 
 Scalar Translator::Call(const std::string& key, std::vector<Scalar> arguments, const SqlType& result,
                         Evaluation evaluation, std::function<Datum(std::span<const Datum>)> evaluate) {
+    constexpr std::size_t mostArguments = 127; // that SQLite takes
+    if (arguments.size() > mostArguments)
+        throw SqlError::NotSupported("call with more than 127 arguments");
     std::string whole = key + "=" + TypeKey(result);
     for (const Scalar& argument : arguments)
         whole += "," + TypeKey(argument.type);
