@@ -1,10 +1,11 @@
+// Rows of the client's own on their way into a table: of a bulk load, of a table-valued parameter.
 #pragma once
 
 #include "practice/session/SessionState.h"
 
 namespace quillon::practice {
 
-/// The rows that INSERT BULK loads, for as long as it lives.
+/// The rows are what an INSERT BULK of the session reads, for as long as this lives.
 class BulkScope {
   public:
     BulkScope(SessionState& session, const RowReader& rows)
