@@ -1,5 +1,6 @@
 // SERVERPROPERTY, DATABASEPROPERTYEX, and what the session's user may do.
 #include "practice/catalogue/MetadataParts.h"
+#include "practice/storage/Permissions.h"
 #include "practice/values/SqlError.h"
 
 #include <atomic>
@@ -136,34 +137,54 @@ Datum CollationPropertyOf(const Question& q) {
     return property == "NAME" ? Datum::Text(SysName(), collation->name) : Datum();
 }
 
-Datum HasAccessOf(const Question& q) {
-    return DatabaseByName(q) == nullptr ? Datum() : Flag(true);
+std::optional<PrincipalId> UserIn(const Question& q, const Database& database) {
+    return database.id == q.here.database ? q.here.user
+                                          : UserOf(database, q.here.login, q.here.administrator);
 }
 
-// What is not there is nobody's to touch; on all else the server enforces permissions by login alone.
+Datum HasAccessOf(const Question& q) {
+    const Database* database = DatabaseByName(q);
+    return database == nullptr ? Datum() : Flag(UserIn(q, *database).has_value());
+}
+
+bool HasObjectRight(const Question& q, const std::string& right, ObjectId id) {
+    const auto object = q.here.store.View()->FindObject(id);
+    if (!object)
+        return true; // one's own temporary table
+    const Database* database = q.here.store.View()->FindDatabase(object->database);
+    const auto user = UserIn(q, *database);
+    return user && Rights(*database, *user).OnObject(right, *object);
+}
+
+// NULL where there is no such thing, or no such right on it.
 Datum HasPermissionOf(const Question& q) {
     if (q.IsNull(2))
         return {};
-    if (q.IsNull(0) || q.IsNull(1))
-        return Flag(q.here.administrator || q.here.user == dboPrincipal);
-    const std::string kind = UpperName(q.Text(1));
-    const bool exists = kind == "OBJECT"     ? q.ObjectByName(q.Text(0)) != 0
-                        : kind == "DATABASE" ? q.here.store.View()->FindDatabase(q.Text(0)) != nullptr
-                        : kind == "SCHEMA"   ? q.Current().FindSchema(q.Text(0)) != nullptr
-                                             : true;
-    return exists ? Flag(q.here.administrator || q.here.user == dboPrincipal) : Datum();
-}
-
-bool IsMember(const Database& database, PrincipalId member, const Principal& role) {
-    if (role.id == publicPrincipal || member == role.id)
-        return true;
-    const auto found = database.principals.find(member);
-    if (found == database.principals.end())
-        return false;
-    for (const PrincipalId direct : found->second.memberOf)
-        if (IsMember(database, direct, role))
-            return true;
-    return false;
+    const std::string right = UpperName(q.Text(2));
+    const std::string kind = q.IsNull(1) ? "SERVER" : UpperName(q.Text(1));
+    const bool visible = right == "VIEW DEFINITION" || right == "ANY";
+    const Rights rights(q.Current(), q.here.user);
+    if (kind == "DATABASE") {
+        const Database* database =
+            q.IsNull(0) ? &q.Current() : q.here.store.View()->FindDatabase(q.Text(0));
+        if (database == nullptr || !(visible || IsEnforcedRight(right, databaseClass)))
+            return {};
+        const auto user = UserIn(q, *database);
+        return Flag(user && (visible || right == "CONNECT" || Rights(*database, *user).OnDatabase(right)));
+    }
+    if (kind == "SCHEMA") {
+        const Schema* schema = q.IsNull(0) ? nullptr : q.Current().FindSchema(q.Text(0));
+        if (schema == nullptr || !(visible || IsEnforcedRight(right, schemaClass)))
+            return {};
+        return Flag(visible || rights.OnSchema(right, schema->id));
+    }
+    if (kind == "OBJECT") {
+        const ObjectId object = q.IsNull(0) ? 0 : q.ObjectByName(q.Text(0));
+        if (object == 0 || !(visible || IsEnforcedRight(right, objectClass)))
+            return {};
+        return Flag(visible || HasObjectRight(q, right, object));
+    }
+    return Flag(q.here.administrator);
 }
 
 Datum IsRoleMemberOf(const Question& q) {
@@ -181,7 +202,7 @@ Datum IsRoleMemberOf(const Question& q) {
         member = other->id;
     }
     const bool ownsAll = member == dboPrincipal && SameName(role->name, "db_owner");
-    return Flag(ownsAll || IsMember(database, member, *role));
+    return Flag(ownsAll || Rights(database, member).IsMember(role->id));
 }
 
 Datum IsServerRoleMemberOf(const Question& q) {

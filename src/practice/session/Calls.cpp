@@ -3,6 +3,7 @@
 #include "practice/catalogue/SystemProcedures.h"
 #include "practice/session/Ends.h"
 #include "practice/session/FlowRunner.h"
+#include "practice/session/Permitting.h"
 #include "practice/session/SessionState.h"
 #include "practice/session/Transactions.h"
 #include "practice/session/Variables.h"
@@ -38,6 +39,8 @@ int CallNative(SessionState& session, const Native& procedure, const std::vector
     NativeCall host(session);
     if (!procedure.writes)
         return procedure.run(host, values);
+    if (procedure.name != "q_raise" && procedure.name != "q_refuse")
+        RequireOwner(session);
     const StoreSession::StatementMark mark = session.store.BeginStatement(StoreSession::Writes::Data);
     try {
         const int status = procedure.run(host, values);
@@ -192,6 +195,7 @@ int CallProcedure(SessionState& session, const tsql::Name& name, std::vector<Cal
     const auto module = std::dynamic_pointer_cast<const Module>(session.Statements().FindObject(name));
     if (!module || module->kind != ObjectKind::Procedure)
         throw SqlError(2812, {name.Text()}, 62);
+    RequireRight(session, "EXECUTE", *module);
     frame->module = module;
     frame->name = module->name;
     frame->tree = session.Statements().ModuleTree(*module);

@@ -1,5 +1,6 @@
 #include "practice/session/FlowRunner.h"
 
+#include "practice/session/Permitting.h"
 #include "practice/session/RunStatement.h"
 #include "practice/session/SessionFunctions.h"
 #include "practice/session/SessionState.h"
@@ -86,6 +87,7 @@ std::size_t FlowRunner::RunStep(const FlowStep& step, std::size_t index) {
     }
     if (looksOnly)
         return index + 1;
+    RequireRights(m_session, *step.condition);
     const bool holds = m_session.Statements().IsTrue(*step.condition);
     m_session.error = 0;
     m_session.rowCount = 0;

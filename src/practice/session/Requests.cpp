@@ -2,6 +2,7 @@
 
 #include "practice/session/BulkScope.h"
 #include "practice/session/FlowRunner.h"
+#include "practice/session/Permitting.h"
 #include "practice/session/SessionFunctions.h"
 #include "practice/session/SetOptions.h"
 #include "practice/session/Transactions.h"
@@ -101,6 +102,9 @@ void SessionOfRequests::LogIn(ResultSink& sink) {
         m_state.facts.database.empty() ? account->defaultDatabase : m_state.facts.database;
     const Database* database = m_state.store.View()->FindDatabase(wanted);
     if (database == nullptr)
+        throw Refused(4060, wanted);
+    m_state.facts.login = account->name; // as it is written there
+    if (!UserIn(m_state, *database))
         throw Refused(4060, wanted);
     SetLoginDefaults(m_state, m_state.facts.odbcDefaults);
     UseDatabase(*database, 2);

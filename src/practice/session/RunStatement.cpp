@@ -5,6 +5,7 @@
 #include "practice/session/DefineModule.h"
 #include "practice/session/Impersonating.h"
 #include "practice/session/Messages.h"
+#include "practice/session/Permitting.h"
 #include "practice/session/Services.h"
 #include "practice/session/SessionState.h"
 #include "practice/session/SetOptions.h"
@@ -176,6 +177,7 @@ bool SetsRowCount(tsql::StatementKind kind) {
 void RunStatement(SessionState& session, const tsql::Statement& statement) {
     if (session.noExecute && statement.kind != tsql::StatementKind::SetOption)
         return;
+    RequireRights(session, statement);
     if (session.formatOnly && !RunsInFormatOnly(statement.kind))
         return TellFormat(session, statement);
     if (Executor::Handles(statement.kind)) {

@@ -67,6 +67,9 @@ std::string SessionState::LoginName() const {
 }
 
 bool SessionState::IsAdministrator() const {
+    // Who acts as a user of a database is nothing beyond it.
+    if (!impersonations.empty() && !impersonations.back().user.empty())
+        return false;
     const auto account = server.accounts.Find(LoginName());
     return account && account->administrator;
 }

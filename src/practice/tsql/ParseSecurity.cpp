@@ -33,12 +33,26 @@ OptionSetting ParseLoginOption(ParseState& state) {
     return option;
 }
 
+/// Whether a right begins like that; which of them there are is for the binder to say.
+bool BeginsRight(std::string_view word) {
+    constexpr std::string_view words[] = {
+        "ADMINISTER", "ALL",     "ALTER",   "AUTHENTICATE", "BACKUP",  "CHECKPOINT", "CONNECT", "CONTROL",
+        "CREATE",     "DELETE",  "EXEC",    "EXECUTE",      "EXTERNAL", "IMPERSONATE", "INSERT", "RECEIVE",
+        "REFERENCES", "SELECT",  "SEND",    "SHOWPLAN",     "SHUTDOWN", "SUBSCRIBE", "TAKE",    "UNMASK",
+        "UNSAFE",     "UPDATE",  "VIEW"};
+    return std::find(std::begin(words), std::end(words), word) != std::end(words);
+}
+
 /// The right's words, as in VIEW DEFINITION or ALTER ANY LOGIN.
 std::string ParseRight(ParseState& state) {
+    if (!BeginsRight(UpperWord(state.Value(state.Peek()))))
+        state.FailHere();
     std::string words = TakeWord(state);
     while (state.Is(TokenKind::Identifier) && !state.Is(Keyword::On) && !state.Is(Keyword::To) &&
            !state.Is(Keyword::From))
         words += " " + TakeWord(state);
+    if (words == "ALL PRIVILEGES")
+        return "ALL";
     return words;
 }
 
@@ -76,8 +90,8 @@ void ParsePermissionTail(ParseState& state, PermissionStatement& statement) {
         statement.grantOption = true;
     }
     statement.cascade = state.Accept(Keyword::Cascade);
-    if (state.Accept(Keyword::As))
-        ParseIdentifier(state);
+    if (state.Is(Keyword::As))
+        state.Refuse("permissions AS another grantor", state.At());
 }
 
 void ParseWithoutOrForLogin(ParseState& state, CreateUserStatement& statement) {

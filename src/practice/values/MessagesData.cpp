@@ -389,6 +389,9 @@ constexpr MessageRow rows[] = {
     {4511, 16, "Create View or Function failed because no column name was specified for column %1."},
     {4604, 16, "There is no such user or group '%1' or you do not have permission."},
     {4606, 16, "Granted or revoked privilege %1 is not compatible with object."},
+    {4624, 16,
+     "Cannot grant, deny, or revoke permissions to sa, dbo, entity owner, information_schema, sys, or "
+     "yourself."},
     {4701, 16, "Cannot find the object \"%1\" because it does not exist or you do not have permissions."},
     {4708, 16, "Could not truncate object '%1' because it is not a table."},
     {4709, 16, "You are not allowed to truncate the system table '%1'."},

@@ -226,6 +226,9 @@ constexpr MessageRow rows[] = {
     {15399, 11,
      "Could not change startup option because this option is restricted to objects that have no parameters."},
     {15405, 16, "Cannot use the special principal '%1'."},
+    {15406, 16,
+     "Cannot execute as the server principal because the principal \"%1\" does not exist, this type of "
+     "principal cannot be impersonated, or you do not have permission."},
     {15410, 11, "User or role '%1' does not exist in this database."},
     {15434, 16, "Could not drop login '%1' as the user is currently logged in."},
     {15457, 10, "Configuration option '%1' changed from %2 to %3. Run the RECONFIGURE statement to install."},

@@ -1,13 +1,19 @@
-// Users, roles and rights. Rights are kept and shown, as the catalogue's views tell them; whoever is logged
-// in may do what the login's own standing allows.
+// Users, roles and rights. What is granted and denied here is kept and shown by the catalogue's views, and
+// enforced as Permissions.h says; a right that nothing enforces is refused.
 #include "practice/statements/define/Definition.h"
 #include "practice/statements/define/Tables.h"
+#include "practice/storage/Permissions.h"
 #include "practice/storage/SystemDatabases.h"
 #include "practice/values/SqlError.h"
 
 namespace quillon::practice {
 
 namespace {
+
+bool IsRelation(const SchemaObject& object) {
+    return object.kind == ObjectKind::Table || object.kind == ObjectKind::View ||
+           object.kind == ObjectKind::InlineFunction || object.kind == ObjectKind::TableFunction;
+}
 
 class Principals {
   public:
@@ -62,6 +68,8 @@ class Principals {
     void CreateRole(const tsql::CreateRoleStatement& statement) {
         if (statement.server)
             throw SqlError::NotSupported("CREATE SERVER ROLE");
+        if (!statement.owner.empty() && !SameName(statement.owner, "dbo"))
+            throw SqlError::NotSupported("CREATE ROLE with an owner other than dbo");
         Principal role;
         role.name = statement.name;
         role.kind = PrincipalKind::Role;
@@ -102,18 +110,28 @@ class Principals {
 
   private:
     Permission Securable(const tsql::PermissionStatement& statement) const;
+    std::vector<std::string> RightsOf(const tsql::PermissionStatement& statement,
+                                      const Permission& securable) const;
+    void CheckRight(const tsql::PermissionStatement& statement, const Permission& securable,
+                    const std::string& right) const;
+    static void Put(Database& database, const Permission& permission, bool revokes, bool grantOptionOnly);
 
     Engine& m_engine;
     DatabaseId m_id;
 };
 
 Permission Principals::Securable(const tsql::PermissionStatement& statement) const {
-    constexpr int objectClass = 1;
-    constexpr int schemaClass = 3;
     Permission permission;
-    if (statement.securable.Empty() || statement.securableClass == "DATABASE" ||
-        statement.securableClass == "SERVER")
+    const std::string& kind = statement.securableClass;
+    if (!kind.empty() && kind != "OBJECT" && kind != "SCHEMA" && kind != "DATABASE")
+        throw SqlError::NotSupported("permissions on " + kind);
+    if (statement.securable.Empty())
         return permission;
+    if (kind == "DATABASE") {
+        if (!SameName(statement.securable.Last(), Now().name))
+            throw SqlError(15151, {"find", "database", statement.securable.Last()});
+        return permission;
+    }
     if (statement.securableClass == "SCHEMA") {
         const Schema* schema = Now().FindSchema(statement.securable.Last());
         if (schema == nullptr)
@@ -130,24 +148,81 @@ Permission Principals::Securable(const tsql::PermissionStatement& statement) con
     return permission;
 }
 
+// ALL is what it was in the days of the standard: not all that there is.
+std::vector<std::string> Principals::RightsOf(const tsql::PermissionStatement& statement,
+                                              const Permission& securable) const {
+    std::vector<std::string> rights;
+    for (const std::string& written : statement.permissions) {
+        if (written != "ALL") {
+            rights.push_back(written == "EXEC"          ? "EXECUTE"
+                             : written == "CREATE PROC" ? "CREATE PROCEDURE"
+                                                        : written);
+            continue;
+        }
+        const bool isRoutine = securable.securableClass == objectClass &&
+                               !IsRelation(*m_engine.store.View()->FindObject(securable.major));
+        if (securable.securableClass == databaseClass)
+            rights = {"CREATE DEFAULT", "CREATE FUNCTION", "CREATE PROCEDURE",
+                      "CREATE RULE",    "CREATE TABLE",    "CREATE VIEW"};
+        else if (isRoutine)
+            rights = {"EXECUTE"};
+        else
+            rights = {"SELECT", "INSERT", "UPDATE", "DELETE", "REFERENCES"};
+    }
+    return rights;
+}
+
+void Principals::CheckRight(const tsql::PermissionStatement& statement, const Permission& securable,
+                            const std::string& right) const {
+    if (statement.verb == tsql::PermissionVerb::Revoke)
+        return; // nothing that is not there can be taken
+    // Definitions are open to everybody who may enter.
+    if (right == "VIEW DEFINITION" && statement.verb == tsql::PermissionVerb::Grant)
+        return;
+    if (!IsEnforcedRight(right, securable.securableClass))
+        throw SqlError::NotSupported((statement.verb == tsql::PermissionVerb::Deny ? "DENY " : "GRANT ") +
+                                     right);
+    if (securable.securableClass != objectClass)
+        return;
+    const bool isRelation = IsRelation(*m_engine.store.View()->FindObject(securable.major));
+    const bool isRelational = right == "SELECT" || right == "INSERT" || right == "UPDATE" ||
+                              right == "DELETE" || right == "REFERENCES";
+    if ((isRelational && !isRelation) || (right == "EXECUTE" && isRelation))
+        throw SqlError(4606, {right});
+}
+
 void Principals::Permit(const tsql::PermissionStatement& statement) {
+    if (!statement.columns.empty())
+        throw SqlError::NotSupported("permissions on columns");
     Permission permission = Securable(statement);
     const bool revokes = statement.verb == tsql::PermissionVerb::Revoke;
     permission.state = statement.verb == tsql::PermissionVerb::Deny ? 'D' : statement.grantOption ? 'W' : 'G';
     for (const std::string& name : statement.principals) {
         permission.grantee = Require(name, "find", "user").id;
-        for (const std::string& right : statement.permissions) {
+        if (permission.grantee == dboPrincipal)
+            throw SqlError(4624);
+        for (const std::string& right : RightsOf(statement, permission)) {
+            CheckRight(statement, permission, right);
             permission.permission = right;
-            Change([&](Database& database) {
-                std::erase_if(database.permissions, [&](const Permission& one) {
-                    return one.securableClass == permission.securableClass && one.major == permission.major &&
-                           one.grantee == permission.grantee && one.permission == right;
-                });
-                if (!revokes)
-                    database.permissions.push_back(permission);
-            });
+            Change([&](Database& database) { Put(database, permission, revokes, statement.grantOption); });
         }
     }
+}
+
+void Principals::Put(Database& database, const Permission& permission, bool revokes, bool grantOptionOnly) {
+    const auto same = [&](const Permission& one) {
+        return one.securableClass == permission.securableClass && one.major == permission.major &&
+               one.grantee == permission.grantee && one.permission == permission.permission;
+    };
+    if (revokes && grantOptionOnly) {
+        for (Permission& one : database.permissions)
+            if (same(one) && one.state == 'W')
+                one.state = 'G';
+        return;
+    }
+    std::erase_if(database.permissions, same);
+    if (!revokes)
+        database.permissions.push_back(permission);
 }
 
 void Principals::Authorize(const tsql::AlterAuthorizationStatement& statement) {
