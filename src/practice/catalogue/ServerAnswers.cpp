@@ -165,8 +165,7 @@ Datum HasPermissionOf(const Question& q) {
     const bool visible = right == "VIEW DEFINITION" || right == "ANY";
     const Rights rights(q.Current(), q.here.user);
     if (kind == "DATABASE") {
-        const Database* database =
-            q.IsNull(0) ? &q.Current() : q.here.store.View()->FindDatabase(q.Text(0));
+        const Database* database = q.IsNull(0) ? &q.Current() : q.here.store.View()->FindDatabase(q.Text(0));
         if (database == nullptr || !(visible || IsEnforcedRight(right, databaseClass)))
             return {};
         const auto user = UserIn(q, *database);

@@ -33,15 +33,57 @@ bool IsChained(SessionState& session, const Database& database, const SchemaObje
            OwnerOf(database, module->schema) == OwnerOf(database, object.schema);
 }
 
+void RequireEntryOf(SessionState& session, const tsql::Name& name) {
+    const auto view = session.store.View();
+    if (const Database* database = name.Database().empty() ? nullptr : view->FindDatabase(name.Database()))
+        RequireEntry(session, *database);
+}
+
+/// The query that a view or an inline function is, in its tree; nullptr for all else.
+const tsql::Query* QueryOf(const SchemaObject& object, const tsql::Batch& tree) {
+    const tsql::Statement& made = *tree.statements.front();
+    return object.kind == ObjectKind::View ? tsql::As<tsql::CreateViewStatement>(made).query.get()
+                                           : tsql::As<tsql::CreateFunctionStatement>(made).inlineQuery.get();
+}
+
+/// A name as a module of that database means it.
+tsql::Name NameWithin(const Database& database, const tsql::Name& name) {
+    if (!name.Database().empty())
+        return name;
+    tsql::Name full;
+    full.parts = {database.name, name.Schema(), name.Last()};
+    return full;
+}
+
+/// The chain of owners ends at the border of a database: what a view reads beyond it is asked for.
+void RequireBeyond(SessionState& session, const SchemaObject& object, int depth) {
+    constexpr int deepest = 32;
+    if (depth == deepest || (object.kind != ObjectKind::View && object.kind != ObjectKind::InlineFunction))
+        return;
+    const auto view = session.store.View();
+    const auto tree = session.Statements().ModuleTree(dynamic_cast<const Module&>(object));
+    for (const tsql::Reference& reference : tsql::ReferencesOf(*QueryOf(object, *tree))) {
+        RequireEntryOf(session, *reference.name);
+        const auto found = session.Statements().FindObject(
+            NameWithin(*view->FindDatabase(object.database), *reference.name));
+        if (!found)
+            continue;
+        if (found->database != object.database)
+            RequireRight(session, reference.right, *found);
+        RequireBeyond(session, *found, depth + 1);
+    }
+}
+
 void RequireNamed(SessionState& session, const tsql::Reference& reference) {
     const tsql::Name& name = *reference.name;
     if (name.Last().starts_with('#'))
         return;
-    if (!name.Database().empty())
-        if (const Database* database = session.store.View()->FindDatabase(name.Database()))
-            RequireEntry(session, *database);
-    if (const auto object = session.Statements().FindObject(name))
-        RequireRight(session, reference.right, *object);
+    RequireEntryOf(session, name);
+    const auto object = session.Statements().FindObject(name);
+    if (!object)
+        return;
+    RequireRight(session, reference.right, *object);
+    RequireBeyond(session, *object, 0);
 }
 
 } // namespace

@@ -65,8 +65,8 @@ class Definer {
             throw SqlError(3701, {"drop", kind, name.Text()}, 20);
     }
     void RequireModule(const ModuleStatement& module, std::string_view creation, const char* kind) {
-        const bool exists = module.verb != ModuleVerb::Create &&
-                            m_session.Statements().FindObject(module.name) != nullptr;
+        const bool exists =
+            module.verb != ModuleVerb::Create && m_session.Statements().FindObject(module.name) != nullptr;
         if (!exists)
             RequireCreation(creation, module.name);
         else if (!MayOnObject(module.name, "ALTER"))
@@ -157,8 +157,8 @@ void Definer::RequireGrant(const PermissionStatement& statement) {
             continue;
         if (given.securableClass == databaseClass)
             throw SqlError(15247);
-        throw SqlError(15151,
-                       {"find", given.securableClass == schemaClass ? "schema" : "object", statement.securable.Text()});
+        throw SqlError(15151, {"find", given.securableClass == schemaClass ? "schema" : "object",
+                               statement.securable.Text()});
     }
 }
 
@@ -211,10 +211,8 @@ void Definer::Require(const Statement& statement) {
             throw SqlError(15151, {"find", "object", transfer.object.Text()});
         return;
     }
-    case Kind::CreateTable:
-        return RequireCreation("CREATE TABLE", As<CreateTableStatement>(statement).name);
-    case Kind::CreateType:
-        return RequireCreation("CREATE TYPE", As<CreateTypeStatement>(statement).name);
+    case Kind::CreateTable: return RequireCreation("CREATE TABLE", As<CreateTableStatement>(statement).name);
+    case Kind::CreateType: return RequireCreation("CREATE TYPE", As<CreateTypeStatement>(statement).name);
     case Kind::CreateSynonym:
         return RequireCreation("CREATE SYNONYM", As<CreateSynonymStatement>(statement).name);
     case Kind::CreateDefaultOrRule: {

@@ -17,8 +17,9 @@ bool IsDataRight(std::string_view right) {
 }
 
 bool IsCreation(std::string_view right) {
-    return IsOneOf(right, {"CREATE TABLE", "CREATE VIEW", "CREATE PROCEDURE", "CREATE FUNCTION", "CREATE TYPE",
-                           "CREATE SYNONYM", "CREATE DEFAULT", "CREATE RULE", "CREATE SCHEMA"});
+    return IsOneOf(right,
+                   {"CREATE TABLE", "CREATE VIEW", "CREATE PROCEDURE", "CREATE FUNCTION", "CREATE TYPE",
+                    "CREATE SYNONYM", "CREATE DEFAULT", "CREATE RULE", "CREATE SCHEMA"});
 }
 
 bool IsAdministration(std::string_view right) {
@@ -102,11 +103,13 @@ bool Rights::IsMember(std::string_view fixedRole) const {
 }
 
 bool Rights::Stands(char state, std::string_view right, int securableClass, ObjectId major) const {
-    return std::any_of(m_database.permissions.begin(), m_database.permissions.end(), [&](const Permission& one) {
-        const bool same = state == 'D' ? one.state == 'D' : one.state != 'D' && (state != 'W' || one.state == 'W');
-        return same && one.securableClass == securableClass && one.major == major && one.minor == 0 &&
-               m_holders.contains(one.grantee) && Covers(one.permission, right);
-    });
+    return std::any_of(
+        m_database.permissions.begin(), m_database.permissions.end(), [&](const Permission& one) {
+            const bool same =
+                state == 'D' ? one.state == 'D' : one.state != 'D' && (state != 'W' || one.state == 'W');
+            return same && one.securableClass == securableClass && one.major == major && one.minor == 0 &&
+                   m_holders.contains(one.grantee) && Covers(one.permission, right);
+        });
 }
 
 bool Rights::DeniedByRole(std::string_view right) const {
@@ -128,7 +131,8 @@ bool Rights::GivenByRole(std::string_view right) const {
     return right == "ALTER ANY USER" && IsMember("db_accessadmin");
 }
 
-bool Rights::Denied(std::string_view right, const SchemaObject* object, std::optional<SchemaId> schema) const {
+bool Rights::Denied(std::string_view right, const SchemaObject* object,
+                    std::optional<SchemaId> schema) const {
     const std::string_view above = schema ? OnDatabaseCalled(right) : right;
     return DeniedByRole(right) || (object != nullptr && Stands('D', right, objectClass, object->id)) ||
            (schema && Stands('D', right, schemaClass, *schema)) || Stands('D', above, databaseClass, 0);

@@ -36,10 +36,10 @@ OptionSetting ParseLoginOption(ParseState& state) {
 /// Whether a right begins like that; which of them there are is for the binder to say.
 bool BeginsRight(std::string_view word) {
     constexpr std::string_view words[] = {
-        "ADMINISTER", "ALL",     "ALTER",   "AUTHENTICATE", "BACKUP",  "CHECKPOINT", "CONNECT", "CONTROL",
-        "CREATE",     "DELETE",  "EXEC",    "EXECUTE",      "EXTERNAL", "IMPERSONATE", "INSERT", "RECEIVE",
-        "REFERENCES", "SELECT",  "SEND",    "SHOWPLAN",     "SHUTDOWN", "SUBSCRIBE", "TAKE",    "UNMASK",
-        "UNSAFE",     "UPDATE",  "VIEW"};
+        "ADMINISTER", "ALL",     "ALTER",      "AUTHENTICATE", "BACKUP",  "CHECKPOINT", "CONNECT",
+        "CONTROL",    "CREATE",  "DELETE",     "EXEC",         "EXECUTE", "EXTERNAL",   "IMPERSONATE",
+        "INSERT",     "RECEIVE", "REFERENCES", "SELECT",       "SEND",    "SHOWPLAN",   "SHUTDOWN",
+        "SUBSCRIBE",  "TAKE",    "UNMASK",     "UNSAFE",       "UPDATE",  "VIEW"};
     return std::find(std::begin(words), std::end(words), word) != std::end(words);
 }
 

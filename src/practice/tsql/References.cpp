@@ -124,9 +124,7 @@ void Collector::Read(const Expression* expression) {
         Read(As<Binary>(*expression).left);
         return Read(As<Binary>(*expression).right);
     case ExpressionKind::Function: return Read(As<FunctionCall>(*expression));
-    case ExpressionKind::Cast:
-        Read(As<Cast>(*expression).operand);
-        return Read(As<Cast>(*expression).style);
+    case ExpressionKind::Cast: Read(As<Cast>(*expression).operand); return Read(As<Cast>(*expression).style);
     case ExpressionKind::Case: {
         const auto& choice = As<Case>(*expression);
         Read(choice.input);
@@ -290,11 +288,10 @@ void Collector::ReadInsert(const InsertStatement& statement) {
 }
 
 void Collector::ReadUpdate(const UpdateStatement& statement) {
-    const bool reads = statement.where || std::any_of(statement.sets.begin(), statement.sets.end(),
-                                                      [](const SetClause& set) {
-                                                          return set.op != AssignmentOperator::Set ||
-                                                                 (set.value && UsesColumns(*set.value));
-                                                      });
+    const bool reads = statement.where ||
+                       std::any_of(statement.sets.begin(), statement.sets.end(), [](const SetClause& set) {
+                           return set.op != AssignmentOperator::Set || (set.value && UsesColumns(*set.value));
+                       });
     Change(statement.target.name, kUpdate, statement.from);
     if (reads)
         Change(statement.target.name, kSelect, statement.from);
@@ -366,8 +363,7 @@ void Collector::ReadOther(const Statement& statement) {
     case StatementKind::Return: return Read(As<ReturnStatement>(statement).value);
     case StatementKind::Print: return Read(As<PrintStatement>(statement).value);
     case StatementKind::ExecuteText: return Read(As<ExecuteTextStatement>(statement).text);
-    case StatementKind::DeclareCursor:
-        return Read(*As<DeclareCursorStatement>(statement).definition.select);
+    case StatementKind::DeclareCursor: return Read(*As<DeclareCursorStatement>(statement).definition.select);
     case StatementKind::SetCursorVariable:
         if (const auto& definition = As<SetCursorVariableStatement>(statement).definition)
             Read(*definition->select);
@@ -387,6 +383,12 @@ std::vector<Reference> ReferencesOf(const Statement& statement) {
 std::vector<Reference> ReferencesOf(const Expression& expression) {
     Collector collector;
     collector.Read(&expression);
+    return std::move(collector.found);
+}
+
+std::vector<Reference> ReferencesOf(const Query& query) {
+    Collector collector;
+    collector.Read(query);
     return std::move(collector.found);
 }
 

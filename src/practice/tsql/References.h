@@ -17,5 +17,6 @@ struct Reference {
 /// Of the statement itself: neither of the statements within a block nor of a module's body.
 std::vector<Reference> ReferencesOf(const Statement& statement);
 std::vector<Reference> ReferencesOf(const Expression& expression);
+std::vector<Reference> ReferencesOf(const Query& query);
 
 } // namespace quillon::practice::tsql

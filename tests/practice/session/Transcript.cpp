@@ -66,9 +66,9 @@ TestServer::~TestServer() {
     std::filesystem::remove_all(m_folder);
 }
 
-std::unique_ptr<SqlSession> TestServer::Open(const std::string& database) {
+std::unique_ptr<SqlSession> TestServer::Open(const std::string& database, const std::string& login) {
     LoginFacts facts;
-    facts.login = "sa";
+    facts.login = login;
     facts.hostName = "desk";
     facts.applicationName = "tests";
     facts.database = database;

@@ -38,7 +38,7 @@ class TestServer {
     TestServer(const TestServer&) = delete;
     TestServer& operator=(const TestServer&) = delete;
 
-    std::unique_ptr<SqlSession> Open(const std::string& database = "tempdb");
+    std::unique_ptr<SqlSession> Open(const std::string& database = "tempdb", const std::string& login = "sa");
 
   private:
     std::filesystem::path m_folder;

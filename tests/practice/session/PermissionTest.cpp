@@ -1,0 +1,52 @@
+// Who may enter a database, and rights as other sessions see them.
+#include "practice/session/Transcript.h"
+
+#include <gtest/gtest.h>
+
+namespace quillon::practice {
+namespace {
+
+int RefusalOf(TestServer& server, const std::string& database, const std::string& login) {
+    try {
+        server.Open(database, login);
+    } catch (const LoginRefused& refused) {
+        return refused.Refusal().number;
+    }
+    return 0;
+}
+
+TEST(Permissions, ALoginEntersWhereItHasAUserAndSystemDatabasesAsGuest) {
+    TestServer server;
+    const auto administrator = server.Open();
+    EXPECT_EQ(Answer(*administrator, "CREATE LOGIN eve WITH PASSWORD = 'Secret-Word-1'; CREATE DATABASE own"),
+              "");
+    EXPECT_EQ(RefusalOf(server, "own", "eve"), 4060);
+    EXPECT_EQ(Answer(*server.Open("", "eve"), "SELECT DB_NAME(), USER_NAME()"), "row master|guest\n");
+    Answer(*administrator, "USE own; CREATE USER eve; CREATE TABLE t (a int)");
+    const auto eve = server.Open("own", "EVE");
+    EXPECT_EQ(Answer(*eve, "SELECT SUSER_SNAME(), ORIGINAL_LOGIN(), USER_NAME()"), "row eve|eve|eve\n");
+    EXPECT_EQ(Answer(*server.Open("own", "SA"), "SELECT SUSER_SNAME(), USER_NAME()"), "row sa|dbo\n");
+}
+
+TEST(Permissions, WhatIsGrantedAndTakenCountsAtOnceInOtherSessions) {
+    TestServer server;
+    const auto administrator = server.Open();
+    Answer(*administrator, "CREATE LOGIN eve WITH PASSWORD = 'Secret-Word-1'; CREATE DATABASE own");
+    Answer(*administrator, "USE own; CREATE USER eve; CREATE TABLE t (a int)");
+    const auto eve = server.Open("own", "eve");
+    const std::string question = "SELECT COUNT(*) FROM t";
+    const std::string denied =
+        "error 229 1 The SELECT permission was denied on the object 't', database 'own', "
+        "schema 'dbo'.\n";
+    EXPECT_EQ(Answer(*eve, question), denied);
+    Answer(*administrator, "GRANT SELECT ON t TO eve");
+    EXPECT_EQ(Answer(*eve, question), "row 0\n");
+    Answer(*administrator, "DENY SELECT ON t TO eve");
+    EXPECT_EQ(Answer(*eve, question), denied);
+    // Who is shut out meanwhile is so from the next statement on that asks for anything.
+    Answer(*administrator, "DROP USER eve");
+    EXPECT_NE(Answer(*eve, question).find("error 916"), std::string::npos);
+}
+
+} // namespace
+} // namespace quillon::practice
