@@ -1,6 +1,7 @@
 #include "practice/tsql/References.h"
 
 #include "practice/tsql/Keywords.h"
+#include "practice/tsql/TreePivot.h"
 
 #include <algorithm>
 
@@ -216,6 +217,10 @@ void Collector::Read(const TableSource& source) {
         Read(*As<Join>(source).left);
         Read(*As<Join>(source).right);
         return Read(As<Join>(source).condition);
+    case TableSourceKind::Pivot:
+        Read(*As<PivotTable>(source).source);
+        return Read(As<PivotTable>(source).aggregate);
+    case TableSourceKind::Unpivot: return Read(*As<UnpivotTable>(source).source);
     case TableSourceKind::Variable: return;
     }
 }

@@ -21,11 +21,12 @@ TEST(Permissions, ALoginEntersWhereItHasAUserAndSystemDatabasesAsGuest) {
     EXPECT_EQ(Answer(*administrator, "CREATE LOGIN eve WITH PASSWORD = 'Secret-Word-1'; CREATE DATABASE own"),
               "");
     EXPECT_EQ(RefusalOf(server, "own", "eve"), 4060);
-    EXPECT_EQ(Answer(*server.Open("", "eve"), "SELECT DB_NAME(), USER_NAME()"), "row master|guest\n");
+    EXPECT_EQ(Answer(*server.Open("", "eve"), "SELECT DB_NAME(), USER_NAME()"), "row master|guest\ndone 1\n");
     Answer(*administrator, "USE own; CREATE USER eve; CREATE TABLE t (a int)");
     const auto eve = server.Open("own", "EVE");
-    EXPECT_EQ(Answer(*eve, "SELECT SUSER_SNAME(), ORIGINAL_LOGIN(), USER_NAME()"), "row eve|eve|eve\n");
-    EXPECT_EQ(Answer(*server.Open("own", "SA"), "SELECT SUSER_SNAME(), USER_NAME()"), "row sa|dbo\n");
+    EXPECT_EQ(Answer(*eve, "SELECT SUSER_SNAME(), ORIGINAL_LOGIN(), USER_NAME()"),
+              "row eve|eve|eve\ndone 1\n");
+    EXPECT_EQ(Answer(*server.Open("own", "SA"), "SELECT SUSER_SNAME(), USER_NAME()"), "row sa|dbo\ndone 1\n");
 }
 
 TEST(Permissions, WhatIsGrantedAndTakenCountsAtOnceInOtherSessions) {
@@ -40,7 +41,7 @@ TEST(Permissions, WhatIsGrantedAndTakenCountsAtOnceInOtherSessions) {
         "schema 'dbo'.\n";
     EXPECT_EQ(Answer(*eve, question), denied);
     Answer(*administrator, "GRANT SELECT ON t TO eve");
-    EXPECT_EQ(Answer(*eve, question), "row 0\n");
+    EXPECT_EQ(Answer(*eve, question), "row 0\ndone 1\n");
     Answer(*administrator, "DENY SELECT ON t TO eve");
     EXPECT_EQ(Answer(*eve, question), denied);
     // Who is shut out meanwhile is so from the next statement on that asks for anything.
