@@ -2,6 +2,7 @@
 
 #include <future>
 #include <random>
+#include <system_error>
 
 namespace quillon::practice::tds {
 namespace {
@@ -167,9 +168,13 @@ TEST(Connection, HostileBytesEndTheirConnectionAndNoOther) {
     }
     for (const std::string& attack : attacks) {
         PlainClient client(listener.Port());
-        client.Send(attack);
-        client.Send(Packets(PacketType::Sspi, "")); // which has no place anywhere
-        client.AwaitEnd();
+        try {
+            client.Send(attack);
+            client.Send(Packets(PacketType::Sspi, "")); // which has no place anywhere
+            client.AwaitEnd();
+        } catch (const std::system_error&) {
+            // The server has hung up before all was said.
+        }
         EXPECT_EQ(honest.Batch("SELECT 1").values, std::vector<std::int64_t>{1});
     }
 }
