@@ -1,4 +1,5 @@
 // INSERT.
+#include "practice/statements/Truncation.h"
 #include "practice/statements/change/ConstantRows.h"
 #include "practice/statements/change/InsertColumns.h"
 #include "practice/statements/change/Targets.h"
@@ -155,10 +156,9 @@ std::vector<Values> RowsOfCall(Engine& engine, const tsql::InsertStatement& stat
 Datum ForColumn(Engine& engine, const InsertColumns& target, const Column& column, const Datum& value) {
     if (value.IsNull())
         return Datum::Null(column.type);
-    const ConvertOptions options = engine.context.Functions().Options();
     return engine.context.Options().ansiWarnings
-               ? ConvertForColumn(value, column.type, options, target.fullName, column.name)
-               : Convert(value, column.type, options);
+               ? FitIntoColumn(engine, value, column.type, target.fullName, column.name)
+               : Convert(value, column.type, engine.context.Functions().Options());
 }
 
 // Rows that come from a call or a client are known only when the statement runs.

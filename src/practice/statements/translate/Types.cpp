@@ -1,6 +1,6 @@
 // Static types: conversions, collations, and the calls of our functions from SQL.
+#include "practice/statements/Truncation.h"
 #include "practice/statements/translate/Translator.h"
-
 #include "practice/values/CodePage.h"
 #include "practice/values/SqlError.h"
 #include "practice/values/StorageForm.h"
@@ -220,8 +220,7 @@ Scalar Translator::AssignTo(Scalar value, const Column& column, const std::strin
     const bool nullable = value.nullable;
     Scalar assigned = Call("assign " + tableName + "." + name, {std::move(value)}, type, Evaluation::Pure,
                            [&engine, type, tableName, name](std::span<const Datum> values) {
-                               return ConvertForColumn(values[0], type, engine.context.Functions().Options(),
-                                                       tableName, name);
+                               return FitIntoColumn(engine, values[0], type, tableName, name);
                            });
     assigned.nullable = nullable;
     return assigned;
