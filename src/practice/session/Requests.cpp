@@ -93,28 +93,42 @@ void SessionOfRequests::UseDatabase(const Database& database, int messageState) 
     m_state.Inform(5701, MessageText(5701, {database.name}), 0, messageState);
 }
 
+const Database& SessionOfRequests::FirstDatabase(const std::string& loginDefault) {
+    const auto open = [this](const std::string& name) {
+        const Database* found = m_state.store.View()->FindDatabase(name);
+        return found != nullptr && UserIn(m_state, *found) ? found : nullptr;
+    };
+    const std::string& wanted = m_state.facts.database;
+    if (!wanted.empty()) {
+        if (const Database* named = open(wanted))
+            return *named;
+        if (m_state.facts.databaseRequired)
+            throw Refused(4060, wanted);
+    }
+    const Database* own = open(loginDefault);
+    if (own == nullptr)
+        throw Refused(4064, loginDefault);
+    if (!wanted.empty())
+        m_state.Tell(SqlError(4063, {wanted, own->name}));
+    return *own;
+}
+
 void SessionOfRequests::LogIn(ResultSink& sink) {
     const RequestScope scope(m_state.sink, sink);
     const auto account = m_state.server.accounts.Find(m_state.facts.login);
     if (!account || account->disabled)
         throw Refused(18456, m_state.facts.login);
-    const std::string wanted =
-        m_state.facts.database.empty() ? account->defaultDatabase : m_state.facts.database;
-    const Database* database = m_state.store.View()->FindDatabase(wanted);
-    if (database == nullptr)
-        throw Refused(4060, wanted);
     m_state.facts.login = account->name; // as it is written there
-    if (!UserIn(m_state, *database))
-        throw Refused(4060, wanted);
+    const Database& database = FirstDatabase(account->defaultDatabase);
     SetLoginDefaults(m_state, m_state.facts.odbcDefaults);
-    UseDatabase(*database, 2);
+    UseDatabase(database, 2);
     EnvironmentChange language;
     language.kind = EnvironmentChange::Kind::Language;
     language.newValue = m_state.language;
     m_state.sink.Environment(language);
     m_state.Inform(5703, MessageText(5703, {m_state.language}));
     const std::lock_guard lock(m_rowMutex);
-    m_row.database = database->name;
+    m_row.database = database.name;
 }
 
 /// Runs one request: what ends it early is told here, and its last Done is sent whatever happened.

@@ -37,6 +37,9 @@ class SessionOfRequests : public SqlSession {
     void RunBatchText(std::string text);
     void Call(const ProcedureCall& call);
     void DescribeText(const std::string& statement, const std::string& parameters);
+    /// Where the session begins: in the database that the client names or in the login's own. Throws
+    /// LoginRefused.
+    const Database& FirstDatabase(const std::string& loginDefault);
     void UseDatabase(const Database& database, int messageState);
 
     SessionState m_state;

@@ -136,12 +136,13 @@ Login7 ReadLogin7(std::string_view body) {
     reader.U32(); // version of the client's program
     login.facts.processId = reader.U32();
     reader.U32(); // connection id
-    reader.U8();  // option flags 1
+    std::uint8_t flags1 = reader.U8();
     std::uint8_t flags2 = reader.U8();
     reader.U8(); // type flags
     std::uint8_t flags3 = reader.U8();
     reader.U32(); // time zone
     reader.U32(); // locale
+    login.facts.databaseRequired = (flags1 & 0x40) != 0;
     login.facts.odbcDefaults = (flags2 & 0x02) != 0;
     login.integratedSecurity = (flags2 & 0x80) != 0;
     login.changePassword = (flags3 & 0x01) != 0;

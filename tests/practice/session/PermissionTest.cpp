@@ -29,6 +29,22 @@ TEST(Permissions, ALoginEntersWhereItHasAUserAndSystemDatabasesAsGuest) {
     EXPECT_EQ(Answer(*server.Open("own", "SA"), "SELECT SUSER_SNAME(), USER_NAME()"), "row sa|dbo\ndone 1\n");
 }
 
+TEST(Permissions, TheLoginsOwnDatabaseServesAClientThatDoesNotInsistOnAnother) {
+    TestServer server;
+    LoginFacts facts;
+    facts.login = "sa";
+    facts.database = "nowhere";
+    facts.databaseRequired = false;
+    Transcript answer;
+    const auto session = server.Open(facts, answer);
+    EXPECT_NE(
+        answer.text.find("error 4063 0 Cannot open database \"nowhere\" that was requested by the login. "
+                         "Using the user default database \"master\" instead."),
+        std::string::npos)
+        << answer.text;
+    EXPECT_EQ(Answer(*session, "SELECT DB_NAME()"), "row master\ndone 1\n");
+}
+
 TEST(Permissions, WhatIsGrantedAndTakenCountsAtOnceInOtherSessions) {
     TestServer server;
     const auto administrator = server.Open();

@@ -72,9 +72,13 @@ std::unique_ptr<SqlSession> TestServer::Open(const std::string& database, const 
     facts.hostName = "desk";
     facts.applicationName = "tests";
     facts.database = database;
-    facts.spid = ++m_lastSpid;
     Transcript ignored;
-    return m_server->OpenSession(facts, ignored);
+    return Open(std::move(facts), ignored);
+}
+
+std::unique_ptr<SqlSession> TestServer::Open(LoginFacts facts, Transcript& answer) {
+    facts.spid = ++m_lastSpid;
+    return m_server->OpenSession(facts, answer);
 }
 
 std::string Answer(SqlSession& session, const std::string& batch) {

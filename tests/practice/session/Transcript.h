@@ -39,6 +39,8 @@ class TestServer {
     TestServer& operator=(const TestServer&) = delete;
 
     std::unique_ptr<SqlSession> Open(const std::string& database = "tempdb", const std::string& login = "sa");
+    /// With what the login itself answers; the session's number is given here.
+    std::unique_ptr<SqlSession> Open(LoginFacts facts, Transcript& answer);
 
   private:
     std::filesystem::path m_folder;

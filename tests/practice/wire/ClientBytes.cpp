@@ -138,7 +138,7 @@ std::string Login7Body(const LoginText& text) {
     body.U32(text.version);
     body.U32(text.packetSize);
     body.Bytes(std::string(12, '\0')); // program version, process, connection
-    body.U8(0);
+    body.U8(text.databaseRequired ? 0x40 : 0);
     body.U8(0x02); // ODBC
     body.Bytes(std::string(10, '\0'));
     body.Bytes(places.Content());

@@ -21,6 +21,7 @@ struct LoginText {
     std::string login = "sa";
     std::string password = "Secret1!";
     std::string database;
+    bool databaseRequired = true;
     std::uint32_t version = tds::version::tds74;
     std::uint32_t packetSize = 4096;
 };

@@ -50,6 +50,9 @@ TEST(Login7, ReadsWhatTheClientSaysOfItself) {
     EXPECT_EQ(login.facts.packetSize, 8000U);
     EXPECT_TRUE(login.facts.odbcDefaults);
     EXPECT_FALSE(login.integratedSecurity);
+    EXPECT_TRUE(login.facts.databaseRequired);
+    text.databaseRequired = false;
+    EXPECT_FALSE(ReadLogin7(Login7Body(text)).facts.databaseRequired);
 }
 
 TEST(Login7, SettlesVersionAndPacketSize) {
