@@ -22,7 +22,7 @@ constexpr double MostAround = 64;
 
 struct Measured {
     const char* name;
-    double contents; // bytes: two a character, sixteen a value held
+    double contents; // bytes: two a character, sixteen a value held, of a match held what it takes
     const char* statement;
     const char* lua; // "" where Lua has no such thing
 };
@@ -40,9 +40,12 @@ constexpr Measured Kinds[] = {
     {"Dictionary of three", 96,
      "Set a(i) = CreateObject(\"Scripting.Dictionary\"): a(i).Add 1, 2: a(i).Add 2, 3: a(i).Add 3, 4",
      "a[i] = {[7] = 2, [8] = 3, [9] = 4}"},
+    {"Dictionary of eight", 256,
+     "Set a(i) = CreateObject(\"Scripting.Dictionary\"): For k = 1 To 8: a(i).Add k, k: Next",
+     "a[i] = {} for k = 7, 14 do a[i][k] = k end"},
     {"RegExp", 0, "Set a(i) = New RegExp", ""},
     {"Match of 4 characters", 8, "Set a(i) = search.Execute(\"ab12cd\")(0)", ""},
-    {"Matches of one", 80, "Set a(i) = search.Execute(\"ab12cd\")", ""},
+    {"Matches of one", 64, "Set a(i) = search.Execute(\"ab12cd\")", ""},
 };
 
 // The bytes of the heap that one value takes, without its place in the array that holds it.
@@ -51,7 +54,7 @@ double BytesOf(const Measured& kind) {
     host.SetLanguage("VBScript");
     host.AddCode("Class Pair: Public First, Second: End Class\n"
                  "Dim a, search: ReDim a(999999): Set search = New RegExp: search.Pattern = \"\\d+\"\n"
-                 "Sub Fill: Dim i, part: For i = 0 To 999999: " +
+                 "Sub Fill: Dim i, k, part: For i = 0 To 999999: " +
                  std::string(kind.statement) + ": Next: End Sub");
     const auto before = mallinfo2();
     host.Run("Fill");

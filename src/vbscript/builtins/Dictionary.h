@@ -1,14 +1,10 @@
 // Scripting.Dictionary: keys of any sub-type but arrays to values of any, in the order they were added.
 //
-// Texts and numbers are different keys; numbers of all sub-types are equal by value, objects by identity.
 // Reading an unknown key through Item adds it with Empty, as scripts rely on. Failures: 457 for a key already
 // there, 32811 for one that is not, 5 for an array as key and for a change of CompareMode when not empty.
 #pragma once
 
-#include <cstdint>
-#include <vector>
-
-#include "vbscript/machine/Heap.h"
+#include "vbscript/builtins/DictionaryTable.h"
 #include "vbscript/machine/ScriptObject.h"
 
 namespace quillon::vbscript {
@@ -25,31 +21,10 @@ class Dictionary final : public NativeObject {
     void DropContents() noexcept override { RemoveAll(); }
 
   private:
-    // A slot in the order of adding; removed ones stay, marked by an Unset key, until the table is rebuilt.
-    struct Entry {
-        Variant key;
-        Variant item;
-        std::uint32_t hash;
-    };
-    using Entries = std::vector<Entry, HeapAllocator<Entry>>;
-    // Places in m_entries plus one, by open addressing; a power of two, at most three quarters full. Empty
-    // while there are few entries: those are looked through.
-    using Index = std::vector<std::uint32_t, HeapAllocator<std::uint32_t>>;
-
-    static constexpr std::size_t MostUnindexed = 8;
-
-    std::uint32_t HashOf(const Variant& key) const;
-    bool SameKey(const Variant& left, const Variant& right) const;
-    // Where the index holds the key, or the free place where it would.
-    std::size_t PlaceOf(const Variant& key, std::uint32_t hash) const;
-    Entry* Find(const Variant& key);
-    Entry& Require(const Variant& key);
-    Entry& FindOrAdd(const Variant& key);
-    Entry& Append(const Variant& key, std::uint32_t hash);
-    void MakeRoom(); // for one more key
-    void Place(const Entry& entry);
-    void Rebuild();
-    static bool IsLive(const Entry& entry) { return entry.key.kind() != Kind::Unset; }
+    // The mark of the object is its CompareMode: two bits of their own would make it a third larger.
+    KeyRule Rule() const noexcept { return KeyRule(m_mark != 0); }
+    DictionaryTable::Entry& Require(const Variant& key) const; // raises 32811
+    Variant& ItemOf(const Variant& key);                       // adds the key if it is not there
 
     Variant Add(std::span<Variant> arguments);
     Variant Item(InvokeKind kind, std::span<Variant> arguments);
@@ -57,13 +32,9 @@ class Dictionary final : public NativeObject {
     Variant Remove(const Variant& key);
     Variant RemoveAll() noexcept;
     Variant CompareMode(InvokeKind kind, std::span<Variant> arguments);
-    Variant List(Variant Entry::*part) const;
+    Variant List(Variant DictionaryTable::Entry::*part) const;
 
-    Entries m_entries;
-    Index m_index;
-    std::uint32_t m_used = 0; // places of the index that are taken: by an entry, or by a key it had once
-    std::uint32_t m_count = 0;
-    std::int32_t m_compareMode = 0;
+    DictionaryTable m_table;
 };
 
 } // namespace quillon::vbscript

@@ -155,14 +155,17 @@ Variant RegExp::Execute(const Variant& argument) {
     const Text text = TextOf(argument);
     const regexp::Program& program = Compiled();
     Matcher matcher(program, text.View());
+    std::vector<Matcher::Span> groups(static_cast<std::size_t>(program.groups) + 1);
     HeapVector<Variant> matches;
     for (std::size_t from = 0; from <= text.Length() && matcher.Find(from);
          from = NextStart(matcher.Group(0))) {
-        matches.push_back(MakeObject<RegExpMatch>(text, matcher, program.groups));
+        for (std::size_t group = 0; group < groups.size(); ++group)
+            groups[group] = matcher.Group(static_cast<std::int32_t>(group));
+        matches.push_back(RegExpMatch::Of(groups, text));
         if (!m_global)
             break;
     }
-    return MakeObject<ValueList>("IMatchCollection2", std::move(matches));
+    return ValueList::Of(matches, ValueList::Matches);
 }
 
 Variant RegExp::Replace(const Variant& argument, const Variant& form) {

@@ -14,23 +14,27 @@ constexpr std::string_view MatchMembers[] = {"Value", "FirstIndex", "Length", "S
 
 class ListWalk final : public VariantEnumerator {
   public:
-    ListWalk(Object* list, const HeapVector<Variant>& values)
+    ListWalk(Object* list, std::span<const Variant> values)
         : m_list(list)
-        , m_values(values) {}
+        , m_rest(values) {}
     bool Next(Variant& element) override {
-        if (m_next == m_values.size())
+        if (m_rest.empty())
             return false;
-        element = m_values[m_next++];
+        element = m_rest.front();
+        m_rest = m_rest.subspan(1);
         return true;
     }
 
   private:
     ObjectRef m_list;
-    const HeapVector<Variant>& m_values; // of the list
-    std::size_t m_next = 0;
+    std::span<const Variant> m_rest; // of the list
 };
 
 } // namespace
+
+std::string ValueList::TypeName() const {
+    return m_mark == Matches ? "IMatchCollection2" : "ISubMatches";
+}
 
 std::optional<MemberId> ValueList::FindMember(std::string_view name) const {
     return FindInTable(ListMembers, name);
@@ -46,27 +50,19 @@ Variant ValueList::Access(MemberId member, InvokeKind kind, std::span<Variant> a
     case ItemMember: {
         RequireRead(kind, arguments, 1, "Item");
         const std::int32_t index = ToLong(arguments[0]);
-        if (index < 0 || static_cast<std::size_t>(index) >= m_values.size())
+        if (index < 0 || static_cast<std::size_t>(index) >= Elements().size())
             throw Failure(numbers::InvalidCall);
-        return m_values[static_cast<std::size_t>(index)];
+        return Elements()[static_cast<std::size_t>(index)];
     }
     case CountMember:
         RequireRead(kind, arguments, 0, "Count");
-        return static_cast<std::int32_t>(m_values.size());
+        return static_cast<std::int32_t>(Elements().size());
     default: throw Failure(numbers::MemberNotSupported);
     }
 }
 
 std::unique_ptr<VariantEnumerator> ValueList::Walk() {
-    return std::make_unique<ListWalk>(this, m_values);
-}
-
-RegExpMatch::RegExpMatch(Text text, const regexp::Matcher& matcher, std::int32_t groups)
-    : m_text(std::move(text))
-    , m_whole(matcher.Group(0)) {
-    m_groups.reserve(static_cast<std::size_t>(groups));
-    for (std::int32_t group = 1; group <= groups; ++group)
-        m_groups.push_back(matcher.Group(group));
+    return std::make_unique<ListWalk>(this, Elements());
 }
 
 Variant RegExpMatch::Part(regexp::Matcher::Span span) const {
@@ -76,12 +72,12 @@ Variant RegExpMatch::Part(regexp::Matcher::Span span) const {
                                 static_cast<std::size_t>(span.end - span.start));
 }
 
-ObjectRef RegExpMatch::SubMatches() const {
+ObjectRef RegExpMatch::SubMatches() {
     HeapVector<Variant> parts;
-    parts.reserve(m_groups.size());
-    for (const regexp::Matcher::Span span : m_groups)
-        parts.push_back(Part(span));
-    return MakeObject<ValueList>("ISubMatches", std::move(parts));
+    parts.reserve(Elements().size() - 1);
+    for (const regexp::Matcher::Span group : Elements().subspan(1))
+        parts.push_back(Part(group));
+    return ValueList::Of(parts, ValueList::SubMatches);
 }
 
 std::optional<MemberId> RegExpMatch::FindMember(std::string_view name) const {
@@ -98,13 +94,14 @@ Variant RegExpMatch::Access(MemberId member, InvokeKind kind, std::span<Variant>
     // `match.SubMatches(0)` is the list's item: a property without parameters hands its arguments on.
     if (member == SubMatchesMember && !IsWrite(kind) && !arguments.empty())
         return static_cast<ValueList*>(SubMatches().get())->Access(DefaultMemberId, kind, arguments);
+    const regexp::Matcher::Span whole = Elements().front();
     const MemberId named = member == DefaultMemberId ? MemberId{ValueMember} : member;
     RequireRead(kind, arguments, 0, MatchMembers[named - 1]);
     switch (named) {
-    case FirstIndexMember: return m_whole.start;
-    case LengthMember: return m_whole.end - m_whole.start;
+    case FirstIndexMember: return whole.start;
+    case LengthMember: return whole.end - whole.start;
     case SubMatchesMember: return SubMatches();
-    default: return Part(m_whole);
+    default: return Part(whole);
     }
 }
 

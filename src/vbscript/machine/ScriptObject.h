@@ -50,8 +50,8 @@ class ScriptObject : public Object {
 
     // Lets go of every value held, when the engine that made the object ends: breaks cycles.
     virtual void DropContents() noexcept {}
-    // The registry that knows of the object ends before it does.
-    virtual void Orphan() noexcept = 0;
+    // The engine that made the object has ended before it did.
+    virtual void Orphan() noexcept {}
 
     // --- Object ---
     Value Invoke(MemberId member, InvokeKind kind, std::span<Value> arguments) override;
@@ -61,17 +61,22 @@ class ScriptObject : public Object {
     // Before the object is destroyed, its memory still whole; false if it was taken hold of again.
     virtual bool LastRelease() noexcept { return true; }
 
-    std::uint32_t m_mark : 1 = 0; // for the derived class, which has no smaller place for a bit
+    std::uint32_t m_mark : 3 = 0; // for the derived class, which has no smaller place for a few bits
 
   private:
     friend class ObjectRegistry;
+    static constexpr std::uint32_t NoPlace = (1U << 29) - 1;
+
     // Destroys the object, chains of objects one after the other and not one inside the other.
     void Release() noexcept final;
 
-    std::uint32_t m_place : 31 = 0; // in its registry
+    std::uint32_t m_place : 29 = NoPlace; // in the registry that knows of it
 };
 
 // The objects that an engine's scripts have made and not let go of yet.
+//
+// They stand on pages that the registries of a thread number together, so that the place alone tells an
+// object its registry.
 class ObjectRegistry {
   public:
     ObjectRegistry() = default;
@@ -79,11 +84,14 @@ class ObjectRegistry {
     ObjectRegistry& operator=(const ObjectRegistry&) = delete;
     ~ObjectRegistry();
 
+    // Raises 7 where there is no place left.
     void Add(ScriptObject& object);
     void Remove(ScriptObject& object) noexcept;
+    // The registry that knows of the object; null if none does.
+    static ObjectRegistry* Of(const ScriptObject& object) noexcept;
     // Drops the contents of all objects, so that cycles fall apart, and forgets the objects.
     void DropAll() noexcept;
-    std::size_t Count() const noexcept { return m_objects.size(); }
+    std::size_t Count() const noexcept { return m_count; }
 
     // The registry of the engine that runs on this thread; null outside a run.
     static ObjectRegistry* Current() noexcept { return s_current; }
@@ -92,9 +100,25 @@ class ObjectRegistry {
     }
 
   private:
-    static inline thread_local constinit ObjectRegistry* s_current = nullptr;
+    static constexpr std::size_t PageSize = 512;
+    struct Page {
+        ObjectRegistry* registry;
+        ScriptObject* objects[PageSize];
+    };
+    struct PageTable;
 
-    std::vector<ScriptObject*> m_objects;
+    static ScriptObject*& At(std::uint32_t place) noexcept;
+    std::uint32_t PlaceOf(std::size_t number) const noexcept { // of this registry's n-th object
+        return static_cast<std::uint32_t>(m_pages[number / PageSize] * PageSize + number % PageSize);
+    }
+    void AddPage();
+    void GiveUpPagesBut(std::size_t count) noexcept;
+
+    static inline thread_local constinit ObjectRegistry* s_current = nullptr;
+    static thread_local constinit PageTable* s_table; // null while the thread has no page
+
+    std::vector<std::uint32_t> m_pages; // the numbers of this registry's
+    std::size_t m_count = 0;
 };
 
 // The base of the built-in object types: one that its engine knows of.
@@ -102,19 +126,12 @@ class NativeObject : public ScriptObject {
   protected:
     NativeObject();
     ~NativeObject() override;
-    bool HasEngine() const noexcept { return m_registry != nullptr; }
-
-  private:
-    void Orphan() noexcept final { m_registry = nullptr; }
-
-    ObjectRegistry* m_registry;
+    bool HasEngine() const noexcept { return ObjectRegistry::Of(*this) != nullptr; }
 };
 
 // The base of those that can be part of no cycle, since they hold neither instances nor collections that
 // scripts fill: no engine has to know of them.
-class LeafObject : public ScriptObject {
-    void Orphan() noexcept final {}
-};
+class LeafObject : public ScriptObject {};
 
 // The object of a Variant of kind ScriptObject.
 inline ScriptObject* ScriptObjectIn(const Variant& value) noexcept {
