@@ -188,6 +188,23 @@ TEST_F(Host, AssigningToAGlobalNameOfAMemberSetsTheMember) {
     EXPECT_EQ(host.Eval("Name"), Value("top")) << "a variable, now that there is no such object";
 }
 
+// These statements take variables, and a member is none.
+TEST_F(Host, LoopsAndArraysDoNotTakeAMemberForAVariable) {
+    const ObjectRef object = MakeHostObject();
+    host.AddObject("o", object, true);
+    for (const char* statement : {"For Name = 1 To 2 : Next", "For Each Name In Array(1) : Next",
+                                  "ReDim Name(3)", "ReDim Preserve Name(3)", "Erase Name"}) {
+        EXPECT_EQ(NumberOf([&] { host.AddCode(statement); }), numbers::IllegalAssignment) << statement;
+        const std::string within = "Sub s : " + std::string(statement) + " : End Sub";
+        host.AddCode(within);
+        EXPECT_EQ(NumberOf([&] { host.Run("s"); }), numbers::IllegalAssignment) << within;
+        EXPECT_EQ(host.Eval("Name"), Value("quillon"));
+    }
+    host.AddCode("Dim Name");
+    host.AddCode("For Name = 1 To 2 : Next : ReDim Items(Name) : n = UBound(Items)");
+    EXPECT_EQ(host.Eval("Name & n & o.Name"), Value("33quillon"));
+}
+
 // What a step costs grows with the texts it works on: a few steps of long work come to the limit too.
 TEST_F(Host, LongWorkWithinAStepIsStopped) {
     host.AddCode("Dim s, t, r : s = String(1000000, \"a\") : t = String(1000000, \"a\")\n"

@@ -65,12 +65,15 @@ void ProcedureCompiler::CompileAssign(const AssignStatement& assign) {
     }
 }
 
-// The variable that a statement writes to; for what cannot be written to, a register after a failure.
+// The variable that a statement writes to; for what cannot be written to, a register after a failure. A
+// member of the host's is none that could count, or hold an array.
 Operand ProcedureCompiler::VariableOperand(NameId name) {
     const Binding binding = Find(name);
-    if (IsVariable(binding) || IsPerhapsVariable(binding))
+    const bool isMember = IsGlobalMember(name) && m_context.globals[m_context.globals.PlaceOf(name)].kind() ==
+                                                      Kind::Unset; // no variable hides it
+    if (!isMember && (IsVariable(binding) || IsPerhapsVariable(binding)))
         return OperandOf(binding);
-    if (binding.kind == Binding::Kind::Free && name != m_context.builtins.err)
+    if (!isMember && binding.kind == Binding::Kind::Free && name != m_context.builtins.err)
         return GlobalOperand(name);
     RaiseHere(numbers::IllegalAssignment);
     return m_write.TakeRegister();
