@@ -12,9 +12,9 @@
 // in a regular expression, in a long call of a built-in. Memory is limited; recursion ends with 28.
 //
 // Limits. A regular expression takes at most 10,000 rounds of a repeated group (28). Strict mode is ignored,
-// as this language has none; conditional compilation is refused (1030). `object.Item(1) += x` is an illegal
-// assignment, only `=` is known there. There is no RegExp.compile, no `caller`, and a function's text is not
-// kept.
+// as this language has none; conditional compilation is refused (1030). `++object.Item(1)` is an illegal
+// assignment (5008), while `object.Item(1)++` and `+= 1` read and write. A function has no `caller` and no
+// `arguments` of its own, and its text is not kept.
 #pragma once
 
 #include <functional>

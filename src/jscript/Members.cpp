@@ -57,20 +57,35 @@ duk_ret_t ReadCarried(duk_context* context) {
     return 1;
 }
 
+std::vector<Value> ArgumentsHere(duk_context* context) {
+    duk_push_current_function(context);
+    duk_get_prop_string(context, -1, ArgumentsKey);
+    std::vector<Value> arguments = Engine::Of(context).ReadList(context, -1);
+    duk_pop_2(context);
+    return arguments;
+}
+
+// A getter with the arguments that were kept before.
+duk_ret_t ReadKept(duk_context* context) {
+    Engine& engine = Engine::Of(context);
+    engine.Poll(context);
+    const Carried carried = CarriedHere(context);
+    std::vector<Value> arguments = ArgumentsHere(context);
+    return engine.Answer(context, [&] { return ReadMember(carried.object, carried.member, arguments); });
+}
+
 // A setter; its argument follows those that were kept before.
 duk_ret_t WriteCarried(duk_context* context) {
     Engine& engine = Engine::Of(context);
     engine.Poll(context);
     const Carried carried = CarriedHere(context);
-    duk_push_current_function(context);
-    duk_get_prop_string(context, -1, ArgumentsKey);
-    std::vector<Value> arguments = engine.ReadList(context, -1);
+    std::vector<Value> arguments = ArgumentsHere(context);
     arguments.push_back(engine.ReadValue(context, 0));
     engine.Shielded(context, [&] { WriteMember(carried.object, carried.member, arguments); });
     return 0;
 }
 
-// Keeps the arguments in an object whose one property sets the member.
+// Keeps the arguments in an object whose one property reads and sets the member.
 duk_ret_t KeepArguments(duk_context* context) {
     Engine& engine = Engine::Of(context);
     const duk_idx_t count = duk_get_top(context);
@@ -80,15 +95,20 @@ duk_ret_t KeepArguments(duk_context* context) {
         duk_put_prop_index(context, count, static_cast<duk_uarridx_t>(i));
     }
     duk_push_current_function(context);
-    duk_get_prop_string(context, -1, ProxyKey);
-    duk_get_prop_string(context, -2, MemberKey);
+    duk_get_prop_string(context, -1, MemberKey);
     const MemberId member = duk_get_int(context, -1);
+    duk_get_prop_string(context, -2, ProxyKey);
+    const duk_idx_t owner = duk_get_top_index(context);
+    const auto pushAccessor = [&](duk_c_function accessor, duk_idx_t arguments) {
+        PushCarrier(context, owner, member, accessor, arguments);
+        duk_dup(context, count);
+        duk_put_prop_string(context, -2, ArgumentsKey);
+    };
     duk_push_object(context);
     duk_push_string(context, AssignedName);
-    PushSetter(context, -4, member);
-    duk_dup(context, count);
-    duk_put_prop_string(context, -2, ArgumentsKey);
-    duk_def_prop(context, -3, DUK_DEFPROP_HAVE_SETTER);
+    pushAccessor(ReadKept, 0);
+    pushAccessor(WriteCarried, 1);
+    duk_def_prop(context, -4, DUK_DEFPROP_HAVE_GETTER | DUK_DEFPROP_HAVE_SETTER);
     engine.Announced().NoteAssignable();
     return 1;
 }

@@ -64,6 +64,20 @@ duk_ret_t Create(duk_context* context) {
     });
 }
 
+// become(expression, other): the one regular expression is from now on what the other is.
+duk_ret_t Become(duk_context* context) {
+    for (const char* const part : {DUK_INTERNAL_SYMBOL("Bytecode"), DUK_INTERNAL_SYMBOL("Source")}) {
+        duk_push_string(context, part);
+        duk_get_prop_string(context, 0, part);
+        duk_get_prop_string(context, 1, part);
+        if (duk_is_string(context, -1) == 0 || duk_is_string(context, -2) == 0)
+            return duk_type_error(context, "%s", "expected RegExp");
+        duk_remove(context, -2);
+        duk_def_prop(context, 0, DUK_DEFPROP_HAVE_VALUE | DUK_DEFPROP_FORCE);
+    }
+    return 0;
+}
+
 void PutFunction(duk_context* context, const char* name, duk_c_function function, duk_idx_t count) {
     duk_push_c_function(context, function, count);
     duk_put_prop_string(context, -2, name);
@@ -75,6 +89,7 @@ void PushNatives(duk_context* context) {
     PutFunction(context, "fail", Fail, 2);
     PutFunction(context, "elements", Elements, 1);
     PutFunction(context, "create", Create, 1);
+    PutFunction(context, "become", Become, 2);
     PutFunction(context, "thrown", Thrown, 1);
 }
 

@@ -1,6 +1,7 @@
 #include "jscript/Rewriter.h"
 
 #include <algorithm>
+#include <array>
 
 #include "jscript/Brackets.h"
 #include "jscript/TextEdits.h"
@@ -70,7 +71,7 @@ class Rewriting {
         if (!Is(word + 1, "(") || name.text.find('\\') != std::string_view::npos)
             return;
         const std::size_t closing = ClosingOf(word + 1);
-        const bool isAssigned = IsAssignment(closing + 1);
+        const bool isAssigned = IsAssignment(closing + 1) || IsStep(closing);
         Replace(m_tokens[word - 1], "");
         Replace(name, (isAssigned ? "[$put(\"" : "[$called(\"") + std::string(name.text) + "\")]");
         if (isAssigned)
@@ -99,9 +100,32 @@ class Rewriting {
         return m_tokens.size();
     }
 
-    // One equals sign and no more.
+    // An equals sign, alone or at the end of an operator that reads what it writes.
     bool IsAssignment(std::size_t i) const {
-        return Is(i, "=") && !(Is(i + 1, "=") && m_tokens[i + 1].offset == m_tokens[i].offset + 1);
+        const std::string_view marks = MarksFrom(i);
+        const std::size_t before = std::min(marks.find('='), marks.size());
+        static constexpr std::array<std::string_view, 12> operators{"",  "+", "-", "*",  "/",  "%",
+                                                                    "&", "|", "^", "<<", ">>", ">>>"};
+        return before < marks.size() && !marks.substr(before + 1).starts_with('=') &&
+               std::ranges::find(operators, marks.substr(0, before)) != operators.end();
+    }
+
+    // `object.Item(x)++`, on one line.
+    bool IsStep(std::size_t closing) const {
+        const std::string_view marks = MarksFrom(closing + 1);
+        return (marks.starts_with("++") || marks.starts_with("--")) &&
+               IsOnLineOf(m_tokens[closing], m_tokens[closing + 1]);
+    }
+
+    // The marks that stand one behind the other from there, as many as an operator can have and one more.
+    std::string_view MarksFrom(std::size_t first) const {
+        constexpr std::size_t most = 5;
+        std::size_t count = 0;
+        while (count < most && first + count < m_tokens.size() &&
+               m_tokens[first + count].kind == TokenKind::Mark &&
+               m_tokens[first + count].offset == m_tokens[first].offset + count)
+            ++count;
+        return count == 0 ? std::string_view() : m_script.substr(m_tokens[first].offset, count);
     }
 
     void FreeWord(std::size_t word) {

@@ -102,6 +102,19 @@ TEST_F(JScriptHostTest, PropertiesWithParametersAreWritten) {
         host.Run("restore", arguments);
         EXPECT_EQ(Evaluate("library.Books(1).Title"), "Emma");
     }
+    host.AddObject("tally", MakeObject<Tally>());
+    const std::pair<const char*, const char*> rows[] = {
+        {"tally.Of('a') += 5; tally.Of('a')", "5"},
+        {"tally.Of('a') -= 2; tally.Of('a') *= 7; tally.Of('a') >>>= 1; tally.Of('a')", "10"},
+        {"tally.Of('b') = 3; tally.Of('a') /= tally.Of('b') + 2; tally.Of('a')", "2"},
+        {"tally.Of('a')++ + tally.Of('a')", "5"},
+        {"var n = 'x'; tally.Of(n)--; tally.Of(n += 'y') ^= 3; tally.Of('x') + ',' + tally.Of('xy')", "-1,3"},
+        {"tally('z') |= 6; tally('z') &= 3; tally.Of('z')", "2"},
+        {"tally.Of('z') <= 2 && tally.Of('z') == 2 && tally.Of('z') >= 2", "True"},
+        {"var o = { m: function () { return 1; } }; o.m(1) += 5", "#5003 Cannot assign to a function result"},
+    };
+    for (const auto& [expression, result] : rows)
+        EXPECT_EQ(Evaluate(expression), result) << expression;
     EXPECT_EQ(NumberOf("library.Books.Item(9) = library.Books(1);"), 9);
     EXPECT_EQ(NumberOf("library.Books.Item(1) = 5;"), 424);
     EXPECT_EQ(NumberOf("function f() { return {}; } f(1) = 5;"), 5003);
@@ -241,7 +254,23 @@ TEST_F(JScriptHostTest, FailuresHaveTheNumbersThatUsersKnow) {
         {"var o = {}; new o", 445},
         {"new Array(-1)", 5029},
         {"decodeURI('%')", 5025},
+        {"encodeURI('\\ud800')", 5024},
+        {"encodeURIComponent('a\\udc00')", 5024},
+        {"decodeURIComponent('%c3')", 5025},
         {"(1).toFixed(200)", 5026},
+        {"(1).toExponential(-1)", 5026},
+        {"(1).toPrecision(0)", 5027},
+        {"(1).toPrecision({ valueOf: function () { throw new RangeError('own'); } })", 5},
+        {"Number.prototype.toFixed.call('x')", 5001},
+        {"String.prototype.toString.call(1)", 5005},
+        {"Boolean.prototype.valueOf.call(1)", 5010},
+        {"1 instanceof {}", 5002},
+        {"var f = function () { }; f.prototype = 1; ({}) instanceof f", 5023},
+        {"Enumerator.prototype.item.call({})", 5015},
+        {"VBArray.prototype.ubound.call([])", 5013},
+        {"RegExp.prototype.compile.call({}, 'x')", 5016},
+        {"/x/.compile(Object.create(RegExp.prototype))", 5016},
+        {"/x/.compile('*')", 5018},
         {"throw 'x'", 5022},
         {"throw { number: 7, description: 'own' }", 7},
         {"throw new Error(1234, 'own')", 1234},
@@ -518,6 +547,17 @@ TEST_F(JScriptHostTest, TheLanguageIsTheOldOne) {
          "bcbcd1"},
         {"'a1b2'.replace(/[a-z](\\d)/g, ''); RegExp.$1 + RegExp.leftContext", "2a1"},
         {"'x'.search(/y/); RegExp.$1", "2"},
+        {"var r = /a/g; r.test('xa'); r.compile('B+', 'i'); r.source + r.global + r.ignoreCase + r.lastIndex "
+         "+ "
+         "r.exec('abbc')[0]",
+         "B+falsetrue0bb"},
+        {"r.compile(/c/m) === r && r.multiline && r.test('c') && !r.test('b')", "True"},
+        {"parseInt('010') + parseInt(' -017') + parseInt('08') + parseInt('0x1F') + parseInt('010', 0)",
+         "32"},
+        {"parseInt('010', 10) + parseInt('0') + parseInt('0.9') + parseInt('10')", "20"},
+        {"encodeURI('\\u00e9 /') + encodeURIComponent('/') + decodeURI('%C3%A9')", "%C3%A9%20/%2F\xC3\xA9"},
+        {"1.005.toFixed(2).length + (255).toPrecision(2) + (1.5).toExponential() + (2).toFixed()",
+         "42.6e+21.5e+02"},
         {"try { nobody() } catch (e) { e.message }", "Object expected"},
         {"try { nobody } catch (e) { e.description + (e.number & 0xFFFF) }", "'nobody' is undefined5009"},
         {"new Error('own').number + new Error(7, 'x').number", "7"},

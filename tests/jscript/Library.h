@@ -1,6 +1,7 @@
 // Late-bound objects for the tests of the script host: a library with shelves of books.
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -118,6 +119,25 @@ class Shelf final : public Named {
 
   private:
     std::vector<ObjectRef> m_books;
+};
+
+// Of(key), the default: a number that is read and written, 0 at first.
+class Tally final : public Named {
+  public:
+    Tally()
+        : Named({"Of"}) {}
+
+    std::string TypeName() const override { return "Tally"; }
+    Value Invoke(MemberId, InvokeKind kind, std::span<Value> arguments) override {
+        Require(arguments.size() == (Writes(kind) ? 2 : 1), numbers::WrongArgumentCount);
+        Value& number = m_numbers.try_emplace(arguments[0].As<std::string>(), std::int32_t{0}).first->second;
+        if (Writes(kind))
+            number = arguments[1];
+        return number;
+    }
+
+  private:
+    std::map<std::string, Value> m_numbers;
 };
 
 // Books; Keep(value) remembers and gives back; Kept; Do(action) runs what the test set.

@@ -29,6 +29,11 @@
         }
         return match;
     });
+    hide(RegExp.prototype, 'compile', function (pattern, flags) {
+        native.become(this, pattern instanceof RegExp && flags === undefined ? pattern : new RegExp(pattern, flags));
+        this.lastIndex = 0;
+        return this;
+    });
     hide(RegExp.prototype, 'test', function (text) { return this.exec(text) !== null; });
     ['match', 'replace', 'search'].forEach(function (name) {
         var original = String.prototype[name];
