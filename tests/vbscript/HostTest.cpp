@@ -201,7 +201,7 @@ TEST_F(Host, LoopsAndArraysDoNotTakeAMemberForAVariable) {
         EXPECT_EQ(host.Eval("Name"), Value("quillon"));
     }
     host.AddCode("Dim Name");
-    host.AddCode("For Name = 1 To 2 : Next : ReDim Items(Name) : n = UBound(Items)");
+    host.AddCode("For Name = 1 To 2 : Next : ReDim list(Name) : n = UBound(list)");
     EXPECT_EQ(host.Eval("Name & n & o.Name"), Value("33quillon"));
 }
 
