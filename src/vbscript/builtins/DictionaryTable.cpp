@@ -59,7 +59,7 @@ DictionaryTable::Entry* DictionaryTable::Find(const Variant& key, KeyRule rule) 
 DictionaryTable::Entry& DictionaryTable::AddSlot(const Variant& key) noexcept {
     const std::size_t slot = IsIndexed() ? TheIndex().slots++ : m_block->count;
     ++m_block->count;
-    return *std::construct_at(Entries() + slot, key, Variant());
+    return *new (Entries() + slot) Entry{key, Variant()};
 }
 
 DictionaryTable::Entry& DictionaryTable::Append(const Variant& key, KeyRule rule) {

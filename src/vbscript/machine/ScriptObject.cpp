@@ -113,7 +113,7 @@ void ObjectRegistry::AddPage() {
         throw Failure(numbers::OutOfMemory);
     if (number == pages.size())
         pages.push_back(nullptr);
-    auto page = std::make_unique<Page>(this);
+    auto page = std::make_unique<Page>(Page{this, {}});
     m_pages.push_back(static_cast<std::uint32_t>(number));
     pages[number] = page.release();
     s_table->firstFree = number + 1;
