@@ -102,23 +102,23 @@ void UnhexBytes(sqlite3_context* context, int, sqlite3_value** values) {
     ResultDatum(context, bytes, bytes.Type());
 }
 
-// Whether an expression speaks of a column.
+std::string TextOf(sqlite3_value* value) {
+    const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    return bytes == nullptr ? std::string() : std::string(bytes);
+}
+
+// Whether an expression speaks of a column; with the name of the collation that names compare by.
 void Mentions(sqlite3_context* context, int, sqlite3_value** values) {
-    const auto text = [&](int index) {
-        const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(values[index]));
-        return bytes == nullptr ? std::string() : std::string(bytes);
-    };
-    sqlite3_result_int(context, MentionsName(text(0), text(1)));
+    const NameRule rule(FindCollation(TextOf(values[2])));
+    sqlite3_result_int(context, rule.IsMentioned(TextOf(values[1]), TextOf(values[0])));
 }
 
 // [database, schema, name, is changed] of each object that a module's text names.
 void References(sqlite3_context* context, int, sqlite3_value** values) {
-    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(values[0]));
+    const NameRule rule(FindCollation(TextOf(values[1])));
     nlohmann::json list = nlohmann::json::array();
-    if (text != nullptr)
-        for (const NamedReference& reference : NamedReferences(text))
-            list.push_back(
-                {reference.database, reference.schema, reference.name, reference.isChanged ? 1 : 0});
+    for (const NamedReference& reference : NamedReferences(TextOf(values[0]), rule))
+        list.push_back({reference.database, reference.schema, reference.name, reference.isChanged ? 1 : 0});
     Answer(context, list.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
 }
 
@@ -150,8 +150,8 @@ void RegisterCatalogueSources(sqlite3* connection, const CatalogueSources& sourc
     add("quillon_messages", 0, Messages);
     add("quillon_server_name", 0, ServerName);
     add("unhex_bytes", 1, UnhexBytes);
-    add("quillon_mentions", 2, Mentions);
-    add("quillon_references", 1, References);
+    add("quillon_mentions", 3, Mentions);
+    add("quillon_references", 2, References);
     add("quillon_row_count", 1, RowCount);
 }
 

@@ -152,10 +152,10 @@ std::string Expand(const std::string& fragment) {
                "(SELECT t.object_id FROM q_object t JOIN q_schema s ON s.database_id = t.database_id AND "
                "s.schema_id = t.schema_id WHERE t.database_id = o.database_id AND t.type IN ('U', 'V', 'P', "
                "'FN', 'IF', 'TF', 'SN') AND json_extract(n.value, '$[0]') = '' AND t.name = "
-               "json_extract(n.value, '$[2]') COLLATE CI_AS AND s.name = "
-               "coalesce(nullif(json_extract(n.value, '$[1]'), ''), 'dbo') COLLATE CI_AS) "
+               "json_extract(n.value, '$[2]') COLLATE {order} AND s.name = "
+               "coalesce(nullif(json_extract(n.value, '$[1]'), ''), 'dbo') COLLATE {order}) "
                "FROM q_module m JOIN q_object o ON o.object_id = m.object_id AND o.database_id = {db} "
-               "JOIN json_each(quillon_references(m.definition)) n)";
+               "JOIN json_each(quillon_references(m.definition, {collation})) n)";
     if (key == "keys")
         return ForeignKeyColumns(argument);
     if (key == "scope")
@@ -245,7 +245,8 @@ std::vector<SystemColumn> ParseColumns(std::string_view text) {
         const bool isNeverNull = item.front() == '!';
         item.remove_prefix(isNeverNull);
         const std::size_t blank = item.find(' ');
-        columns.push_back({item.substr(0, blank), TypeOfDeclaration(Trim(item.substr(blank))), !isNeverNull});
+        const std::string_view type = Trim(item.substr(blank));
+        columns.push_back({item.substr(0, blank), TypeOfDeclaration(type), !isNeverNull, type == "sysname"});
     }
     return columns;
 }
@@ -323,13 +324,14 @@ class Views final : public SystemViews {
              types.legacy});
     }
 
-    const SystemView* Find(std::string_view schema, std::string_view name) const override {
+    const SystemView* Find(std::string_view schema, std::string_view name,
+                           const NameRule& rule) const override {
         for (const SystemView& view : m_views) {
             const bool isOlder = view.schema == "dbo";
             const bool fits = schema.empty()
                                   ? isOlder
-                                  : SameName(schema, view.schema) || (isOlder && SameName(schema, "sys"));
-            if (fits && SameName(name, view.name))
+                                  : rule.Same(schema, view.schema) || (isOlder && rule.Same(schema, "sys"));
+            if (fits && rule.Same(name, view.name))
                 return &view;
         }
         return nullptr;

@@ -21,8 +21,9 @@ constexpr std::string_view fillers[] = {"INTO", "FROM", "TOP", "PERCENT"};
 
 class ReferenceReader {
   public:
-    explicit ReferenceReader(std::string_view text)
+    ReferenceReader(std::string_view text, const NameRule& rule)
         : m_text(text)
+        , m_rule(rule)
         , m_tokens(tsql::Tokenize(text)) {}
 
     std::vector<NamedReference> Read() {
@@ -107,10 +108,10 @@ class ReferenceReader {
         parts.insert(parts.begin(), 3 - parts.size(), std::string());
         if (IsWord(at, "AS"))
             ++at;
-        if (IsName(at) && !SameName(tsql::TokenValue(m_text, m_tokens[at]), parts.back()))
+        if (IsName(at) && !m_rule.Same(tsql::TokenValue(m_text, m_tokens[at]), parts.back()))
             m_aliases.push_back(tsql::TokenValue(m_text, m_tokens[at]));
         const auto known = std::find_if(m_found.begin(), m_found.end(), [&](const NamedReference& reference) {
-            return SameName(reference.name, parts[2]) && SameName(reference.schema, parts[1]) &&
+            return m_rule.Same(reference.name, parts[2]) && m_rule.Same(reference.schema, parts[1]) &&
                    SameName(reference.database, parts[0]);
         });
         if (known != m_found.end())
@@ -124,7 +125,7 @@ class ReferenceReader {
         std::erase_if(m_found, [&](const NamedReference& reference) {
             return reference.schema.empty() &&
                    std::any_of(m_aliases.begin(), m_aliases.end(),
-                               [&](const std::string& alias) { return SameName(alias, reference.name); });
+                               [&](const std::string& alias) { return m_rule.Same(alias, reference.name); });
         });
     }
 
@@ -144,6 +145,7 @@ class ReferenceReader {
     }
 
     std::string_view m_text;
+    NameRule m_rule;
     std::vector<Token> m_tokens;
     std::vector<NamedReference> m_found;
     std::vector<std::string> m_aliases;
@@ -152,9 +154,9 @@ class ReferenceReader {
 
 } // namespace
 
-std::vector<NamedReference> NamedReferences(std::string_view definition) {
+std::vector<NamedReference> NamedReferences(std::string_view definition, const NameRule& rule) {
     try {
-        return ReferenceReader(definition).Read();
+        return ReferenceReader(definition, rule).Read();
     } catch (const SqlError&) {
         return {};
     }

@@ -2,6 +2,8 @@
 // modules whose objects are gone, and those not yet there, tell their names too.
 #pragma once
 
+#include "practice/values/NameRule.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,7 +15,7 @@ struct NamedReference {
     bool isChanged = false;             // INSERT, UPDATE, DELETE, MERGE or TRUNCATE
 };
 // Each name once, in the order of the text; temporary tables and table variables are none. An unreadable text
-// has none.
-std::vector<NamedReference> NamedReferences(std::string_view definition);
+// has none. `rule` tells which names are the same.
+std::vector<NamedReference> NamedReferences(std::string_view definition, const NameRule& rule);
 
 } // namespace quillon::practice

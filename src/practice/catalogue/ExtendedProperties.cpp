@@ -37,7 +37,7 @@ void PlaceInTable(const Table& table, const Level& level, Bearer& bearer) {
         }
     } else if (SameName(level.type, "CONSTRAINT")) {
         for (const auto& [name, constraint] : ConstraintsOf(table))
-            if (SameName(name, level.name)) {
+            if (table.nameRule.Same(name, level.name)) {
                 bearer.place.major = constraint.id;
                 return;
             }
@@ -62,9 +62,10 @@ void PlaceInObject(NativeHost& host, const SchemaObject& object, const Level& le
     const bool isParameter = SameName(level.type, "PARAMETER");
     if (module == nullptr || (!isParameter && !SameName(level.type, "COLUMN")))
         NoSuchBearer(bearer.name);
+    const NameRule rule = isParameter ? NameRule() : module->nameRule;
     const auto place = [&](const auto& list) {
         for (std::size_t index = 0; index < list.size(); ++index)
-            if (SameName(list[index].name, level.name)) {
+            if (rule.Same(list[index].name, level.name)) {
                 bearer.place.securableClass = isParameter ? 2 : 1;
                 bearer.place.minor = static_cast<int>(index) + 1;
                 return true;
@@ -104,9 +105,10 @@ Bearer FindBearer(NativeHost& host, const Level (&levels)[3]) {
     return bearer;
 }
 
-bool IsAt(const ExtendedProperty& property, const ExtendedProperty& place, std::string_view name) {
+bool IsAt(const ExtendedProperty& property, const ExtendedProperty& place, std::string_view name,
+          const NameRule& rule) {
     return property.securableClass == place.securableClass && property.major == place.major &&
-           property.minor == place.minor && SameName(property.name, name);
+           property.minor == place.minor && rule.Same(property.name, name);
 }
 
 } // namespace
@@ -125,13 +127,15 @@ int ChangeProperty(NativeHost& host, std::span<const Datum> arguments) {
     const DatabaseId id = host.CurrentDatabase();
     const auto view = host.Store().View();
     const std::vector<ExtendedProperty>& all = view->FindDatabase(id)->properties;
-    const bool isThere = std::any_of(
-        all.begin(), all.end(), [&](const ExtendedProperty& one) { return IsAt(one, bearer.place, name); });
+    const auto isMeant = [&, rule = view->FindDatabase(id)->Rule()](const ExtendedProperty& one) {
+        return IsAt(one, bearer.place, name, rule);
+    };
+    const bool isThere = std::any_of(all.begin(), all.end(), isMeant);
     if (isThere == (action == "add"))
         throw SqlError(isThere ? 15233 : 15217, {name, bearer.name});
     host.Store().Change([&](CatalogueEditor& editor) {
         std::vector<ExtendedProperty>& list = editor.EditDatabase(id).properties;
-        std::erase_if(list, [&](const ExtendedProperty& one) { return IsAt(one, bearer.place, name); });
+        std::erase_if(list, isMeant);
         if (action != "drop")
             list.push_back(property);
     });

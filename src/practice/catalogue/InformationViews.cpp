@@ -132,7 +132,7 @@ constexpr ViewDefinition rows[] = {
      "WHERE o.database_id = {db} AND o.type = 'F' UNION ALL "
      "SELECT d.name, s.name, t.name, c.name, d.name, s.name, o.name FROM q_object o {scope} "
      "JOIN q_object t ON t.object_id = o.parent_object_id JOIN q_check k ON k.object_id = o.object_id "
-     "JOIN q_column c ON c.object_id = t.object_id AND quillon_mentions(k.definition, c.name) "
+     "JOIN q_column c ON c.object_id = t.object_id AND quillon_mentions(k.definition, c.name, {collation}) "
      "WHERE o.database_id = {db} AND o.type = 'C'"},
     {"INFORMATION_SCHEMA", "CONSTRAINT_TABLE_USAGE",
      "TABLE_CATALOG sysname, TABLE_SCHEMA sysname, !TABLE_NAME sysname, CONSTRAINT_CATALOG sysname, "

@@ -7,7 +7,7 @@ namespace {
 
 constexpr ViewDefinition rows[] = {
     {"dbo", "sysdatabases",
-     "!name sysname, dbid smallint, sid varbinary(85), mode smallint, status int, status2 int, !crdate "
+     "!name nvarchar(128), dbid smallint, sid varbinary(85), mode smallint, status int, status2 int, !crdate "
      "datetime, "
      "reserved datetime, category int, cmptlevel tinyint, filename nvarchar(260), version smallint",
      "SELECT d.name, d.database_id, x'01', 0, CASE WHEN {option:RECOVERY} = 'SIMPLE' THEN 65544 ELSE 65536 "
@@ -17,9 +17,11 @@ constexpr ViewDefinition rows[] = {
     {"dbo", "syslogins",
      "sid varbinary(85), status smallint, createdate datetime, updatedate datetime, accdate datetime, totcpu "
      "int, "
-     "totio int, spacelimit int, timelimit int, resultlimit int, !name sysname, dbname sysname, password "
+     "totio int, spacelimit int, timelimit int, resultlimit int, !name nvarchar(128), dbname nvarchar(128), "
+     "password "
      "nvarchar(128), "
-     "language sysname, denylogin int, hasaccess int, isntname int, isntgroup int, isntuser int, sysadmin "
+     "language nvarchar(128), denylogin int, hasaccess int, isntname int, isntgroup int, isntuser int, "
+     "sysadmin "
      "int, "
      "securityadmin int, serveradmin int, setupadmin int, processadmin int, diskadmin int, dbcreator int, "
      "bulkadmin int, "
@@ -51,7 +53,8 @@ constexpr ViewDefinition rows[] = {
      "SELECT json_extract(value, '$[0]'), json_extract(value, '$[1]'), 0, substr(json_extract(value, "
      "'$[2]'), 1, 255), "
      "1033 FROM json_each(quillon_messages())"},
-    {"dbo", "sysservers", "!srvid smallint, !srvname sysname, srvproduct nvarchar(128), !srvnetname char(30)",
+    {"dbo", "sysservers",
+     "!srvid smallint, !srvname nvarchar(128), srvproduct nvarchar(128), !srvnetname char(30)",
      "SELECT 0, quillon_server_name(), NULL, substr(quillon_server_name(), 1, 30)"},
 };
 

@@ -82,20 +82,6 @@ std::shared_ptr<Object> CopyOf(const std::shared_ptr<const SchemaObject>& object
     return typed ? std::make_shared<Object>(*typed) : nullptr;
 }
 
-std::shared_ptr<SchemaObject> CopyAny(const std::shared_ptr<const SchemaObject>& object) {
-    if (auto copy = CopyOf<Trigger>(object))
-        return copy;
-    if (auto copy = CopyOf<Table>(object))
-        return copy;
-    if (auto copy = CopyOf<Module>(object))
-        return copy;
-    if (auto copy = CopyOf<Synonym>(object))
-        return copy;
-    if (auto copy = CopyOf<TextObject>(object))
-        return copy;
-    return CopyOf<AliasType>(object);
-}
-
 [[noreturn]] void NoSuchItem(NativeHost& host, const std::string& name, const std::string& type) {
     const Database* database = host.Store().View()->FindDatabase(host.CurrentDatabase());
     throw SqlError(15225, {name, database->name, type.empty() ? "(null)" : type});
@@ -111,10 +97,10 @@ int RenameColumn(NativeHost& host, const std::string& name, const std::string& n
     if (!table || table->FindColumn(target.member) == nullptr)
         throw SqlError(15248, {"COLUMN"});
     const Column* taken = table->FindColumn(newName);
-    if (taken != nullptr && !SameName(newName, target.member))
+    if (taken != nullptr && !table->nameRule.Same(newName, target.member))
         throw SqlError(15335, {newName, "COLUMN"});
     for (Column& column : table->columns)
-        if (SameName(column.name, target.member))
+        if (table->nameRule.Same(column.name, target.member))
             column.name = newName;
     Put(host, table);
     return 0;
@@ -125,10 +111,10 @@ int RenameIndex(NativeHost& host, const std::string& name, const std::string& ne
     const auto table = CopyOf<Table>(target.object);
     if (!table || table->FindIndex(target.member) == nullptr)
         throw SqlError(15248, {"INDEX"});
-    if (table->FindIndex(newName) != nullptr && !SameName(newName, target.member))
+    if (table->FindIndex(newName) != nullptr && !table->nameRule.Same(newName, target.member))
         throw SqlError(15335, {newName, "INDEX"});
     for (Index& index : table->indexes)
-        if (SameName(index.name, target.member))
+        if (table->nameRule.Same(index.name, target.member))
             index.name = newName;
     Put(host, table);
     return 0;
@@ -191,9 +177,9 @@ int RenameObject(NativeHost& host, const std::string& name, const std::string& n
         return table->FindColumn(SplitName(name)->back()) != nullptr ? RenameColumn(host, name, newName)
                                                                      : RenameIndex(host, name, newName);
     }
-    if (!SameName(target.object->name, newName))
+    if (!target.object->nameRule.Same(target.object->name, newName))
         RequireFree(host, target.object->schema, newName);
-    const auto copy = CopyAny(target.object);
+    const auto copy = practice::CopyOf(*target.object);
     copy->name = newName;
     Put(host, copy);
     return 0;
@@ -289,7 +275,7 @@ int Bind(NativeHost& host, std::span<const Datum> arguments) {
     if (!table || table->FindColumn(target.member) == nullptr)
         throw SqlError(15104, {columnName, target.member});
     for (Column& column : table->columns)
-        if (SameName(column.name, target.member))
+        if (table->nameRule.Same(column.name, target.member))
             (isDefault ? column.defaultObject : column.ruleObject) = bound;
     Put(host, table);
     return 0;

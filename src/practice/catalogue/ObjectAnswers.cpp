@@ -20,7 +20,7 @@ Datum SystemViewId(const Question& q) {
     if (!parts || parts->empty() || (q.Count() > 1 && !SameName(Trimmed(q.Text(1)), "V")))
         return {};
     const std::string schema = parts->size() > 1 ? (*parts)[parts->size() - 2] : std::string();
-    const SystemView* found = CatalogueViews().Find(schema, parts->back());
+    const SystemView* found = CatalogueViews().Find(schema, parts->back(), q.Current().Rule());
     const auto all = AllCatalogueViews();
     const auto at = std::find(all.begin(), all.end(), found);
     return at == all.end() ? Datum() : Datum::Int(-101 - (at - all.begin()));
@@ -88,35 +88,27 @@ Datum ObjectDefinitionOf(const Question& q) {
     return {};
 }
 
-// The columns of a table or of a view.
-const std::vector<Column>* ColumnsOf(const Question& q, std::int64_t id) {
+// A column of a table or of a view, by its name or number; nullptr when there is none.
+template <class Key>
+const Column* ColumnOf(const Question& q, std::int64_t id, const Key& key) {
     if (const auto table = q.FindTable(id))
-        return &table->columns; // the catalogue of the session keeps it alive
-    if (const auto module = q.here.store.View()->FindModule(static_cast<ObjectId>(id)))
-        return &module->columns;
-    return nullptr;
+        return table->FindColumn(key); // the catalogue of the session keeps it alive
+    const auto module = q.here.store.View()->FindModule(static_cast<ObjectId>(id));
+    return module ? module->FindColumn(key) : nullptr;
 }
 
 Datum ColumnLengthOf(const Question& q) {
     if (q.IsNull(0) || q.IsNull(1))
         return {};
-    const auto* columns = ColumnsOf(q, q.ObjectByName(q.Text(0)));
-    if (columns != nullptr)
-        for (const Column& column : *columns)
-            if (SameName(column.name, q.Text(1)))
-                return Datum::Integer(TypeId::SmallInt, column.type.StorageBytes());
-    return {};
+    const Column* column = ColumnOf(q, q.ObjectByName(q.Text(0)), q.Text(1));
+    return column == nullptr ? Datum() : Datum::Integer(TypeId::SmallInt, column->type.StorageBytes());
 }
 
 Datum ColumnNameOf(const Question& q) {
     if (q.IsNull(0) || q.IsNull(1))
         return {};
-    const auto* columns = ColumnsOf(q, q.Number(0));
-    if (columns != nullptr)
-        for (const Column& column : *columns)
-            if (column.id == q.Number(1))
-                return NameDatum(column.name);
-    return {};
+    const Column* column = ColumnOf(q, q.Number(0), static_cast<int>(q.Number(1)));
+    return column == nullptr ? Datum() : NameDatum(column->name);
 }
 
 const Column* IdentityColumnByName(const Question& q, std::shared_ptr<const Table>& table) {

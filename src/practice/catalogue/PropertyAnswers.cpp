@@ -240,12 +240,8 @@ Datum ColumnPropertyOf(const Question& q) {
         for (const ModuleParameter& parameter : module->parameters)
             if (SameName(parameter.name, name))
                 return Flag(parameter.output);
-    const std::vector<Column>* columns = table ? &table->columns : module ? &module->columns : nullptr;
-    if (columns != nullptr)
-        for (const Column& column : *columns)
-            if (SameName(column.name, name))
-                return PropertyOfColumn(column, property);
-    return {};
+    const Column* column = table ? table->FindColumn(name) : module ? module->FindColumn(name) : nullptr;
+    return column == nullptr ? Datum() : PropertyOfColumn(*column, property);
 }
 
 Datum IndexPropertyOf(const Question& q) {

@@ -37,10 +37,11 @@ constexpr ViewDefinition rows[] = {
      "p.permission_name, p.state, CASE p.state WHEN 'D' THEN 'DENY' WHEN 'W' THEN 'GRANT_WITH_GRANT_OPTION' "
      "ELSE 'GRANT' END FROM q_permission p WHERE p.database_id = {db}"},
     {"sys", "server_principals",
-     "!name sysname, !principal_id int, sid varbinary(85), !type char(1), type_desc nvarchar(60), "
+     "!name nvarchar(128), !principal_id int, sid varbinary(85), !type char(1), type_desc nvarchar(60), "
      "is_disabled bit, "
-     "!create_date datetime, !modify_date datetime, default_database_name sysname, default_language_name "
-     "sysname, "
+     "!create_date datetime, !modify_date datetime, default_database_name nvarchar(128), "
+     "default_language_name "
+     "nvarchar(128), "
      "credential_id int, owning_principal_id int, !is_fixed_role bit",
      "SELECT {login:name}, {login:id}, {sid}, 'S', 'SQL_LOGIN', {login:disabled}, {login:created}, "
      "{login:modified}, "
@@ -51,10 +52,11 @@ constexpr ViewDefinition rows[] = {
      "NULL, NULL, "
      "NULL, 1, 1"},
     {"sys", "sql_logins",
-     "!name sysname, !principal_id int, sid varbinary(85), !type char(1), type_desc nvarchar(60), "
+     "!name nvarchar(128), !principal_id int, sid varbinary(85), !type char(1), type_desc nvarchar(60), "
      "is_disabled bit, "
-     "!create_date datetime, !modify_date datetime, default_database_name sysname, default_language_name "
-     "sysname, credential_id int, is_policy_checked bit, is_expiration_checked bit, password_hash "
+     "!create_date datetime, !modify_date datetime, default_database_name nvarchar(128), "
+     "default_language_name "
+     "nvarchar(128), credential_id int, is_policy_checked bit, is_expiration_checked bit, password_hash "
      "varbinary(256)",
      "SELECT {login:name}, {login:id}, {sid}, 'S', 'SQL_LOGIN', {login:disabled}, {login:created}, "
      "{login:modified}, "

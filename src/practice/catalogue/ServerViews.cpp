@@ -13,8 +13,8 @@ constexpr const char* fileColumns =
 
 constexpr ViewDefinition rows[] = {
     {"sys", "databases",
-     "!name sysname, !database_id int, source_database_id int, owner_sid varbinary(85), !create_date "
-     "datetime, !compatibility_level tinyint, collation_name sysname, user_access tinyint, "
+     "!name nvarchar(128), !database_id int, source_database_id int, owner_sid varbinary(85), !create_date "
+     "datetime, !compatibility_level tinyint, collation_name nvarchar(128), user_access tinyint, "
      "user_access_desc nvarchar(60), is_read_only bit, !is_auto_close_on bit, is_auto_shrink_on bit, "
      "state tinyint, state_desc nvarchar(60), is_in_standby bit, is_cleanly_shutdown bit, "
      "is_supplemental_logging_enabled bit, snapshot_isolation_state tinyint, "
@@ -92,18 +92,19 @@ constexpr ViewDefinition rows[] = {
      "!name sysname, !data_space_id int, !type char(2), type_desc nvarchar(60), is_default bit",
      "SELECT 'PRIMARY', 1, 'FG', 'ROWS_FILEGROUP', 1"},
     {"sys", "servers",
-     "!server_id int, !name sysname, product sysname, provider sysname, data_source nvarchar(4000), "
-     "location nvarchar(4000), provider_string nvarchar(4000), catalog sysname, connect_timeout int, "
+     "!server_id int, !name nvarchar(128), product nvarchar(128), provider nvarchar(128), data_source "
+     "nvarchar(4000), "
+     "location nvarchar(4000), provider_string nvarchar(4000), catalog nvarchar(128), connect_timeout int, "
      "query_timeout int, !is_linked bit, !is_remote_login_enabled bit, !is_rpc_out_enabled bit, "
      "!is_data_access_enabled bit, !is_collation_compatible bit, !uses_remote_collation bit, "
-     "collation_name sysname, !lazy_schema_validation bit, !is_system bit, !is_publisher bit, "
+     "collation_name nvarchar(128), !lazy_schema_validation bit, !is_system bit, !is_publisher bit, "
      "is_subscriber bit, is_distributor bit, is_nonsql_subscriber bit, "
      "is_remote_proc_transaction_promotion_enabled bit, !modify_date datetime, is_rda_server bit",
      "SELECT 0, quillon_server_name(), 'SQL Server', 'SQLNCLI', quillon_server_name(), NULL, NULL, "
      "NULL, 0, 0, 0, 1, 1, 0, 0, 1, NULL, 0, 0, 0, 0, 0, 0, 0, 39812 * 25920000, 0"},
     {"sys", "master_files",
      "!database_id int, !file_id int, file_guid uniqueidentifier, !type tinyint, type_desc nvarchar(60), "
-     "!data_space_id int, !name sysname, !physical_name nvarchar(260), state tinyint, state_desc "
+     "!data_space_id int, !name nvarchar(128), !physical_name nvarchar(260), state tinyint, state_desc "
      "nvarchar(60), "
      "!size int, !max_size int, !growth int, !is_media_read_only bit, !is_read_only bit, !is_sparse bit, "
      "!is_percent_growth bit",

@@ -1,7 +1,8 @@
 // How a system view is written down in this room: its columns in one line, as DDL would list them, and its
-// SELECT with fragments in braces. Not for other rooms.
+// SELECT with fragments in braces. Names that belong to the database are sysname and compare by its
+// collation; those that belong to the server are nvarchar(128). Not for other rooms.
 //
-//   {db}            the number of the database looked at (the binder puts it in)
+//   {db}            the number of the database looked at (the binder puts it in; also {collation}, {order})
 //   {type_desc:x}   sys.objects.type_desc of a type code x
 //   {object:o}      the columns that all views over sys.objects begin with, of alias o of q_object
 //   {action:x}      the name of a referential action

@@ -119,22 +119,23 @@ std::string_view MadeBy(const tsql::Statement& statement) {
     return into.Empty() ? std::string_view() : into.Last();
 }
 
-bool IsCommonTable(const tsql::Statement& statement, std::string_view name) {
+bool IsCommonTable(const tsql::Statement& statement, std::string_view name, const NameRule& rule) {
     const std::vector<tsql::CommonTable>* all = CommonTablesOf(statement);
     return all != nullptr && std::any_of(all->begin(), all->end(),
-                                         [&](const auto& table) { return SameName(table.name, name); });
+                                         [&](const auto& table) { return rule.Same(table.name, name); });
 }
 
-bool IsRowSet(const SessionState& session, std::string_view name) {
+bool IsRowSet(const SessionState& session, std::string_view name, const NameRule& rule) {
     return session.frames.back()->trigger != nullptr &&
-           (SameName(name, "inserted") || SameName(name, "deleted"));
+           (rule.Same(name, "inserted") || rule.Same(name, "deleted"));
 }
 
-bool IsThere(SessionState& session, const tsql::Statement& statement, const NamedReference& reference) {
-    if (SameName(reference.schema, "sys") || SameName(reference.name, MadeBy(statement)))
+bool IsThere(SessionState& session, const tsql::Statement& statement, const NamedReference& reference,
+             const NameRule& rule) {
+    if (rule.Same(reference.schema, "sys") || rule.Same(reference.name, MadeBy(statement)))
         return true;
     if (reference.schema.empty() &&
-        (IsCommonTable(statement, reference.name) || IsRowSet(session, reference.name)))
+        (IsCommonTable(statement, reference.name, rule) || IsRowSet(session, reference.name, rule)))
         return true;
     tsql::Name name;
     for (const std::string& part : {reference.database, reference.schema, reference.name})
@@ -155,9 +156,10 @@ bool NamesWhatMayCome(SessionState& session, const FlowStep& step) {
     const std::string_view made = MadeBy(*step.statement);
     if (std::count(text.begin(), text.end(), '#') > std::count(made.begin(), made.end(), '#'))
         return true;
-    const std::vector<NamedReference> references = NamedReferences("BEGIN " + text);
+    const NameRule rule = session.store.View()->FindDatabase(session.database)->Rule();
+    const std::vector<NamedReference> references = NamedReferences("BEGIN " + text, rule);
     return !std::all_of(references.begin(), references.end(), [&](const NamedReference& reference) {
-        return IsThere(session, *step.statement, reference);
+        return IsThere(session, *step.statement, reference, rule);
     });
 }
 

@@ -2,67 +2,24 @@
 
 namespace quillon::practice {
 
-namespace {
-
-bool IsPlain(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
-char LowerPlain(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-} // namespace
-
-std::string FoldName(std::string_view name) {
-    if (!IsPlain(name))
-        return DefaultCollation()->Key(name);
-    std::string folded(name);
-    std::transform(folded.begin(), folded.end(), folded.begin(), LowerPlain);
-    return folded;
-}
-
-bool MentionsName(std::string_view text, std::string_view name) {
-    const std::string folded = FoldName(text);
-    const std::string wanted = FoldName(name);
-    const auto isPart = [](char c) {
-        return c == '_' || c == '@' || c == '#' || c == '$' || (c >= '0' && c <= '9') ||
-               (c >= 'a' && c <= 'z');
-    };
-    for (std::size_t at = folded.find(wanted); at != std::string::npos; at = folded.find(wanted, at + 1)) {
-        const std::size_t end = at + wanted.size();
-        if ((at == 0 || !isPart(folded[at - 1])) && (end == folded.size() || !isPart(folded[end])))
-            return true;
-    }
-    return false;
-}
-
-bool SameName(std::string_view left, std::string_view right) {
-    if (left == right)
-        return true;
-    if (IsPlain(left) && IsPlain(right))
-        return left.size() == right.size() &&
-               std::equal(left.begin(), left.end(), right.begin(),
-                          [](char a, char b) { return LowerPlain(a) == LowerPlain(b); });
-    return FoldName(left) == FoldName(right);
-}
-
 const Schema* Database::FindSchema(std::string_view schemaName) const {
+    const NameRule rule = Rule();
     for (const auto& [schemaId, schema] : schemas)
-        if (SameName(schema.name, schemaName))
+        if (rule.Same(schema.name, schemaName))
             return &schema;
     return nullptr;
 }
 
 const Principal* Database::FindPrincipal(std::string_view principalName) const {
+    const NameRule rule = Rule();
     for (const auto& [principalId, principal] : principals)
-        if (SameName(principal.name, principalName))
+        if (rule.Same(principal.name, principalName))
             return &principal;
     return nullptr;
 }
 
 const NamedObject* Database::FindName(SchemaId schema, std::string_view objectName) const {
-    return names.Find({schema, FoldName(objectName)});
+    return names.Find({schema, Rule().Key(objectName)});
 }
 
 std::string_view Database::SchemaName(SchemaId schema) const {

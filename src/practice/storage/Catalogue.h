@@ -3,7 +3,8 @@
 // one; a session that has made definitions in its open transaction sees its own until it commits or rolls
 // back. So a reader holds a consistent picture without a lock for as long as it keeps the pointer.
 //
-// Names compare without regard to case, whatever the collation of the database.
+// The names of what a database holds compare by its collation, those of the databases themselves by the
+// server's (NameRule.h).
 #pragma once
 
 #include "practice/storage/Definitions.h"
@@ -13,12 +14,6 @@
 #include <set>
 
 namespace quillon::practice {
-
-// A name as a key of maps: equal for names that differ in case alone.
-std::string FoldName(std::string_view name);
-// Whether the text of an expression holds the name as a word; what it means there is not looked at.
-bool MentionsName(std::string_view text, std::string_view name);
-bool SameName(std::string_view left, std::string_view right);
 
 struct NamedObject {
     ObjectId id = 0;
@@ -41,8 +36,9 @@ struct Database {
     std::vector<Permission> permissions;
     std::vector<ExtendedProperty> properties;
     PersistentMap<ObjectId, std::shared_ptr<const SchemaObject>> objects; // constraints are in their tables
-    PersistentMap<std::pair<SchemaId, std::string>, NamedObject> names;   // folded; constraints too
+    PersistentMap<std::pair<SchemaId, std::string>, NamedObject> names;   // keys of Rule; constraints too
 
+    NameRule Rule() const { return NameRule(collation); }
     const Schema* FindSchema(std::string_view schemaName) const;
     const Principal* FindPrincipal(std::string_view principalName) const;
     // Anything of that name in the schema, constraints too; nullptr when there is none.
@@ -99,8 +95,10 @@ class CatalogueEditor {
     void AddDatabase(Database database);
     void RenameDatabase(DatabaseId id, const std::string& name);
     void DropDatabase(DatabaseId id);
+    // The caller has made sure that names stay different.
+    void Collate(DatabaseId id, const Collation* collation);
     // Adds the object or puts it in the place of the one with its id; its `version` is set. Names are
-    // taken and freed; the caller has made sure that they are free (2714).
+    // taken and freed; the caller has made sure that they are free (2714). It gets its database's NameRule.
     void Put(std::shared_ptr<SchemaObject> object);
     void Drop(ObjectId id);
     // The table has a place for its rows from now on. No definition changes by that.

@@ -50,12 +50,26 @@ void CatalogueEditor::DropDatabase(DatabaseId id) {
     m_changedDatabases.insert(id);
 }
 
+void CatalogueEditor::Collate(DatabaseId id, const Collation* collation) {
+    Database& database = EditDatabase(id);
+    database.collation = collation;
+    database.names = {};
+    const auto before = database.objects;
+    for (const auto& [objectId, object] : before) {
+        const auto after = CopyOf(*object);
+        after->nameRule = database.Rule();
+        TakeNames(database, *after);
+        database.objects.Put(objectId, after);
+    }
+}
+
 void CatalogueEditor::Put(std::shared_ptr<SchemaObject> object) {
     if (const auto table = std::dynamic_pointer_cast<Table>(object))
         table->version = m_next->m_version;
     else if (const auto module = std::dynamic_pointer_cast<Module>(object))
         module->version = m_next->m_version;
     Database& database = Own(object->database);
+    object->nameRule = database.Rule();
     const ObjectId id = object->id;
     NoteChange(database, id);
     FreeNames(database, id);
@@ -82,13 +96,13 @@ void CatalogueEditor::NoteChange(const Database& database, ObjectId id) {
 }
 
 void CatalogueEditor::TakeNames(Database& database, const SchemaObject& object) {
-    database.names.Put({object.schema, FoldName(object.name)}, {object.id, 0, object.kind});
+    database.names.Put({object.schema, database.Rule().Key(object.name)}, {object.id, 0, object.kind});
     m_next->m_homes.Put(object.id, {database.id, object.id});
     const auto* table = dynamic_cast<const Table*>(&object);
     if (table == nullptr)
         return;
     for (const auto& [name, constraint] : ConstraintsOf(*table)) {
-        database.names.Put({object.schema, FoldName(name)}, constraint);
+        database.names.Put({object.schema, database.Rule().Key(name)}, constraint);
         m_next->m_homes.Put(constraint.id, {database.id, object.id});
     }
 }
@@ -99,13 +113,13 @@ void CatalogueEditor::FreeNames(Database& database, ObjectId id) {
         return;
     const std::shared_ptr<const SchemaObject> before = *found;
     const SchemaObject& object = *before;
-    database.names.Erase({object.schema, FoldName(object.name)});
+    database.names.Erase({object.schema, database.Rule().Key(object.name)});
     m_next->m_homes.Erase(object.id);
     const auto* table = dynamic_cast<const Table*>(&object);
     if (table == nullptr)
         return;
     for (const auto& [name, constraint] : ConstraintsOf(*table)) {
-        database.names.Erase({object.schema, FoldName(name)});
+        database.names.Erase({object.schema, database.Rule().Key(name)});
         m_next->m_homes.Erase(constraint.id);
     }
 }

@@ -14,6 +14,12 @@ std::string ColumnStorage(int columnId) {
 
 namespace {
 
+template <class Object>
+std::shared_ptr<SchemaObject> CopyAs(const SchemaObject& object) {
+    const auto* typed = dynamic_cast<const Object*>(&object);
+    return typed == nullptr ? nullptr : std::make_shared<Object>(*typed);
+}
+
 template <class Range, class Matches>
 auto FindIn(const Range& range, Matches matches) -> decltype(&*range.begin()) {
     const auto found = std::find_if(range.begin(), range.end(), matches);
@@ -22,8 +28,17 @@ auto FindIn(const Range& range, Matches matches) -> decltype(&*range.begin()) {
 
 } // namespace
 
+std::shared_ptr<SchemaObject> CopyOf(const SchemaObject& object) {
+    // A trigger is a module too.
+    for (const auto copy : {CopyAs<Trigger>, CopyAs<Table>, CopyAs<Module>, CopyAs<Synonym>,
+                            CopyAs<TextObject>, CopyAs<AliasType>})
+        if (auto made = copy(object))
+            return made;
+    return nullptr;
+}
+
 const Column* Table::FindColumn(std::string_view columnName) const {
-    return FindIn(columns, [&](const Column& column) { return SameName(column.name, columnName); });
+    return FindIn(columns, [&](const Column& column) { return nameRule.Same(column.name, columnName); });
 }
 
 const Column* Table::FindColumn(int columnId) const {
@@ -39,7 +54,7 @@ const Index* Table::PrimaryKey() const {
 }
 
 const Index* Table::FindIndex(std::string_view indexName) const {
-    return FindIn(indexes, [&](const Index& index) { return SameName(index.name, indexName); });
+    return FindIn(indexes, [&](const Index& index) { return nameRule.Same(index.name, indexName); });
 }
 
 const Index* Table::FindIndex(int indexId) const {
@@ -48,6 +63,14 @@ const Index* Table::FindIndex(int indexId) const {
 
 const DefaultConstraint* Table::DefaultOf(int columnId) const {
     return FindIn(defaults, [&](const DefaultConstraint& value) { return value.columnId == columnId; });
+}
+
+const Column* Module::FindColumn(std::string_view columnName) const {
+    return FindIn(columns, [&](const Column& column) { return nameRule.Same(column.name, columnName); });
+}
+
+const Column* Module::FindColumn(int columnId) const {
+    return FindIn(columns, [&](const Column& column) { return column.id == columnId; });
 }
 
 const TriggerFor* Trigger::For(TriggerEvent event) const {

@@ -8,6 +8,7 @@
 #pragma once
 
 #include "practice/values/Moment.h"
+#include "practice/values/NameRule.h"
 #include "practice/values/SqlType.h"
 
 #include <map>
@@ -66,6 +67,7 @@ struct SchemaObject {
     Moment created;
     Moment modified;
     bool systemShipped = false;
+    NameRule nameRule; // of its columns, indexes and so on: its database's
 
     virtual ~SchemaObject() = default;
 };
@@ -170,7 +172,7 @@ struct Table : SchemaObject {
     bool rowSet = false;       // inserted or deleted
     std::uint64_t version = 0; // differs between any two states of the definition
 
-    const Column* FindColumn(std::string_view columnName) const; // without regard to case
+    const Column* FindColumn(std::string_view columnName) const; // by `nameRule`
     const Column* FindColumn(int columnId) const;
     const Column* IdentityColumn() const;
     const Index* PrimaryKey() const;
@@ -205,6 +207,9 @@ struct Module : SchemaObject {
     std::vector<Column> columns;             // views and table functions, as they were when it was made
     std::vector<ObjectId> triggers;          // INSTEAD OF triggers of a view
     std::uint64_t version = 0;
+
+    const Column* FindColumn(std::string_view columnName) const; // by `nameRule`
+    const Column* FindColumn(int columnId) const;
 };
 
 enum class TriggerEvent : std::uint8_t { Insert = 1, Update = 2, Delete = 3 }; // as sys.trigger_events
@@ -270,6 +275,9 @@ struct Permission {
     std::string permission; // SELECT, VIEW DEFINITION ...
     char state = 'G';       // D deny, G grant, W grant with grant option
 };
+
+// An object of the same kind that says the same, to be changed.
+std::shared_ptr<SchemaObject> CopyOf(const SchemaObject& object);
 
 // What sp_addextendedproperty hangs on a database, a schema, an object or a part of one. It outlives what it
 // hangs on, whose number nothing else will have, but is not shown any more.

@@ -27,7 +27,6 @@ constexpr const char* Tables[] = {
 class PracticeServerTest : public testing::Test {
   protected:
     PracticeServerTest() {
-        const std::string name = "127.0.0.1," + std::to_string(process.Port());
         connection->Open("Data Source=" + name + ";User ID=sa;Password=" + process.Password() + ";");
         Run("CREATE DATABASE things");
         Run("USE things");
@@ -52,6 +51,7 @@ class PracticeServerTest : public testing::Test {
     catalogue::Trigger& Trigger() { return Things().TableNamed("dbo.thing").TriggerNamed("dbo.trg_thing"); }
 
     practice::testing::ServerProcess process{QUILLON_BIN_DIR};
+    const std::string name = "127.0.0.1," + std::to_string(process.Port());
     adapters::OdbcDataAccess access;
     data::ConnectionRef connection = access.NewConnection();
     adapters::ServerCatalogue library;
@@ -124,6 +124,38 @@ TEST_F(PracticeServerTest, ADatabaseTakesAHandfulOfQuestions) {
     }
     EXPECT_EQ(columns, 89u);
     EXPECT_LE(library.RoundTrips(), 15u);
+}
+
+TEST_F(PracticeServerTest, NamesThatDifferInCaseAloneAreTwo) {
+    Run("CREATE DATABASE cased COLLATE Latin1_General_CS_AS");
+    Run("USE cased");
+    for (const char* statement :
+         {"CREATE TABLE t (a int NOT NULL CONSTRAINT pk PRIMARY KEY, A int NULL CONSTRAINT ck CHECK (A > 0))",
+          "CREATE TABLE T (b int NOT NULL CONSTRAINT fk REFERENCES t (a), B AS (b + 1))",
+          "CREATE TRIGGER g ON t AFTER INSERT AS PRINT 'small'",
+          "CREATE TRIGGER G ON T AFTER DELETE AS PRINT 'great'"})
+        Run(statement);
+    const auto later = library.NewServer();
+    later->Connect(name, "sa", process.Password());
+    catalogue::Database& cased = later->DatabaseNamed("cased");
+    const auto scriptOf = [&](const char* table) {
+        return cased.TableNamed(table).Script(catalogue::ScriptDefault);
+    };
+    ASSERT_EQ(cased.TableCount(), 2u);
+    EXPECT_EQ(cased.TableNamed("dbo.t").Columns()[1].Name, "A");
+    EXPECT_EQ(cased.TableNamed("dbo.T").Columns()[1].Name, "B");
+    EXPECT_EQ(cased.TableNamed("dbo.t").TriggerNamed("dbo.g").Type(), catalogue::TriggerInsert);
+    EXPECT_EQ(cased.TableNamed("dbo.T").TriggerNamed("dbo.G").Type(), catalogue::TriggerDelete);
+    const std::string great = scriptOf("dbo.T");
+    const std::string small = scriptOf("dbo.t");
+    EXPECT_NE(great.find("REFERENCES [dbo].[t] ([a])"), std::string::npos) << great;
+    Run("DROP TABLE T");
+    Run("DROP TABLE t");
+    RunScript(small);
+    RunScript(great);
+    cased.Refresh();
+    EXPECT_EQ(scriptOf("dbo.t"), small);
+    EXPECT_EQ(scriptOf("dbo.T"), great);
 }
 
 TEST_F(PracticeServerTest, WhatIsNotThereIsTold) {

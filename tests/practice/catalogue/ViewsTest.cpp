@@ -36,9 +36,13 @@ class Views : public testing::Test {
 
     static std::string Select(const SystemView& view, int database) {
         std::string select(view.select);
-        for (const auto& [mark, number] : {std::pair("{db}", database), std::pair("{session}", 51)})
+        const std::pair<std::string_view, std::string> marks[] = {{"{db}", std::to_string(database)},
+                                                                  {"{session}", "51"},
+                                                                  {"{collation}", "'Latin1_General_CI_AS'"},
+                                                                  {"{order}", "CI_AS"}};
+        for (const auto& [mark, text] : marks)
             for (std::size_t at = select.find(mark); at != std::string::npos; at = select.find(mark))
-                select.replace(at, std::string_view(mark).size(), std::to_string(number));
+                select.replace(at, mark.size(), text);
         return select;
     }
 
@@ -71,7 +75,7 @@ class Views : public testing::Test {
     std::vector<std::string> Read(const char* schema, const char* name,
                                   const std::vector<std::string_view>& wanted,
                                   int database = masterDatabase) {
-        const SystemView* view = CatalogueViews().Find(schema, name);
+        const SystemView* view = CatalogueViews().Find(schema, name, NameRule());
         EXPECT_NE(nullptr, view) << name;
         return view == nullptr ? std::vector<std::string>() : Read(*view, wanted, database);
     }
@@ -117,13 +121,13 @@ TEST_F(Views, EveryOneCanBeReadAndHasTheColumnsItDeclares) {
 }
 
 TEST_F(Views, AreFoundWhereTheDocumentationSaysTheyAre) {
-    EXPECT_NE(nullptr, CatalogueViews().Find("", "SysObjects"));
-    EXPECT_NE(nullptr, CatalogueViews().Find("sys", "sysobjects"));
-    EXPECT_NE(nullptr, CatalogueViews().Find("dbo", "sysobjects"));
-    EXPECT_NE(nullptr, CatalogueViews().Find("SYS", "Tables"));
-    EXPECT_EQ(nullptr, CatalogueViews().Find("", "tables"));
-    EXPECT_EQ(nullptr, CatalogueViews().Find("sys", "TABLE_CONSTRAINTS"));
-    EXPECT_NE(nullptr, CatalogueViews().Find("information_schema", "columns"));
+    EXPECT_NE(nullptr, CatalogueViews().Find("", "SysObjects", NameRule()));
+    EXPECT_NE(nullptr, CatalogueViews().Find("sys", "sysobjects", NameRule()));
+    EXPECT_NE(nullptr, CatalogueViews().Find("dbo", "sysobjects", NameRule()));
+    EXPECT_NE(nullptr, CatalogueViews().Find("SYS", "Tables", NameRule()));
+    EXPECT_EQ(nullptr, CatalogueViews().Find("", "tables", NameRule()));
+    EXPECT_EQ(nullptr, CatalogueViews().Find("sys", "TABLE_CONSTRAINTS", NameRule()));
+    EXPECT_NE(nullptr, CatalogueViews().Find("information_schema", "columns", NameRule()));
 }
 
 TEST_F(Views, TellOfATable) {

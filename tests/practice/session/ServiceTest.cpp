@@ -62,6 +62,26 @@ TEST(Refusals, AreMadeByNameAndLeaveTheSessionUsable) {
     EXPECT_EQ(Answer(*session, "PRINT 'usable'"), "info usable\n");
 }
 
+TEST(Refusals, ADatabaseKeepsACollationThatTellsItsNamesApart) {
+    TestServer server;
+    const auto session = server.Open();
+    Answer(*session, "CREATE DATABASE d COLLATE Latin1_General_CS_AS");
+    Answer(*session, "USE d");
+    for (const auto& [make, drop] :
+         {std::pair("CREATE TABLE t (a int, A int)", "DROP TABLE t"),
+          std::pair("CREATE TABLE t (a int) CREATE TABLE T (a int)", "DROP TABLE t, T"),
+          std::pair("CREATE TABLE t (a int CONSTRAINT T CHECK (a > 0))", "DROP TABLE t"),
+          std::pair("CREATE USER u WITHOUT LOGIN CREATE USER U WITHOUT LOGIN", "DROP USER u")}) {
+        EXPECT_EQ(Answer(*session, make), "") << make;
+        EXPECT_EQ(Answer(*session, "ALTER DATABASE d COLLATE Latin1_General_CI_AS").substr(0, 12),
+                  "error 49999 ")
+            << make;
+        EXPECT_EQ(Answer(*session, drop), "") << drop;
+    }
+    EXPECT_EQ(Answer(*session, "ALTER DATABASE d COLLATE Latin1_General_CI_AS"), "");
+    EXPECT_EQ(Answer(*session, "SELECT USER_ID('u') - USER_ID('U')"), "row 0\ndone 1\n");
+}
+
 TEST(Logins, AreMadeChangedAndDropped) {
     TestServer server;
     const auto session = server.Open();

@@ -107,6 +107,45 @@ TEST_F(StoreTest, DefinitionsAndRowsOutliveTheServer) {
     EXPECT_NE(master->FindName(dboSchema, "ck_kept"), nullptr);
 }
 
+TEST_F(StoreTest, NamesCompareByTheCollationOfTheirDatabase) {
+    constexpr DatabaseId cased = msdbDatabase + 1;
+    ObjectId small = 0;
+    ObjectId great = 0;
+    {
+        StoreSession session(Shared(), 51);
+        const auto mark = session.BeginStatement(StoreSession::Writes::Data);
+        session.Change([&](CatalogueEditor& editor) {
+            editor.AddDatabase(MakeDatabase(cased, "cased", FindCollation("Latin1_General_CS_AS")));
+        });
+        session.EndStatement(mark);
+        for (const auto& [name, id] : {std::pair("t", &small), std::pair("T", &great)}) {
+            const auto table = MakeTable(name);
+            table->database = cased;
+            table->columns[0].name = name;
+            *id = table->id;
+            Create(session, table);
+        }
+    }
+    Reopen();
+    StoreSession session(Shared(), 51);
+    const auto found = [&](const char* name) {
+        const auto object = session.View()->FindObject(cased, dboSchema, name);
+        return object ? object->id : 0;
+    };
+    EXPECT_EQ(found("t"), small);
+    EXPECT_EQ(found("T"), great);
+    EXPECT_EQ(session.View()->FindDatabase("CASED")->FindSchema("DBO"), nullptr);
+    EXPECT_EQ(session.View()->FindTable(great)->FindColumn("t"), nullptr);
+    const auto mark = session.BeginStatement(StoreSession::Writes::Data);
+    session.Change([&](CatalogueEditor& editor) {
+        editor.Drop(small);
+        editor.Collate(cased, DefaultCollation());
+    });
+    session.EndStatement(mark);
+    EXPECT_EQ(found("t"), great);
+    EXPECT_NE(session.View()->FindTable(great)->FindColumn("t"), nullptr);
+}
+
 TEST_F(StoreTest, RollbackTakesDefinitionsBack) {
     StoreSession session(Shared(), 51);
     StoreSession other(Shared(), 52);

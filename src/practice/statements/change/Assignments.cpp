@@ -8,7 +8,7 @@ namespace {
 
 const SourceColumn* FindIn(const Source& source, const std::string& name) {
     for (const SourceColumn& column : source.columns)
-        if (SameName(column.name, name))
+        if (source.columnRule.Same(column.name, name))
             return &column;
     return nullptr;
 }

@@ -135,11 +135,7 @@ void ChangeRun::Cascade(RowChange& change, const std::shared_ptr<const Table>& c
     const bool deletes = change.Event() == TriggerEvent::Delete && action == ReferenceAction::Cascade;
     TableWriter& writer = m_engine.Writer(child);
     std::string list = "SELECT x.rowid";
-    Surroundings here;
-    here.database = child->database;
-    here.schema = child->schema;
-    here.isModule = true;
-    Translator translator(m_engine, here);
+    Translator translator(m_engine, Surroundings(*child));
     std::vector<std::pair<int, std::string>> values;
     for (std::size_t i = 0; i < key.columns.size() && !deletes; ++i) {
         const Column& column = *child->FindColumn(key.columns[i]);

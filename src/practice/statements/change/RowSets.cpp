@@ -12,6 +12,7 @@ std::shared_ptr<const Table> MakeDefinition(Store& store, const Table& model, ch
     definition->id = store.NextObjectId();
     definition->database = model.database;
     definition->schema = model.schema;
+    definition->nameRule = model.nameRule;
     definition->name = role == 'i' ? "inserted" : "deleted";
     definition->columns = model.columns;
     for (Column& column : definition->columns) {

@@ -93,14 +93,11 @@ StoredValue TableWriter::StoredOf(const Datum& value, const SqlType& type) const
 
 void TableWriter::PrepareRules() {
     m_rulesReady = true;
-    Surroundings here;
-    here.database = m_table->database;
-    here.schema = m_table->schema;
-    here.isModule = true;
-    Translator translator(m_engine, here);
+    Translator translator(m_engine, Surroundings(*m_table));
     Scope scope;
     auto source = std::make_unique<Source>();
     source->exposed = m_table->name;
+    source->nameRule = source->columnRule = m_table->nameRule;
     source->table = m_table;
     int place = 0;
     for (const Column& column : m_table->columns) {

@@ -23,11 +23,12 @@ Target FindTarget(Translator& translator, const tsql::DmlTarget& target) {
 Target RequireTarget(Translator& translator, const tsql::DmlTarget& target) {
     Target found = FindTarget(translator, target);
     if (!found.table && !found.view) {
+        const NameRule& rule = translator.Here().nameRule;
         if (target.name.parts.size() == 1 && translator.Shared().context.CurrentTrigger() != nullptr &&
-            (SameName(target.name.Last(), "inserted") || SameName(target.name.Last(), "deleted")))
+            (rule.Same(target.name.Last(), "inserted") || rule.Same(target.name.Last(), "deleted")))
             throw SqlError(286);
         const SystemViews* views = translator.Shared().systemViews;
-        if (views != nullptr && views->Find(target.name.Schema(), target.name.Last()) != nullptr)
+        if (views != nullptr && views->Find(target.name.Schema(), target.name.Last(), rule) != nullptr)
             throw SqlError(259);
         throw SqlError(208, {target.name.Text()});
     }
@@ -39,6 +40,7 @@ std::shared_ptr<const Table> ViewModel(const Module& view) {
     model->id = view.id;
     model->database = view.database;
     model->schema = view.schema;
+    model->nameRule = view.nameRule;
     model->name = view.name;
     model->kind = ObjectKind::View;
     model->columns = view.columns;
@@ -74,7 +76,7 @@ const Source* FindAmong(const Scope& scope, const tsql::DmlTarget& target, const
     if (!target.variable.empty() || target.name.parts.size() == 1) {
         const std::string& name = target.variable.empty() ? target.name.Last() : target.variable;
         for (const std::unique_ptr<Source>& source : scope.sources)
-            if (SameName(source->exposed, name))
+            if (source->nameRule.Same(source->exposed, name))
                 return source.get();
     }
     const Source* found = nullptr;

@@ -43,8 +43,9 @@ std::unique_ptr<ChangePlan> MakePlan(Engine& engine, const Statement& statement,
             if (!column.stored)
                 continue;
             const auto seen =
-                std::find_if(source.columns.begin(), source.columns.end(),
-                             [&](const SourceColumn& one) { return SameName(one.name, column.name); });
+                std::find_if(source.columns.begin(), source.columns.end(), [&](const SourceColumn& one) {
+                    return source.columnRule.Same(one.name, column.name);
+                });
             list += ", " + translator.ColumnScalar({&source, &*seen}, scope).sql;
             ++plan->wholeRow;
         }

@@ -112,8 +112,9 @@ void Drop(Engine& engine, const tsql::AlterTableStatement& statement,
         if (drop.column)
             continue;
         const auto known = ConstraintsOf(*after);
-        const bool found = std::any_of(known.begin(), known.end(),
-                                       [&](const auto& one) { return SameName(one.first, drop.name); });
+        const bool found = std::any_of(known.begin(), known.end(), [&](const auto& one) {
+            return after->nameRule.Same(one.first, drop.name);
+        });
         if (found || !drop.ifExists)
             DropConstraint(engine, *after, drop.name);
     }
@@ -152,8 +153,9 @@ void SetConstraints(Engine& engine, const tsql::AlterTableStatement& statement,
         checked.push_back(constraint.id);
     };
     const auto isMeant = [&](const std::string& name) {
-        return statement.all || std::any_of(statement.names.begin(), statement.names.end(),
-                                            [&](const std::string& one) { return SameName(one, name); });
+        return statement.all ||
+               std::any_of(statement.names.begin(), statement.names.end(),
+                           [&](const std::string& one) { return after->nameRule.Same(one, name); });
     };
     for (CheckConstraint& one : after->checks)
         if (isMeant(one.name))
@@ -174,9 +176,10 @@ void SetTriggers(Engine& engine, const tsql::AlterTableStatement& statement,
     std::size_t found = 0;
     for (const ObjectId id : table->triggers) {
         const auto before = engine.store.View()->FindTrigger(id);
-        const bool meant =
-            statement.all || std::any_of(statement.names.begin(), statement.names.end(),
-                                         [&](const std::string& one) { return SameName(one, before->name); });
+        const bool meant = statement.all || std::any_of(statement.names.begin(), statement.names.end(),
+                                                        [&](const std::string& one) {
+                                                            return before->nameRule.Same(one, before->name);
+                                                        });
         if (!meant)
             continue;
         ++found;
@@ -192,7 +195,7 @@ void SetProperty(Engine& engine, const tsql::AlterTableStatement& statement,
                  const std::shared_ptr<const Table>& before) {
     const std::shared_ptr<Table> after = CopyOf(engine, *before);
     const auto found = std::find_if(after->columns.begin(), after->columns.end(), [&](const Column& one) {
-        return SameName(one.name, statement.columnName);
+        return after->nameRule.Same(one.name, statement.columnName);
     });
     if (found == after->columns.end())
         throw SqlError(4924, {"ALTER TABLE ALTER COLUMN", statement.columnName, before->name});

@@ -68,11 +68,7 @@ void RebuildStorage(Engine& engine, const Table& before, const Table& after,
 namespace {
 
 void CheckRows(Engine& engine, const std::shared_ptr<const Table>& table, const CheckConstraint& check) {
-    Surroundings here;
-    here.database = table->database;
-    here.schema = table->schema;
-    here.isModule = true;
-    Translator translator(engine, here);
+    Translator translator(engine, Surroundings(*table));
     Scope scope;
     const std::string from = translator.AddTable(table, {}, scope);
     const auto parsed = engine.StoredExpression(check.text);
@@ -130,7 +126,9 @@ std::pair<std::string, std::string> DependentOf(const Table& table, const Column
     for (const ForeignKey& key : table.foreignKeys)
         if (std::find(key.columns.begin(), key.columns.end(), column.id) != key.columns.end())
             return {"object", key.name};
-    const auto mentions = [&](const std::string& text) { return MentionsName(text, column.name); };
+    const auto mentions = [&](const std::string& text) {
+        return table.nameRule.IsMentioned(column.name, text);
+    };
     if (!keepsType || column.type.IsFixedLength())
         for (const CheckConstraint& check : table.checks)
             if (check.columnId == column.id || mentions(check.text))
@@ -177,7 +175,7 @@ void RequireFreeColumn(Engine& engine, const Table& table, const Column& column,
 }
 
 void DropConstraint(Engine& engine, Table& table, const std::string& name) {
-    const auto named = [&](const auto& one) { return SameName(one.name, name); };
+    const auto named = [&](const auto& one) { return table.nameRule.Same(one.name, name); };
     if (std::erase_if(table.defaults, named) + std::erase_if(table.checks, named) +
             std::erase_if(table.foreignKeys, named) >
         0)

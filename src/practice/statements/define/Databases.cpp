@@ -25,6 +25,55 @@ const Collation* RequireCollation(const std::string& name) {
     return collation;
 }
 
+// 49999 where a collation would make two names of one kind one.
+class DistinctNames {
+  public:
+    explicit DistinctNames(const NameRule& rule)
+        : m_rule(rule) {}
+
+    template <class List, class NameOf>
+    void Require(const List& list, NameOf nameOf) const {
+        std::set<std::string> keys;
+        for (const auto& one : list)
+            if (!keys.insert(m_rule.Key(nameOf(one))).second)
+                throw SqlError::NotSupported("ALTER DATABASE COLLATE where names become equal");
+    }
+    template <class List>
+    void Require(const List& list) const {
+        Require(list, [](const auto& one) { return one.name; });
+    }
+    void Require(const Database& database) const {
+        const auto nameOfSecond = [](const auto& one) { return one.second.name; };
+        Require(database.schemas, nameOfSecond);
+        Require(database.principals, nameOfSecond);
+        for (const auto& [schemaId, schema] : database.schemas)
+            Require(NamesIn(database, schemaId), [](const std::string& name) { return name; });
+        for (const auto& [id, object] : database.objects) {
+            if (const auto table = std::dynamic_pointer_cast<const Table>(object)) {
+                Require(table->columns);
+                Require(table->indexes);
+            } else if (const auto module = std::dynamic_pointer_cast<const Module>(object))
+                Require(module->columns);
+        }
+    }
+
+  private:
+    static std::vector<std::string> NamesIn(const Database& database, SchemaId schema) {
+        std::vector<std::string> names;
+        for (const auto& [id, object] : database.objects) {
+            if (object->schema != schema)
+                continue;
+            names.push_back(object->name);
+            if (const auto table = std::dynamic_pointer_cast<const Table>(object))
+                for (const auto& [name, constraint] : ConstraintsOf(*table))
+                    names.push_back(name);
+        }
+        return names;
+    }
+
+    NameRule m_rule;
+};
+
 // What changes how a database may be used, and would not here, is refused.
 void SetOption(Database& database, const std::string& name, const std::string& value) {
     for (const char* refused : {"OFFLINE", "EMERGENCY", "RESTRICTED_USER"})
@@ -70,14 +119,17 @@ void CreateDatabase(Engine& engine, const tsql::CreateDatabaseStatement& stateme
 
 void AlterDatabase(Engine& engine, const tsql::AlterDatabaseStatement& statement) {
     using Action = tsql::AlterDatabaseStatement::Action;
-    const DatabaseId id = RequireDatabase(engine, statement.name).id;
+    const Database& before = RequireDatabase(engine, statement.name);
+    const DatabaseId id = before.id;
+    if (statement.action == Action::Collate)
+        DistinctNames(NameRule(RequireCollation(statement.value))).Require(before);
     if (statement.action == Action::Rename && engine.store.View()->FindDatabase(statement.value) != nullptr)
         throw SqlError(1801, {statement.value});
     engine.store.Change([&](CatalogueEditor& editor) {
         if (statement.action == Action::Rename)
             editor.RenameDatabase(id, statement.value);
         else if (statement.action == Action::Collate)
-            editor.EditDatabase(id).collation = RequireCollation(statement.value);
+            editor.Collate(id, RequireCollation(statement.value));
         else
             for (const tsql::OptionSetting& option : statement.options)
                 SetOption(editor.EditDatabase(id), UpperCase(option.name), UpperCase(option.value));

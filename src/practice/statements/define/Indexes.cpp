@@ -9,11 +9,7 @@
 namespace quillon::practice {
 
 std::string FilterSql(Engine& engine, const Table& table, const Index& index) {
-    Surroundings here;
-    here.database = table.database;
-    here.schema = table.schema;
-    here.isModule = true;
-    Translator translator(engine, here);
+    Translator translator(engine, Surroundings(table));
     Scope scope;
     auto copy = std::make_shared<Table>(table);
     copy->rowSet = true;
@@ -100,8 +96,7 @@ void CreateIndex(Engine& engine, const tsql::CreateIndexStatement& statement) {
         if (old == nullptr)
             throw SqlError(7999, {statement.index.name, before->name});
         DropIndexStorage(engine.Connection(), *before, *old);
-        std::erase_if(after->indexes,
-                      [&](const Index& index) { return SameName(index.name, statement.index.name); });
+        std::erase_if(after->indexes, [id = old->id](const Index& index) { return index.id == id; });
     }
     TableBuilder builder(engine, *after);
     const Index index = builder.AddIndex(statement.index);
@@ -115,7 +110,7 @@ void AlterIndex(Engine& engine, const tsql::AlterIndexStatement& statement) {
     const std::shared_ptr<Table> after = CopyOf(engine, *before);
     bool found = statement.index.empty();
     for (Index& index : after->indexes) {
-        if (!statement.index.empty() && !SameName(index.name, statement.index))
+        if (!statement.index.empty() && !after->nameRule.Same(index.name, statement.index))
             continue;
         found = true;
         if (statement.action == tsql::AlterIndexStatement::Action::Disable) {

@@ -63,9 +63,9 @@ void PutModule(Engine& engine, std::shared_ptr<Module> module) {
 
 // Columns of a view or inline function, as its query gives them.
 std::vector<Column> ColumnsOf(const QuerySql& query, const std::vector<std::string>& names,
-                              const std::string& moduleName) {
+                              const Module& module) {
     if (names.size() > query.columns.size())
-        throw SqlError(4502, {moduleName});
+        throw SqlError(4502, {module.name});
     std::vector<Column> columns;
     for (std::size_t i = 0; i < query.columns.size(); ++i) {
         Column column;
@@ -74,23 +74,13 @@ std::vector<Column> ColumnsOf(const QuerySql& query, const std::vector<std::stri
         if (column.name.empty())
             throw SqlError(4511, {std::to_string(i + 1)});
         for (const Column& other : columns)
-            if (SameName(other.name, column.name))
-                throw SqlError(4506, {column.name, moduleName});
+            if (module.nameRule.Same(other.name, column.name))
+                throw SqlError(4506, {column.name, module.name});
         column.type = query.columns[i].type;
         column.nullable = query.columns[i].nullable;
         columns.push_back(std::move(column));
     }
     return columns;
-}
-
-Surroundings InsideOf(const Module& module) {
-    Surroundings inside;
-    inside.database = module.database;
-    inside.schema = module.schema;
-    inside.ansiNulls = module.ansiNulls;
-    inside.quotedIdentifier = module.quotedIdentifier;
-    inside.isModule = true;
-    return inside;
 }
 
 } // namespace
@@ -152,8 +142,7 @@ std::shared_ptr<Module> Begin(Engine& engine, const tsql::ModuleStatement& state
             engine.store.NoteShared(module->id);
         module->created = CurrentMoment();
         module->name = statement.name.Last();
-        module->database = home.database;
-        module->schema = home.schema;
+        Settle(*module, home);
     } else {
         if (!existing)
             throw SqlError(208, {statement.name.Text()}, 6);
@@ -173,8 +162,8 @@ std::shared_ptr<Module> Begin(Engine& engine, const tsql::ModuleStatement& state
 
 void CreateView(Engine& engine, const tsql::CreateViewStatement& statement) {
     const std::shared_ptr<Module> view = Begin(engine, statement, ObjectKind::View);
-    Translator translator(engine, InsideOf(*view));
-    view->columns = ColumnsOf(translator.Query(*statement.query, nullptr), statement.columns, view->name);
+    Translator translator(engine, Surroundings(*view));
+    view->columns = ColumnsOf(translator.Query(*statement.query, nullptr), statement.columns, *view);
     PutModule(engine, view);
 }
 
@@ -195,6 +184,7 @@ void CreateFunction(Engine& engine, const tsql::CreateFunctionStatement& stateme
         Table table;
         table.name = statement.tableVariable;
         table.database = function->database;
+        table.nameRule = function->nameRule;
         TableBuilder(engine, table).AddAll(statement.table);
         function->columns = table.columns;
     } else {
@@ -206,10 +196,10 @@ void CreateFunction(Engine& engine, const tsql::CreateFunctionStatement& stateme
             value.type = parameter.type;
             values[FoldName(parameter.name)] = value;
         }
-        Surroundings inside = InsideOf(*function);
+        Surroundings inside(*function);
         inside.arguments = &values;
         Translator translator(engine, inside);
-        function->columns = ColumnsOf(translator.Query(*statement.inlineQuery, nullptr), {}, function->name);
+        function->columns = ColumnsOf(translator.Query(*statement.inlineQuery, nullptr), {}, *function);
     }
     PutModule(engine, function);
 }

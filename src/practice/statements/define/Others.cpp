@@ -15,8 +15,7 @@ std::shared_ptr<Object> NewObject(Engine& engine, const tsql::Name& name, Object
     auto object = std::make_shared<Object>();
     object->id = engine.store.Shared().NextObjectId();
     object->name = name.Last();
-    object->database = home.database;
-    object->schema = home.schema;
+    Settle(*object, home);
     object->kind = kind;
     object->created = object->modified = CurrentMoment();
     return object;

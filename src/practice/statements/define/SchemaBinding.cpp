@@ -11,8 +11,9 @@ std::shared_ptr<const Module> ModuleBoundTo(Engine& engine, const SchemaObject& 
     const auto view = engine.store.View();
     for (const auto& [id, other] : view->FindDatabase(object.database)->objects) {
         const auto module = std::dynamic_pointer_cast<const Module>(other);
-        if (module && module->schemaBound && id != object.id && MentionsName(module->text, object.name) &&
-            (column.empty() || MentionsName(module->text, column)))
+        if (module && module->schemaBound && id != object.id &&
+            module->nameRule.IsMentioned(object.name, module->text) &&
+            (column.empty() || module->nameRule.IsMentioned(column, module->text)))
             return module;
     }
     return nullptr;

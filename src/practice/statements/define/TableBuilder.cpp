@@ -80,7 +80,7 @@ void TableBuilder::AddAll(const tsql::TableDefinition& definition) {
 
 Column& TableBuilder::RequireColumn(const std::string& name, int errorNumber) {
     for (Column& column : m_table.columns)
-        if (SameName(column.name, name))
+        if (m_table.nameRule.Same(column.name, name))
             return column;
     throw SqlError(errorNumber, {name});
 }
@@ -243,7 +243,7 @@ void TableBuilder::AddForeignKey(const tsql::ConstraintDefinition& definition, C
     if (definition.columns.empty() && of != nullptr)
         key.columns.push_back(of->id);
     key.name = ConstraintName(definition, "FK", m_table.FindColumn(key.columns.front())->name, key.id);
-    const bool self = SameName(definition.referencedTable.Last(), m_table.name) &&
+    const bool self = m_table.nameRule.Same(definition.referencedTable.Last(), m_table.name) &&
                       (definition.referencedTable.Schema().empty() ||
                        HomeFor(m_engine, definition.referencedTable).schema == m_table.schema);
     std::shared_ptr<const Table> parent;
@@ -311,7 +311,7 @@ namespace {
 int OnlyColumnIn(const std::string& condition, const std::string& alias, const Table& table) {
     int only = 0;
     for (const Column& column : table.columns)
-        if (MentionsName(condition, alias + "." + ColumnStorage(column.id))) {
+        if (NameRule().IsMentioned(alias + "." + ColumnStorage(column.id), condition)) {
             if (only != 0)
                 return 0;
             only = column.id;

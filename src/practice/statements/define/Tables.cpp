@@ -40,6 +40,7 @@ Home HomeFor(Engine& engine, const tsql::Name& name) {
     if (database == nullptr)
         throw SqlError(2702, {name.Database()});
     home.database = database->id;
+    home.nameRule = database->Rule();
     if (name.Schema().empty()) {
         home.schema = engine.context.DefaultSchema();
         return home;
@@ -49,6 +50,12 @@ Home HomeFor(Engine& engine, const tsql::Name& name) {
         throw SqlError(2760, {name.Schema()});
     home.schema = schema->id;
     return home;
+}
+
+void Settle(SchemaObject& object, const Home& home) {
+    object.database = home.database;
+    object.schema = home.schema;
+    object.nameRule = home.nameRule;
 }
 
 void RequireWritable(Engine& engine, DatabaseId database) {
@@ -164,8 +171,7 @@ std::shared_ptr<Table> NewTable(Engine& engine, const tsql::Name& name) {
     }
     const Home home = HomeFor(engine, name);
     RequireFreeName(engine, home, name.Last());
-    table->database = home.database;
-    table->schema = home.schema;
+    Settle(*table, home);
     if (IsSharedTemporaryName(table->name))
         engine.store.NoteShared(table->id);
     return table;

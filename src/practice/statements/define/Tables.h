@@ -11,8 +11,10 @@ namespace quillon::practice {
 struct Home {
     DatabaseId database = 0;
     SchemaId schema = dboSchema;
+    NameRule nameRule = {};
 };
 Home HomeFor(Engine& engine, const tsql::Name& name);
+void Settle(SchemaObject& object, const Home& home);
 // 3906 where the database is read-only.
 void RequireWritable(Engine& engine, DatabaseId database);
 // 2714 when the name is taken there.

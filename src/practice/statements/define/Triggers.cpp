@@ -1,6 +1,5 @@
-// CREATE, ALTER, DROP, ENABLE and DISABLE TRIGGER; the order of firing.
+// CREATE, ALTER, DROP, ENABLE and DISABLE TRIGGER.
 #include "practice/statements/define/Definition.h"
-#include "practice/statements/define/Maintenance.h"
 #include "practice/statements/define/Modules.h"
 #include "practice/statements/define/Tables.h"
 #include "practice/storage/SystemDatabases.h"
@@ -67,10 +66,7 @@ void RefuseLargeColumns(Engine& engine, const tsql::CreateTriggerStatement& stat
     if (!any || statement.timing == tsql::TriggerTiming::InsteadOf)
         return;
     const TriggerFrame frame = PretendedFiring(parent, true);
-    Surroundings inside;
-    inside.database = parent.database;
-    inside.schema = parent.schema;
-    inside.isModule = true;
+    Surroundings inside(parent);
     inside.trigger = &frame;
     const auto check = [&](const tsql::Query& query) {
         try {
@@ -116,7 +112,7 @@ void CreateTrigger(Engine& engine, const tsql::CreateTriggerStatement& statement
                       !statement.table.Last().starts_with("#"); // of either kind
     if (!fits || (parent->kind == ObjectKind::View && statement.timing == tsql::TriggerTiming::After))
         throw SqlError(8197, {statement.table.Text()}, 4);
-    const Home home{parent->database, parent->schema};
+    const Home home{parent->database, parent->schema, parent->nameRule};
     if (parent->database != engine.context.CurrentDatabase())
         throw SqlError(2108, {"create", statement.name.Last(), statement.table.Text()});
     const auto existing = std::dynamic_pointer_cast<const Trigger>(
@@ -127,8 +123,7 @@ void CreateTrigger(Engine& engine, const tsql::CreateTriggerStatement& statement
         RequireFreeName(engine, home, statement.name.Last());
         trigger->id = engine.store.Shared().NextObjectId();
         trigger->name = statement.name.Last();
-        trigger->database = home.database;
-        trigger->schema = home.schema;
+        Settle(*trigger, home);
         trigger->created = CurrentMoment();
     } else {
         if (!existing)
@@ -180,7 +175,7 @@ void EnableTriggers(Engine& engine, const tsql::EnableTriggerStatement& statemen
         const auto view = engine.store.View();
         const auto& all = TriggersOf(*parent);
         const auto found = std::find_if(all.begin(), all.end(), [&](ObjectId id) {
-            return SameName(view->FindTrigger(id)->name, name.Last());
+            return parent->nameRule.Same(view->FindTrigger(id)->name, name.Last());
         });
         if (found == all.end())
             throw SqlError(3701, {statement.enable ? "enable" : "disable", "trigger", name.Text()});
@@ -193,31 +188,6 @@ void EnableTriggers(Engine& engine, const tsql::EnableTriggerStatement& statemen
             editor.Put(after);
         }
     });
-}
-
-void SetTriggerOrder(Engine& engine, const Trigger& trigger, TriggerEvent event, TriggerOrder order) {
-    if (trigger.insteadOf)
-        throw SqlError(15133, {trigger.name});
-    if (trigger.For(event) == nullptr)
-        throw SqlError(15125, {trigger.name, words[static_cast<std::size_t>(event)]});
-    const auto parent = engine.store.View()->FindTable(trigger.parent);
-    for (const ObjectId id : parent->triggers) {
-        const auto other = engine.store.View()->FindTrigger(id);
-        const TriggerFor* entry = other->For(event);
-        if (order != TriggerOrder::None && other->id != trigger.id && entry != nullptr &&
-            entry->order == order)
-            throw SqlError(15130, {order == TriggerOrder::First ? "first" : "last",
-                                   words[static_cast<std::size_t>(event)]});
-    }
-    StatementScope scope(engine, StoreSession::Writes::Data);
-    engine.store.Change([&](CatalogueEditor& editor) {
-        auto after = std::make_shared<Trigger>(trigger);
-        for (TriggerFor& entry : after->events)
-            if (entry.event == event)
-                entry.order = order;
-        editor.Put(after);
-    });
-    scope.End();
 }
 
 } // namespace quillon::practice

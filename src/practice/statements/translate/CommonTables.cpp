@@ -8,32 +8,32 @@ namespace quillon::practice {
 
 namespace {
 
-bool Mentions(const tsql::QueryBody& body, const std::string& name);
+bool Mentions(const tsql::QueryBody& body, const std::string& name, const NameRule& rule);
 
-bool Mentions(const tsql::TableSource& source, const std::string& name) {
+bool Mentions(const tsql::TableSource& source, const std::string& name, const NameRule& rule) {
     switch (source.kind) {
     case tsql::TableSourceKind::Table: {
         const auto& table = tsql::As<tsql::NamedTable>(source);
-        return table.name.parts.size() == 1 && SameName(table.name.Last(), name);
+        return table.name.parts.size() == 1 && rule.Same(table.name.Last(), name);
     }
     case tsql::TableSourceKind::Join: {
         const auto& join = tsql::As<tsql::Join>(source);
-        return Mentions(*join.left, name) || Mentions(*join.right, name);
+        return Mentions(*join.left, name, rule) || Mentions(*join.right, name, rule);
     }
     case tsql::TableSourceKind::Derived:
-        return Mentions(*tsql::As<tsql::DerivedTable>(source).query->body, name);
+        return Mentions(*tsql::As<tsql::DerivedTable>(source).query->body, name, rule);
     default: return false;
     }
 }
 
-bool Mentions(const tsql::QueryBody& body, const std::string& name) {
+bool Mentions(const tsql::QueryBody& body, const std::string& name, const NameRule& rule) {
     if (body.kind == tsql::QueryBodyKind::SetOperation) {
         const auto& operation = tsql::As<tsql::SetOperation>(body);
-        return Mentions(*operation.left, name) || Mentions(*operation.right, name);
+        return Mentions(*operation.left, name, rule) || Mentions(*operation.right, name, rule);
     }
     const auto& from = tsql::As<tsql::SelectBody>(body).from;
     return std::any_of(from.begin(), from.end(),
-                       [&](const tsql::TableSourcePtr& source) { return Mentions(*source, name); });
+                       [&](const tsql::TableSourcePtr& source) { return Mentions(*source, name, rule); });
 }
 
 void Flatten(const tsql::QueryBody& body, std::vector<const tsql::QueryBody*>& parts) {
@@ -59,7 +59,7 @@ const tsql::CommonTable* Translator::FindCommonTable(const tsql::Name& name) con
         return nullptr;
     for (auto scope = m_commonTables.rbegin(); scope != m_commonTables.rend(); ++scope)
         for (std::size_t i = 0; i < scope->visible; ++i)
-            if (SameName((*scope->tables)[i].name, name.Last()))
+            if (m_here.nameRule.Same((*scope->tables)[i].name, name.Last()))
                 return &(*scope->tables)[i];
     return nullptr;
 }
@@ -84,7 +84,7 @@ QuerySql Translator::CommonQuery(const tsql::CommonTable& table) {
         m_commonTables.pop_back();
     }
     QuerySql query;
-    if (Mentions(*table.query->body, table.name)) {
+    if (Mentions(*table.query->body, table.name, m_here.nameRule)) {
         if (table.query->body->kind != tsql::QueryBodyKind::SetOperation)
             throw SqlError(253, {table.name});
         query = RecursiveQuery(table, tsql::As<tsql::SetOperation>(*table.query->body));
@@ -113,7 +113,9 @@ std::string Translator::RecursiveUse(const tsql::NamedTable& source, Scope& scop
 QuerySql Translator::RecursiveQuery(const tsql::CommonTable& table, const tsql::SetOperation& body) {
     std::vector<const tsql::QueryBody*> parts;
     Flatten(body, parts);
-    const auto isAnchor = [&](const tsql::QueryBody* part) { return !Mentions(*part, table.name); };
+    const auto isAnchor = [&](const tsql::QueryBody* part) {
+        return !Mentions(*part, table.name, m_here.nameRule);
+    };
     const auto firstRecursive = std::stable_partition(parts.begin(), parts.end(), isAnchor);
     if (firstRecursive == parts.begin() || firstRecursive == parts.end())
         throw SqlError(252, {table.name});

@@ -26,12 +26,28 @@ int AliasNumber(const std::string& alias) {
 
 } // namespace
 
+Surroundings::Surroundings(const Table& table)
+    : database(table.database)
+    , schema(table.schema)
+    , nameRule(table.nameRule)
+    , isModule(true) {}
+
+Surroundings::Surroundings(const Module& module)
+    : database(module.database)
+    , schema(module.schema)
+    , nameRule(module.nameRule)
+    , ansiNulls(module.ansiNulls)
+    , quotedIdentifier(module.quotedIdentifier)
+    , isModule(true) {}
+
 Translator::Translator(Engine& engine)
     : m_engine(engine) {
     m_here.database = engine.context.CurrentDatabase();
     m_here.schema = engine.context.DefaultSchema();
     if (const auto module = engine.store.View()->FindModule(engine.context.CurrentModule()))
         m_here.schema = module->schema;
+    if (const Database* database = engine.store.View()->FindDatabase(m_here.database))
+        m_here.nameRule = database->Rule();
     m_here.ansiNulls = engine.context.Options().ansiNulls;
     m_here.quotedIdentifier = engine.context.Options().quotedIdentifier;
 }

@@ -39,15 +39,15 @@ class Depth {
 
 // Where the first SELECT of a set operation shows the expression in so many words, counted from 1; 0 for
 // nowhere, and where a star hides the places.
-int PlaceInFirst(const tsql::QueryBody& body, const tsql::Expression& expression) {
+int PlaceInFirst(const tsql::QueryBody& body, const tsql::Expression& expression, const NameRule& rule) {
     if (body.kind == tsql::QueryBodyKind::SetOperation)
-        return PlaceInFirst(*tsql::As<tsql::SetOperation>(body).left, expression);
+        return PlaceInFirst(*tsql::As<tsql::SetOperation>(body).left, expression, rule);
     const auto wanted = tsql::ExpressionText(expression);
     if (body.kind != tsql::QueryBodyKind::Select || !wanted)
         return 0;
     const auto& items = tsql::As<tsql::SelectBody>(body).items;
     for (std::size_t i = 0; i < items.size() && items[i].expression; ++i)
-        if (SameName(tsql::ExpressionText(*items[i].expression).value_or(""), *wanted))
+        if (rule.Same(tsql::ExpressionText(*items[i].expression).value_or(""), *wanted))
             return static_cast<int>(i) + 1;
     return 0;
 }
@@ -245,7 +245,7 @@ Translator::Order Translator::OrderBy(const std::vector<tsql::OrderItem>& items,
     return order;
 }
 
-int Translator::OrdinalOf(const tsql::Expression& expression, const std::vector<Item>& output) {
+int Translator::OrdinalOf(const tsql::Expression& expression, const std::vector<Item>& output) const {
     if (expression.kind == tsql::ExpressionKind::Literal) {
         const auto& literal = tsql::As<tsql::Literal>(expression);
         if (literal.type != tsql::LiteralType::Integer)
@@ -262,7 +262,7 @@ int Translator::OrdinalOf(const tsql::Expression& expression, const std::vector<
         return 0;
     int found = 0;
     for (std::size_t i = 0; i < output.size(); ++i) {
-        if (!SameName(output[i].output.name, name.Last()))
+        if (!m_here.nameRule.Same(output[i].output.name, name.Last()))
             continue;
         if (found != 0 && output[static_cast<std::size_t>(found) - 1].value.sql != output[i].value.sql)
             throw SqlError(209, {name.Last()});
@@ -536,7 +536,7 @@ QuerySql Translator::SetOperation(const tsql::SetOperation& operation, const tsq
     for (const tsql::OrderItem& item : whole->orderBy) {
         int ordinal = OrdinalOf(*item.expression, items);
         if (ordinal == 0)
-            ordinal = PlaceInFirst(*operation.left, *item.expression);
+            ordinal = PlaceInFirst(*operation.left, *item.expression, m_here.nameRule);
         if (ordinal == 0)
             throw SqlError(104);
         const auto index = static_cast<std::size_t>(ordinal) - 1;

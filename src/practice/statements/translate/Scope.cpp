@@ -17,9 +17,9 @@ bool Matches(const Source& source, const tsql::Name& qualifier, std::size_t part
     const auto part = [&](std::size_t back) { return qualifier.parts[parts - 1 - back]; };
     if (parts == 0)
         return true;
-    if (!SameName(part(0), source.exposed))
+    if (!source.nameRule.Same(part(0), source.exposed))
         return false;
-    if (parts >= 2 && !part(1).empty() && !SameName(part(1), source.schema))
+    if (parts >= 2 && !part(1).empty() && !source.nameRule.Same(part(1), source.schema))
         return false;
     return parts < 3 || part(2).empty() || SameName(part(2), source.database);
 }
@@ -30,7 +30,7 @@ std::vector<ColumnUse> FindColumns(const Scope& scope, const tsql::Name& name) {
         if (!Matches(*source, name, name.parts.size() - 1))
             continue;
         for (const SourceColumn& column : source->columns)
-            if (SameName(column.name, name.Last()))
+            if (source->columnRule.Same(column.name, name.Last()))
                 found.push_back({source.get(), &column});
     }
     return found;

@@ -29,6 +29,8 @@ struct SourceColumn {
 
 // One element of FROM.
 struct Source {
+    NameRule nameRule;   // of the name that columns may be qualified with
+    NameRule columnRule; // of its columns' names
     std::string alias;   // s1: what SQL for SQLite calls it
     std::string exposed; // the name that columns may be qualified with
     std::string schema;  // and before it, when it is a table's own name

@@ -27,8 +27,8 @@ void MakeNullable(Scope& scope, std::size_t from, std::size_t to) {
 
 void RequireNewName(const Scope& scope, const Source& source) {
     for (const std::unique_ptr<Source>& other : scope.sources)
-        if (!source.exposed.empty() && SameName(other->exposed, source.exposed) &&
-            SameName(other->schema, source.schema) && SameName(other->database, source.database))
+        if (!source.exposed.empty() && source.nameRule.Same(other->exposed, source.exposed) &&
+            source.nameRule.Same(other->schema, source.schema) && SameName(other->database, source.database))
             throw SqlError(source.schema.empty() ? 1011 : 1013, {other->exposed, source.exposed});
 }
 
@@ -92,6 +92,8 @@ std::string Translator::AddTable(const std::shared_ptr<const Table>& table, cons
     source->rowId = source->alias + ".rowid";
     source->rowTable = table;
     source->exposed = exposed.empty() ? table->name : exposed;
+    source->nameRule = exposed.empty() ? table->nameRule : m_here.nameRule;
+    source->columnRule = table->nameRule;
     if (exposed.empty() && !table->rowSet && !table->variable)
         if (const Database* database = m_engine.store.View()->FindDatabase(table->database)) {
             source->schema = database->SchemaName(table->schema);
@@ -125,6 +127,7 @@ void Translator::AddDerived(QuerySql query, const std::string& exposed, const st
     auto source = std::make_unique<Source>();
     source->alias = NextAlias();
     source->exposed = exposed;
+    source->nameRule = source->columnRule = m_here.nameRule;
     int ordinal = 0;
     for (const OutputColumn& output : query.columns) {
         SourceColumn column;
@@ -140,7 +143,7 @@ void Translator::AddDerived(QuerySql query, const std::string& exposed, const st
         if (column.name.empty() && !exposed.empty())
             throw SqlError(8155, {std::to_string(ordinal), exposed});
         for (const SourceColumn& other : source->columns)
-            if (SameName(other.name, column.name) && !exposed.empty())
+            if (m_here.nameRule.Same(other.name, column.name) && !exposed.empty())
                 throw SqlError(8156, {column.name, exposed});
         source->columns.push_back(std::move(column));
     }
@@ -179,6 +182,12 @@ std::shared_ptr<const SchemaObject> Translator::FindSourceObject(const tsql::Nam
     return found;
 }
 
+const Database* Translator::DatabaseOf(const tsql::Name& name) const {
+    const auto& view = m_engine.store.View();
+    return name.Database().empty() ? view->FindDatabase(m_here.database)
+                                   : view->FindDatabase(name.Database());
+}
+
 std::shared_ptr<const SchemaObject> Translator::FindNamedObject(const tsql::Name& name) {
     if (IsPrivateName(name.Last())) {
         if (auto table = m_engine.store.Temporary().Find(name.Last()))
@@ -190,8 +199,7 @@ std::shared_ptr<const SchemaObject> Translator::FindNamedObject(const tsql::Name
     if (!name.Server().empty())
         throw SqlError(7202, {name.Server()});
     const auto view = m_engine.store.View();
-    const Database* database =
-        name.Database().empty() ? view->FindDatabase(m_here.database) : view->FindDatabase(name.Database());
+    const Database* database = DatabaseOf(name);
     if (database == nullptr)
         return nullptr;
     std::vector<SchemaId> schemas;
@@ -254,9 +262,9 @@ std::string Translator::FindNamed(const tsql::NamedTable& source, Scope& scope) 
         const TriggerFrame* running = m_here.isModule ? nullptr : m_engine.context.CurrentTrigger();
         if (const TriggerFrame* frame = m_here.trigger != nullptr ? m_here.trigger : running)
             for (const auto& set : {frame->inserted, frame->deleted})
-                if (set && SameName(set->name, name.Last()))
+                if (set && set->nameRule.Same(set->name, name.Last()))
                     return AddRowSet(set, frame->after, source.alias, scope);
-        if (!m_recursions.empty() && SameName(m_recursions.back().table->name, name.Last()))
+        if (!m_recursions.empty() && m_here.nameRule.Same(m_recursions.back().table->name, name.Last()))
             return RecursiveUse(source, scope);
         if (const tsql::CommonTable* common = FindCommonTable(name))
             return CommonSource(*common, source, scope);
@@ -271,26 +279,27 @@ std::string Translator::FindNamed(const tsql::NamedTable& source, Scope& scope) 
         Source& added = *scope.sources.back();
         added.view = view;
         added.exposed = source.alias.empty() ? view->name : source.alias;
+        added.columnRule = view->nameRule;
         return text;
     }
     if (!object && m_engine.systemViews != nullptr)
-        if (const SystemView* view = m_engine.systemViews->Find(name.Schema(), name.Last())) {
-            const auto catalogue = m_engine.store.View();
-            const Database* database = name.Database().empty() ? catalogue->FindDatabase(m_here.database)
-                                                               : catalogue->FindDatabase(name.Database());
-            if (database != nullptr)
-                return SystemSource(*view, database->id, source.alias, scope);
-        }
+        if (const Database* database = DatabaseOf(name))
+            if (const SystemView* view =
+                    m_engine.systemViews->Find(name.Schema(), name.Last(), database->Rule()))
+                return SystemSource(*view, *database, source.alias, scope);
     throw SqlError(208, {name.Text()});
 }
 
-std::string Translator::SystemSource(const SystemView& view, DatabaseId database, const std::string& exposed,
-                                     Scope& scope) {
+std::string Translator::SystemSource(const SystemView& view, const Database& database,
+                                     const std::string& exposed, Scope& scope) {
     QuerySql query;
     std::string select(view.select);
-    ReplaceAll(select, "{db}", std::to_string(database));
+    const Collation& collation = database.collation == nullptr ? *DefaultCollation() : *database.collation;
+    ReplaceAll(select, "{db}", std::to_string(database.id));
+    ReplaceAll(select, "{collation}", "'" + collation.name + "'");
+    ReplaceAll(select, "{order}", collation.SqliteName());
     ReplaceAll(select, "{session}", std::to_string(m_engine.context.Functions().SessionId()));
-    if (database == tempDatabase)
+    if (database.id == tempDatabase)
         select = m_engine.store.OverTempdb(std::move(select));
     std::string names;
     for (const SystemColumn& column : view.columns) {
@@ -298,7 +307,7 @@ std::string Translator::SystemSource(const SystemView& view, DatabaseId database
         output.name = column.name;
         output.type = column.type;
         if (output.type.IsCharacter() && output.type.collation == nullptr)
-            output.type.collation = DefaultCollation();
+            output.type.collation = column.isName ? &collation : DefaultCollation();
         output.nullable = column.nullable;
         query.columns.push_back(std::move(output));
         names += (names.empty() ? "o" : ", o") + std::to_string(query.columns.size());
@@ -311,6 +320,7 @@ std::string Translator::SystemSource(const SystemView& view, DatabaseId database
     Source& added = *scope.sources.back();
     added.exposed = exposed.empty() ? std::string(view.name) : exposed;
     added.schema = exposed.empty() ? std::string(view.schema) : std::string();
+    added.columnRule = database.Rule();
     return text;
 }
 
@@ -332,13 +342,7 @@ QuerySql Translator::ViewQuery(const Module& view) {
         throw SqlError(4429, {view.name});
     const auto tree = m_engine.ModuleTree(view);
     const auto& create = tsql::As<tsql::CreateViewStatement>(*tree->statements.front());
-    Surroundings inside;
-    inside.database = view.database;
-    inside.schema = view.schema;
-    inside.ansiNulls = view.ansiNulls;
-    inside.quotedIdentifier = view.quotedIdentifier;
-    inside.isModule = true;
-    const SurroundingsGuard guard(m_here, inside, m_commonTables, m_recursions);
+    const SurroundingsGuard guard(m_here, Surroundings(view), m_commonTables, m_recursions);
     m_expanding.push_back(view.id);
     QueryOptions options;
     options.keepRowIds = true;

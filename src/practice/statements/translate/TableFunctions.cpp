@@ -26,6 +26,7 @@ std::string Translator::FunctionSource(const tsql::FunctionTable& source, Scope&
     else
         AddDerived(TableFunction(function, source.arguments, scope.outer), exposed, source.columnAliases,
                    scope, &text);
+    scope.sources.back()->columnRule = function->nameRule;
     return text;
 }
 
@@ -48,6 +49,7 @@ std::shared_ptr<const Table> TableFor(Engine& engine, const Module& function, Fu
         made->id = engine.store.Shared().NextObjectId();
         made->name = function.name;
         made->database = tempDatabase;
+        made->nameRule = function.nameRule;
         made->columns = function.columns;
         made->lastColumnId = static_cast<int>(function.columns.size());
         made->temporary = made->variable = true;
@@ -132,13 +134,8 @@ QuerySql Translator::InlineFunction(const Module& function, const tsql::Expressi
         value.constant.reset();
         values[FoldName(function.parameters[i].name)] = std::move(value);
     }
-    Surroundings inside;
-    inside.database = function.database;
-    inside.schema = function.schema;
-    inside.ansiNulls = function.ansiNulls;
-    inside.quotedIdentifier = function.quotedIdentifier;
+    Surroundings inside(function);
     inside.arguments = &values;
-    inside.isModule = true;
     const SurroundingsGuard guard(m_here, inside, m_commonTables, m_recursions);
     // What its arguments use of the query around was seen when they were bound.
     const int outermost = m_outermostAlias;

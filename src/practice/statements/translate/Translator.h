@@ -49,8 +49,15 @@ struct Needs {
 
 // Where names are looked up and how the text is meant; changes inside of a view.
 struct Surroundings {
+    Surroundings() = default;
+    // Of an expression that a table keeps.
+    explicit Surroundings(const Table& table);
+    // Inside of a module.
+    explicit Surroundings(const Module& module);
+
     DatabaseId database = 0;
     SchemaId schema = dboSchema; // of names without one
+    NameRule nameRule;           // of the names that the text makes up itself: aliases, common tables
     bool ansiNulls = true;
     bool quotedIdentifier = true;
     // The arguments of an inline function that is being expanded, by folded name with the @.
@@ -179,7 +186,7 @@ class Translator {
                   const Scope& scope, bool distinct);
     std::string OneSet(const tsql::SelectBody& body, const tsql::Query* whole, Scope& scope,
                        std::vector<OutputColumn>& columns, Order& order);
-    static int OrdinalOf(const tsql::Expression& expression, const std::vector<Item>& output);
+    int OrdinalOf(const tsql::Expression& expression, const std::vector<Item>& output) const;
 
     std::string LimitSql(const tsql::Query* whole, const tsql::SelectBody* body, const Scope* outer,
                          const QueryOptions& options);
@@ -200,6 +207,8 @@ class Translator {
     QuerySql Converted(QuerySql query, const std::vector<OutputColumn>& to);
 
     // Sources
+    // The one that the name says, or the current one; nullptr when there is none.
+    const Database* DatabaseOf(const tsql::Name& name) const;
     std::string AddRowSet(const std::shared_ptr<const Table>& set, bool after, const std::string& exposed,
                           Scope& scope);
     std::string Turned(QuerySql query, const tsql::TableSource& source, Scope& scope);
@@ -228,7 +237,7 @@ class Translator {
     QuerySql StringSplit(const tsql::ExpressionList& arguments, const Scope* outer);
     QuerySql InlineFunction(const Module& function, const tsql::ExpressionList& arguments,
                             const Scope* outer);
-    std::string SystemSource(const SystemView& view, DatabaseId database, const std::string& exposed,
+    std::string SystemSource(const SystemView& view, const Database& database, const std::string& exposed,
                              Scope& scope);
 
     // Expressions, one function a kind
