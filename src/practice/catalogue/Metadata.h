@@ -5,6 +5,7 @@
 #include "practice/storage/StoreSession.h"
 #include "practice/values/Datum.h"
 
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -20,6 +21,8 @@ struct MetadataSurroundings {
     std::string login;               // of the session
     bool administrator = true;       // member of sysadmin
     std::string serverName;
+    // The session's user in a database; nothing where it may not enter. Left out: `user` in every one.
+    std::function<std::optional<PrincipalId>(const Database&)> userIn = nullptr;
 };
 
 // `function` is upper case. Nothing for the functions that only the session itself can answer: ROWCOUNT_BIG,

@@ -302,7 +302,7 @@ constexpr Native natives[] = {
     {"q_rename", Rename},
     {"q_settriggerorder", SetTriggerOrder},
     {"q_bind", Bind},
-    {"q_startup", SetStartup},
+    {"q_startup", SetStartup, true, true},
     {"q_getapplock", TakeApplicationLock, false},
     {"q_releaseapplock", ReleaseApplicationLock, false},
     {"q_property", ChangeProperty},

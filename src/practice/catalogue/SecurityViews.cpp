@@ -26,7 +26,8 @@ constexpr ViewDefinition rows[] = {
      "!class tinyint, class_desc nvarchar(60), !major_id int, !minor_id int, !grantee_principal_id int, "
      "!grantor_principal_id int, !type char(4), permission_name nvarchar(128), !state char(1), state_desc "
      "nvarchar(60)",
-     "SELECT p.class, CASE p.class WHEN 0 THEN 'DATABASE' WHEN 3 THEN 'SCHEMA' ELSE 'OBJECT_OR_COLUMN' END, "
+     "SELECT p.class, CASE p.class WHEN 0 THEN 'DATABASE' WHEN 3 THEN 'SCHEMA' WHEN 6 THEN 'TYPE' ELSE "
+     "'OBJECT_OR_COLUMN' END, "
      "p.major_id, "
      "p.minor_id, p.grantee_principal_id, p.grantor_principal_id, "
      "CASE p.permission_name WHEN 'SELECT' THEN 'SL  ' WHEN 'INSERT' THEN 'IN  ' WHEN 'UPDATE' THEN 'UP  ' "
@@ -35,7 +36,7 @@ constexpr ViewDefinition rows[] = {
      "WHEN 'ALTER' THEN 'AL  ' WHEN 'CONNECT' THEN 'CO  ' WHEN 'VIEW DEFINITION' THEN 'VW  ' ELSE '    ' "
      "END, "
      "p.permission_name, p.state, CASE p.state WHEN 'D' THEN 'DENY' WHEN 'W' THEN 'GRANT_WITH_GRANT_OPTION' "
-     "ELSE 'GRANT' END FROM q_permission p WHERE p.database_id = {db}"},
+     "WHEN 'R' THEN 'REVOKE' ELSE 'GRANT' END FROM q_permission p WHERE p.database_id = {db}"},
     {"sys", "server_principals",
      "!name nvarchar(128), !principal_id int, sid varbinary(85), !type char(1), type_desc nvarchar(60), "
      "is_disabled bit, "

@@ -138,8 +138,7 @@ Datum CollationPropertyOf(const Question& q) {
 }
 
 std::optional<PrincipalId> UserIn(const Question& q, const Database& database) {
-    return database.id == q.here.database ? q.here.user
-                                          : UserOf(database, q.here.login, q.here.administrator);
+    return q.here.userIn ? q.here.userIn(database) : q.here.user;
 }
 
 Datum HasAccessOf(const Question& q) {
@@ -177,9 +176,10 @@ Datum HasPermissionOf(const Question& q) {
             return {};
         return Flag(visible || rights.OnSchema(right, schema->id));
     }
-    if (kind == "OBJECT") {
+    if (kind == "OBJECT" || kind == "TYPE") {
         const ObjectId object = q.IsNull(0) ? 0 : q.ObjectByName(q.Text(0));
-        if (object == 0 || !(visible || IsEnforcedRight(right, objectClass)))
+        const int securableClass = kind == "TYPE" ? typeClass : objectClass;
+        if (object == 0 || !(visible || IsEnforcedRight(right, securableClass)))
             return {};
         return Flag(visible || HasObjectRight(q, right, object));
     }

@@ -39,7 +39,8 @@ using NativeProcedure = int (*)(NativeHost& host, std::span<const Datum> argumen
 struct Native {
     std::string_view name; // behind `sys.`: q_rename, q_settriggerorder, q_bind ...
     NativeProcedure run;
-    bool writes = true; // it runs inside of a statement that writes
+    bool writes = true;             // it runs inside of a statement that writes
+    bool forAdministrators = false; // who changes a database may not
 };
 // nullptr when there is none.
 const Native* FindNativeProcedure(std::string_view name);

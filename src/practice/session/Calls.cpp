@@ -3,6 +3,7 @@
 #include "practice/catalogue/SystemProcedures.h"
 #include "practice/session/Ends.h"
 #include "practice/session/FlowRunner.h"
+#include "practice/session/Impersonating.h"
 #include "practice/session/Permitting.h"
 #include "practice/session/SessionState.h"
 #include "practice/session/Transactions.h"
@@ -41,6 +42,8 @@ int CallNative(SessionState& session, const Native& procedure, const std::vector
         return procedure.run(host, values);
     if (procedure.name != "q_raise" && procedure.name != "q_refuse")
         RequireOwner(session);
+    if (procedure.forAdministrators && !session.IsAdministrator())
+        throw SqlError(15247);
     const StoreSession::StatementMark mark = session.store.BeginStatement(StoreSession::Writes::Data);
     try {
         const int status = procedure.run(host, values);
@@ -100,6 +103,8 @@ int RunProcedureTree(SessionState& session, std::unique_ptr<Frame> frame,
         } catch (const SqlError& error) {
             throw OutsideLines(error, name);
         }
+        if (module)
+            ImpersonateForModule(session, *module);
         RunProgram(session, ProgramOf(*session.Top().tree->statements.front(), statement.body));
         TakeOutputs(session, statement.parameters, arguments);
         status = StatusOf(session.Top());
@@ -131,6 +136,7 @@ FrameScope::FrameScope(SessionState& session, std::unique_ptr<Frame> frame)
     , m_isolation(session.isolation)
     , m_database(session.database)
     , m_impersonations(session.impersonations.size()) {
+    frame->identities = session.frames.empty() ? 0 : m_impersonations;
     frame->scopeIdentity = Datum::Null(DecimalType(38, 0, TypeId::Numeric));
     if (!session.frames.empty()) {
         const Frame& caller = session.Top();
@@ -156,7 +162,8 @@ FrameScope::~FrameScope() {
     m_session.options = m_options;
     m_session.isolation = std::move(m_isolation);
     m_session.database = m_database;
-    m_session.impersonations.resize(m_impersonations);
+    auto& identities = m_session.impersonations;
+    identities.erase(identities.begin() + static_cast<std::ptrdiff_t>(m_impersonations), identities.end());
 }
 
 const FlowProgram& ProgramOf(const tsql::Statement& module, const tsql::StatementList& body) {
@@ -218,6 +225,7 @@ void RunTriggerBody(SessionState& session, const Trigger& trigger, const Trigger
     session.options.ansiNulls = trigger.ansiNulls;
     session.options.xactAbort = true; // an error in a trigger takes the transaction with it
     session.rowCount = firing.rowCount;
+    ImpersonateForModule(session, trigger);
     RunProgram(session, ProgramOf(*session.Top().tree->statements.front(), statement.body));
 }
 
@@ -249,6 +257,7 @@ void RunFunctionBody(SessionState& session, const Module& function,
         given.push_back(std::move(one));
     }
     BindArguments(session, statement.parameters, given, function.name);
+    ImpersonateForModule(session, function);
     RunProgram(session, ProgramOf(*session.Top().tree->statements.front(), statement.body));
 }
 

@@ -15,9 +15,10 @@ const char* DirectionName(tsql::FetchDirection direction) {
 } // namespace
 
 Cursor::Cursor(std::string name, std::shared_ptr<const tsql::Batch> tree,
-               const tsql::CursorDefinition& definition)
+               std::shared_ptr<const Module> module, const tsql::CursorDefinition& definition)
     : m_name(std::move(name))
     , m_tree(std::move(tree))
+    , m_module(std::move(module))
     , m_definition(definition) {}
 
 bool Cursor::Scrolls() const {

@@ -14,8 +14,9 @@ class QueryReader;
 
 class Cursor {
   public:
-    /// `tree` owns `definition` and is kept alive with the cursor; `name` is for messages.
-    Cursor(std::string name, std::shared_ptr<const tsql::Batch> tree,
+    /// `tree` owns `definition` and is kept alive with the cursor; `name` is for messages; `module` is the
+    /// one that declares it, if any.
+    Cursor(std::string name, std::shared_ptr<const tsql::Batch> tree, std::shared_ptr<const Module> module,
            const tsql::CursorDefinition& definition);
 
     const std::string& Name() const { return m_name; }
@@ -23,6 +24,8 @@ class Cursor {
     std::int64_t RowCount() const { return static_cast<std::int64_t>(m_rows.size()); }
     const std::vector<ResultColumn>& Columns() const { return m_columns; }
     bool Scrolls() const;
+    const tsql::SelectStatement& Query() const { return *m_definition.select; }
+    const Module* DeclaredBy() const { return m_module.get(); }
 
     /// Reads all rows. Throws SqlError 16905 when open already.
     void Open(Executor& executor);
@@ -48,6 +51,7 @@ class Cursor {
 
     std::string m_name;
     std::shared_ptr<const tsql::Batch> m_tree;
+    std::shared_ptr<const Module> m_module;
     const tsql::CursorDefinition& m_definition;
     bool m_open = false;
     std::vector<ResultColumn> m_columns;

@@ -1,5 +1,6 @@
 #include "practice/session/CursorStatements.h"
 
+#include "practice/session/Permitting.h"
 #include "practice/session/SessionState.h"
 #include "practice/session/Variables.h"
 #include "practice/values/SqlError.h"
@@ -31,7 +32,7 @@ std::shared_ptr<Cursor>& RequireSlot(SessionState& session, const tsql::CursorNa
 
 std::shared_ptr<Cursor> Make(SessionState& session, const std::string& name,
                              const tsql::CursorDefinition& definition) {
-    return std::make_shared<Cursor>(name, session.Top().tree, definition);
+    return std::make_shared<Cursor>(name, session.Top().tree, session.Top().module, definition);
 }
 
 void SendRow(SessionState& session, const Cursor& cursor, bool found) {
@@ -76,6 +77,8 @@ void RunSetCursor(SessionState& session, const tsql::SetCursorVariableStatement&
 void RunCursor(SessionState& session, const tsql::CursorStatement& statement) {
     if (statement.kind == tsql::StatementKind::OpenCursor) {
         Cursor& cursor = RequireCursor(session, statement.cursor);
+        // Rights and views may have changed since it was declared.
+        RequireRights(session, cursor.Query(), cursor.DeclaredBy());
         cursor.Open(session.Statements());
         session.cursorRows = cursor.RowCount();
         return;

@@ -1,5 +1,6 @@
 #include "practice/session/Dbcc.h"
 
+#include "practice/session/Permitting.h"
 #include "practice/session/SessionState.h"
 #include "practice/tsql/Keywords.h"
 #include "practice/tsql/Parser.h"
@@ -89,6 +90,8 @@ void CheckIdentity(SessionState& session, const tsql::DbccStatement& statement) 
     const auto table = std::dynamic_pointer_cast<const Table>(session.Statements().FindObject(name));
     if (!table)
         FailMissing(name.Text());
+    if (!MayAlter(session, *table))
+        throw SqlError(2557, {session.UserName(), "CHECKIDENT", table->name});
     const Column* column = table->IdentityColumn();
     if (column == nullptr)
         throw SqlError::Custom(7997, 16, 1, "'" + table->name + "' does not contain an identity column.");
@@ -114,6 +117,8 @@ void RunDbcc(SessionState& session, const tsql::DbccStatement& statement) {
         CheckIdentity(session, statement);
     else if (!ChangesNothing(statement.command))
         throw SqlError::NotSupported("DBCC " + statement.command);
+    else if (!session.IsAdministrator())
+        throw SqlError(2571, {session.UserName(), statement.command});
     if (!IsQuiet(statement))
         session.Inform(2528, MessageText(2528));
 }

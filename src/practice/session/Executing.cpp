@@ -104,7 +104,7 @@ void RunText(SessionState& session, const tsql::ExecuteTextStatement& statement)
     {
         const FrameScope scope(session, std::move(frame));
         if (!statement.asKind.empty())
-            Impersonate(session, statement.asKind, statement.asName);
+            ImpersonateForText(session, statement.asKind, statement.asName);
         RunProgram(session, program);
     }
     CheckTransactionCount(session, transactions, {});

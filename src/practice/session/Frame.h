@@ -14,8 +14,11 @@ enum class FrameKind { Batch, Text, Procedure, Function, Trigger };
 
 /// Who the session is for the time being: EXECUTE AS changes it, REVERT gives it back.
 struct Impersonation {
-    std::string login;
-    std::string user; // empty: the login's user in whatever database
+    std::string login;       // empty: of a user without one
+    DatabaseId database = 0; // of the user; 0: the login itself, with its user in whatever database
+    PrincipalId user = 0;
+
+    bool IsUser() const { return database != 0; }
 };
 
 struct Frame {
@@ -38,7 +41,9 @@ struct Frame {
     bool guarded = false;          // the running step stands in a TRY block of this frame
     bool guardedOutside = false;   // one of the frames around has such a step
     int nestLevel = 0;
-    int line = 1; // of the running statement
+    std::size_t identities = 0; // impersonations that REVERT leaves alone: they were there before the body
+    std::optional<Impersonation> caller; // where the module runs as somebody else
+    int line = 1;                        // of the running statement
 };
 
 } // namespace quillon::practice

@@ -16,14 +16,15 @@ class Definer {
         : m_session(session)
         , m_view(session.store.View())
         , m_database(*m_view->FindDatabase(session.database))
-        , m_rights(m_database, UserHere()) {}
+        , m_user(UserHere())
+        , m_rights(m_database, m_user) {}
 
     void Require(const Statement& statement);
 
   private:
     PrincipalId UserHere() {
         RequireEntry(m_session, m_database);
-        return *UserIn(m_session, m_database);
+        return *m_session.UserIn(m_database);
     }
 
     // Databases
@@ -31,30 +32,61 @@ class Definer {
         const Database* database = name.empty() ? &m_database : m_view->FindDatabase(name);
         if (database == nullptr)
             return false;
-        const auto user = UserIn(m_session, *database);
+        const auto user = m_session.UserIn(*database);
         return user && Rights(*database, *user).OnDatabase(right);
     }
+    bool MayOn(const SchemaObject& object, std::string_view right) const {
+        const Database* database = m_view->FindDatabase(object.database);
+        const auto user = database == nullptr ? std::nullopt : m_session.UserIn(*database);
+        return user && Rights(*database, *user).OnObject(right, object);
+    }
+
+    // Where a name puts a new thing; no schema where there is none of that name.
+    struct Place {
+        const Database* database;
+        const Schema* schema;
+    };
+    std::optional<Place> PlaceOf(const Name& name) const {
+        const Database* database =
+            name.Database().empty() ? &m_database : m_view->FindDatabase(name.Database());
+        if (database == nullptr) // then the statement itself says so
+            return std::nullopt;
+        RequireEntry(m_session, *database);
+        if (!name.Schema().empty())
+            return Place{database, database->FindSchema(name.Schema())};
+        const auto schema = database->schemas.find(m_session.Context().DefaultSchema());
+        return Place{database, schema == database->schemas.end() ? nullptr : &schema->second};
+    }
+    Rights RightsIn(const Database& database) const { return {database, *m_session.UserIn(database)}; }
 
     // Things of the current database
     void RequireCreation(std::string_view right, const Name& name) {
         if (name.Last().starts_with('#'))
             return;
-        if (!m_rights.OnDatabase(right))
-            throw SqlError(262, {right, m_database.name});
-        const SchemaId own = name.Schema().empty() ? m_session.Context().DefaultSchema() : 0;
-        const Schema* schema = name.Schema().empty() ? nullptr : m_database.FindSchema(name.Schema());
-        if ((own != 0 || schema != nullptr) && !m_rights.OnSchema("ALTER", own != 0 ? own : schema->id))
-            throw SqlError(2760, {own != 0 ? m_database.SchemaName(own) : std::string_view(name.Schema())});
+        const auto place = PlaceOf(name);
+        if (!place)
+            return;
+        const Rights rights = RightsIn(*place->database);
+        if (!rights.OnDatabase(right))
+            throw SqlError(262, {right, place->database->name});
+        if (place->schema != nullptr && !rights.OnSchema("ALTER", place->schema->id))
+            throw SqlError(2760, {place->schema->name});
+    }
+    void RequireSchemaCreation(const CreateSchemaStatement& statement) {
+        if (!m_rights.OnDatabase("CREATE SCHEMA"))
+            throw SqlError(262, {"CREATE SCHEMA", m_database.name});
+        const Principal* owner =
+            statement.owner.empty() ? nullptr : m_database.FindPrincipal(statement.owner);
+        if (owner != nullptr && !m_rights.IsMember(owner->id) && !m_rights.OnDatabase("CONTROL"))
+            throw SqlError(15151, {"find", "user", statement.owner});
     }
     bool MayOnObject(const Name& name, std::string_view right) {
         if (name.Last().starts_with('#'))
             return true;
         const auto object = m_session.Statements().FindObject(name);
-        if (!object) // then the statement itself says so
+        if (!object)
             return true;
-        const Database* database = m_view->FindDatabase(object->database);
-        const auto user = UserIn(m_session, *database);
-        return user && Rights(*database, *user).OnObject(right, *object);
+        return MayOn(*object, right);
     }
     void RequireTable(const Name& name) {
         if (!MayOnObject(name, "ALTER"))
@@ -65,23 +97,47 @@ class Definer {
             throw SqlError(3701, {"drop", kind, name.Text()}, 20);
     }
     void RequireModule(const ModuleStatement& module, std::string_view creation, const char* kind) {
-        const bool exists =
-            module.verb != ModuleVerb::Create && m_session.Statements().FindObject(module.name) != nullptr;
-        if (!exists)
+        const auto place = PlaceOf(module.name);
+        const auto existing =
+            module.verb == ModuleVerb::Create ? nullptr : m_session.Statements().FindObject(module.name);
+        if (!existing)
             RequireCreation(creation, module.name);
-        else if (!MayOnObject(module.name, "ALTER"))
+        else if (!MayOn(*existing, "ALTER"))
             throw SqlError(3701, {"alter", kind, module.name.Text()}, 20);
+        if (existing && existing->database == m_database.id)
+            RequireIdentity(module, m_database.schemas.at(existing->schema));
+        else if (place && place->schema != nullptr)
+            RequireIdentity(module, *place->schema);
+    }
+    /// Whoever writes what others run as somebody else must be allowed to be that one.
+    void RequireIdentity(const ModuleStatement& module, const Schema& schema) {
+        const Principal* user = nullptr;
+        if (module.executeAsUser)
+            user = m_database.FindPrincipal(module.executeAs);
+        else if (module.executeAs == "OWNER")
+            user = &m_database.principals.at(schema.owner);
+        if (user != nullptr && !m_rights.MayImpersonate(*user))
+            throw SqlError(15151, {"execute as", "user", user->name});
     }
     void RequireTrigger(const CreateTriggerStatement& trigger) {
         if (!MayOnObject(trigger.table, "ALTER"))
             throw SqlError(8197, {trigger.table.Text()}, 4);
+        const auto table = m_session.Statements().FindObject(trigger.table);
+        if (table && table->database == m_database.id)
+            RequireIdentity(trigger, m_database.schemas.at(table->schema));
     }
     /// A trigger goes with its table.
     void RequireDropTrigger(const Name& name) {
         const auto object = std::dynamic_pointer_cast<const Trigger>(m_session.Statements().FindObject(name));
         const auto parent = object ? m_view->FindObject(object->parent) : nullptr;
-        if (parent && !m_rights.OnObject("ALTER", *parent))
+        if (parent && !MayOn(*parent, "ALTER"))
             throw SqlError(3701, {"drop", "trigger", name.Text()}, 20);
+    }
+    void RequireDropSynonym(const Name& name) {
+        const auto place = PlaceOf(name);
+        if (place && place->schema != nullptr &&
+            !RightsIn(*place->database).OnSchema("ALTER", place->schema->id))
+            throw SqlError(3701, {"drop", "synonym", name.Text()}, 20);
     }
     void RequireSchema(const std::string& name, const char* verb) {
         const Schema* schema = m_database.FindSchema(name);
@@ -99,11 +155,15 @@ class Definer {
                   : !m_rights.OnDatabase("ALTER ANY ROLE"))
             throw SqlError(15151, {verb, "role", name});
     }
+    std::optional<Permission> SecurableOf(const PermissionStatement& statement) const;
     void RequireGrant(const PermissionStatement& statement);
+    void RequireAuthorization(const AlterAuthorizationStatement& statement);
+    void RequireAlterUser(const AlterUserStatement& statement);
 
     SessionState& m_session;
     std::shared_ptr<const Catalogue> m_view;
     const Database& m_database;
+    PrincipalId m_user;
     Rights m_rights;
 };
 
@@ -120,10 +180,7 @@ void Definer::RequireDropOf(const DropStatement& statement) {
         case DropKind::Procedure: RequireDrop("procedure", name); break;
         case DropKind::Function: RequireDrop("function", name); break;
         case DropKind::Type: RequireDrop("type", name, "CONTROL"); break;
-        case DropKind::Synonym:
-            if (!m_rights.OnDatabase("ALTER ANY SCHEMA"))
-                throw SqlError(3701, {"drop", "synonym", name.Text()}, 20);
-            break;
+        case DropKind::Synonym: RequireDropSynonym(name); break;
         case DropKind::Default: RequireDrop("default", name); break;
         case DropKind::Rule: RequireDrop("rule", name); break;
         case DropKind::User:
@@ -136,29 +193,66 @@ void Definer::RequireDropOf(const DropStatement& statement) {
         }
 }
 
-void Definer::RequireGrant(const PermissionStatement& statement) {
-    Permission given;
+/// The securable of the statement, without a right; nothing where there is no such thing here, as the
+/// statement will say.
+std::optional<Permission> Definer::SecurableOf(const PermissionStatement& statement) const {
+    if (statement.securable.Empty() || statement.securableClass == "DATABASE")
+        return Permission{};
     if (statement.securableClass == "SCHEMA") {
         const Schema* schema = m_database.FindSchema(statement.securable.Last());
         if (schema == nullptr)
-            return;
-        given.securableClass = schemaClass;
-        given.major = schema->id;
-    } else if (!statement.securable.Empty() && statement.securableClass != "DATABASE") {
-        const auto object = m_session.Statements().FindObject(statement.securable);
-        if (!object)
-            return;
-        given.securableClass = objectClass;
-        given.major = object->id;
+            return std::nullopt;
+        Permission securable;
+        securable.securableClass = schemaClass;
+        securable.major = schema->id;
+        return securable;
     }
-    for (const std::string& right : statement.permissions) {
-        given.permission = right;
-        if (m_rights.MayGrant(given))
+    const auto object = m_session.Statements().FindObject(statement.securable);
+    return object ? std::optional(practice::SecurableOf(*object)) : std::nullopt;
+}
+
+void Definer::RequireGrant(const PermissionStatement& statement) {
+    std::optional<Permission> given = SecurableOf(statement);
+    if (!given)
+        return;
+    for (const std::string& right : GrantedRights(statement.permissions, *given, *m_view)) {
+        given->permission = right;
+        if (statement.verb == PermissionVerb::Deny ? m_rights.MayDeny(*given) : m_rights.MayGrant(*given))
             continue;
-        if (given.securableClass == databaseClass)
-            throw SqlError(15247);
-        throw SqlError(15151, {"find", given.securableClass == schemaClass ? "schema" : "object",
-                               statement.securable.Text()});
+        if (given->securableClass == databaseClass)
+            throw SqlError(4613);
+        const char* kind = given->securableClass == schemaClass ? "schema"
+                           : given->securableClass == typeClass ? "type"
+                                                                : "object";
+        throw SqlError(15151, {"find", kind, statement.securable.Text()});
+    }
+}
+
+void Definer::RequireAuthorization(const AlterAuthorizationStatement& statement) {
+    if (statement.securableClass == "DATABASE") {
+        if (!MayOnDatabase(statement.securable.Last(), "CONTROL"))
+            throw SqlError(15151, {"find", "database", statement.securable.Last()});
+        if (m_session.ActsAsUser() || !SameName(statement.owner, m_session.LoginName()))
+            throw SqlError(15151, {"find", "principal", statement.owner});
+        return;
+    }
+    const Schema* schema = m_database.FindSchema(statement.securable.Last());
+    if (schema == nullptr)
+        return;
+    if (!m_rights.OnSchema("CONTROL", schema->id))
+        throw SqlError(15151, {"find", "schema", schema->name});
+    const Principal* owner = m_database.FindPrincipal(statement.owner);
+    if (owner != nullptr && !m_rights.IsMember(owner->id) && !m_rights.OnDatabase("CONTROL"))
+        throw SqlError(15151, {"find", "principal", statement.owner});
+}
+
+/// The default schema is the user's own affair; its login decides who it is.
+void Definer::RequireAlterUser(const AlterUserStatement& statement) {
+    const Principal* user = m_database.FindPrincipal(statement.name);
+    for (const OptionSetting& option : statement.options) {
+        const bool own = option.name == "DEFAULT_SCHEMA" && user != nullptr && user->id == m_user;
+        if (!own && !m_rights.OnDatabase(option.name == "LOGIN" ? "CONTROL" : "ALTER ANY USER"))
+            throw SqlError(15151, {"alter", "user", statement.name});
     }
 }
 
@@ -168,20 +262,17 @@ void Definer::RequirePrincipals(const Statement& statement) {
         if (!m_rights.OnDatabase("ALTER ANY USER"))
             throw SqlError(15247);
         return;
-    case Kind::AlterUser:
-        if (!m_rights.OnDatabase("ALTER ANY USER"))
-            throw SqlError(15151, {"alter", "user", As<AlterUserStatement>(statement).name});
-        return;
+    case Kind::AlterUser: return RequireAlterUser(As<AlterUserStatement>(statement));
     case Kind::CreateRole:
         if (!m_rights.OnDatabase("CREATE ROLE"))
             throw SqlError(15247);
         return;
-    case Kind::AlterRole: return RequireRole(As<AlterRoleStatement>(statement).name, "alter");
+    case Kind::AlterRole: {
+        const auto& alter = As<AlterRoleStatement>(statement);
+        return alter.server ? void() : RequireRole(alter.name, "alter"); // of the server: as for logins
+    }
     case Kind::Permission: return RequireGrant(As<PermissionStatement>(statement));
-    case Kind::AlterAuthorization:
-        if (!m_rights.IsOwner() && !m_rights.IsMember("db_owner"))
-            throw SqlError(15247);
-        return;
+    case Kind::AlterAuthorization: return RequireAuthorization(As<AlterAuthorizationStatement>(statement));
     default: return;
     }
 }
@@ -203,7 +294,7 @@ void Definer::Require(const Statement& statement) {
         const Name& table = As<SetOptionStatement>(statement).table;
         return table.Empty() ? void() : RequireTable(table);
     }
-    case Kind::CreateSchema: return RequireCreation("CREATE SCHEMA", {});
+    case Kind::CreateSchema: return RequireSchemaCreation(As<CreateSchemaStatement>(statement));
     case Kind::AlterSchemaTransfer: {
         const auto& transfer = As<AlterSchemaTransferStatement>(statement);
         RequireSchema(transfer.schema, "alter");
@@ -243,10 +334,6 @@ void Definer::Require(const Statement& statement) {
         for (const Name& name : As<DropTriggerStatement>(statement).names)
             RequireDropTrigger(name);
         return;
-    case Kind::Dbcc:
-        if (As<DbccStatement>(statement).command == "CHECKIDENT")
-            RequireOwner(m_session);
-        return;
     default: return RequirePrincipals(statement);
     }
 }
@@ -257,7 +344,7 @@ void RequireUse(SessionState& session, const std::string& name) {
     if (database == nullptr || database->id == session.database)
         return;
     // Who acts as a user of one database does not leave it.
-    if (!session.impersonations.empty() && !session.impersonations.back().user.empty())
+    if (session.ActsAsUser())
         throw SqlError(916, {session.LoginName(), database->name});
     RequireEntry(session, *database);
 }
@@ -272,7 +359,6 @@ bool Defines(const Statement& statement) {
     case Kind::Merge: return false;
     case Kind::Select: return !As<SelectStatement>(statement).First().into.Empty();
     case Kind::SetOption: return !As<SetOptionStatement>(statement).table.Empty();
-    case Kind::Dbcc: return true;
     default: return Executor::Handles(statement.kind);
     }
 }

@@ -96,7 +96,7 @@ void SessionOfRequests::UseDatabase(const Database& database, int messageState) 
 const Database& SessionOfRequests::FirstDatabase(const std::string& loginDefault) {
     const auto open = [this](const std::string& name) {
         const Database* found = m_state.store.View()->FindDatabase(name);
-        return found != nullptr && UserIn(m_state, *found) ? found : nullptr;
+        return found != nullptr && m_state.UserIn(*found) ? found : nullptr;
     };
     const std::string& wanted = m_state.facts.database;
     if (!wanted.empty()) {
@@ -232,6 +232,7 @@ void SessionOfRequests::DescribeText(const std::string& statement, const std::st
     for (const tsql::StatementPtr& one : kept.tree->statements) {
         if (!Executor::Handles(one->kind))
             continue;
+        RequireRights(m_state, *one);
         const std::vector<ResultColumn> columns = m_state.Statements().Describe(*one);
         if (columns.empty())
             continue;

@@ -9,8 +9,6 @@
 #include "practice/values/SqlError.h"
 
 #include <algorithm>
-#include <chrono>
-#include <thread>
 
 namespace quillon::practice {
 
@@ -33,21 +31,8 @@ void SessionContext::ChangeDatabase(DatabaseId database) {
     m_session.Inform(5701, MessageText(5701, {m_session.DatabaseName()}));
 }
 
-// A connection that was closed a moment ago takes a while to end.
 bool SessionContext::IsUsedElsewhere(const std::string& database) {
-    constexpr int attempts = 40;
-    constexpr std::chrono::milliseconds pause{25};
-    const auto inIt = [&](const SessionRow& row) {
-        return row.sessionId != m_session.facts.spid && SameName(row.database, database);
-    };
-    for (int attempt = 0; attempt < attempts; ++attempt) {
-        const std::vector<SessionRow> sessions = m_session.server.sources.sessions();
-        if (std::none_of(sessions.begin(), sessions.end(), inIt))
-            return false;
-        m_session.CheckInterrupt();
-        std::this_thread::sleep_for(pause);
-    }
-    return true;
+    return m_session.AnotherStays([&](const SessionRow& row) { return SameName(row.database, database); });
 }
 
 bool SessionContext::KeepsWhatItReads() {

@@ -134,7 +134,8 @@ Datum SessionFunctions::AskCatalogue(std::string_view function, const Datum* arg
     if (function == "FORMATMESSAGE")
         return FormattedMessage(given);
     MetadataSurroundings surroundings{
-        m_session.store, m_session.database, dboSchema, dboPrincipal, {}, true, {}};
+        m_session.store, m_session.database, dboSchema, dboPrincipal, {}, true, {}, {}};
+    surroundings.userIn = [this](const Database& database) { return m_session.UserIn(database); };
     surroundings.defaultSchema = m_session.Context().DefaultSchema();
     surroundings.user = m_session.UserId();
     surroundings.login = m_session.LoginName();

@@ -3,7 +3,11 @@
 #include "practice/session/FlowProgram.h"
 #include "practice/session/SessionContext.h"
 #include "practice/session/SessionFunctions.h"
+#include "practice/storage/Permissions.h"
 #include "practice/values/SqlError.h"
+
+#include <chrono>
+#include <thread>
 
 namespace quillon::practice {
 
@@ -59,40 +63,64 @@ void SessionState::TellDatabase() {
 }
 
 std::string SessionState::LoginName() const {
-    for (auto who = impersonations.rbegin(); who != impersonations.rend(); ++who) {
-        if (!who->login.empty())
-            return who->login;
-    }
-    return facts.login;
+    if (impersonations.empty())
+        return facts.login;
+    const Impersonation& last = impersonations.back();
+    if (!last.login.empty() || !last.IsUser())
+        return last.login;
+    // A user without a login shows as the text of an identifier of its own.
+    return "S-1-9-3-" + std::to_string(last.database) + "-" + std::to_string(last.user);
+}
+
+bool SessionState::ActsAsUser() const {
+    return !impersonations.empty() && impersonations.back().IsUser();
 }
 
 bool SessionState::IsAdministrator() const {
-    // Who acts as a user of a database is nothing beyond it.
-    if (!impersonations.empty() && !impersonations.back().user.empty())
+    if (ActsAsUser())
         return false;
     const auto account = server.accounts.Find(LoginName());
     return account && account->administrator;
 }
 
-std::string SessionState::UserName() {
-    if (!impersonations.empty() && !impersonations.back().user.empty())
-        return impersonations.back().user;
-    const std::string login = LoginName();
-    const Database* current = store.View()->FindDatabase(database);
-    if (current == nullptr || IsAdministrator() || SameName(current->owner, login))
-        return "dbo";
-    for (const auto& [id, principal] : current->principals) {
-        if (SameName(principal.login, login))
-            return principal.name;
+std::optional<PrincipalId> SessionState::UserIn(const Database& asked) const {
+    if (!ActsAsUser()) {
+        const auto account = server.accounts.Find(LoginName());
+        return account ? UserOf(asked, account->name, account->sid, account->administrator) : std::nullopt;
     }
-    return "guest";
+    const Impersonation& last = impersonations.back();
+    if (asked.id != last.database)
+        return GuestMayEnter(asked) ? std::optional(guestPrincipal) : std::nullopt;
+    const bool enters = asked.principals.contains(last.user) && MayEnter(asked, last.user);
+    return enters ? std::optional(last.user) : std::nullopt;
 }
 
 PrincipalId SessionState::UserId() {
-    const std::string user = UserName();
-    const Database* current = store.View()->FindDatabase(database);
-    const Principal* principal = current == nullptr ? nullptr : current->FindPrincipal(user);
-    return principal == nullptr ? guestPrincipal : principal->id;
+    const auto view = store.View();
+    const Database* current = view->FindDatabase(database);
+    return current == nullptr ? guestPrincipal : UserIn(*current).value_or(guestPrincipal);
+}
+
+std::string SessionState::UserName() {
+    const auto view = store.View();
+    const Database* current = view->FindDatabase(database);
+    return current == nullptr ? "guest" : current->principals.at(UserId()).name;
+}
+
+bool SessionState::AnotherStays(const std::function<bool(const SessionRow&)>& isLikeThat) {
+    constexpr int attempts = 40;
+    constexpr std::chrono::milliseconds pause{25};
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        const std::vector<SessionRow> sessions = server.sources.sessions();
+        const bool any = std::any_of(sessions.begin(), sessions.end(), [&](const SessionRow& row) {
+            return row.sessionId != facts.spid && isLikeThat(row);
+        });
+        if (!any)
+            return false;
+        CheckInterrupt();
+        std::this_thread::sleep_for(pause);
+    }
+    return true;
 }
 
 void SessionState::Inform(int number, std::string text, int severity, int messageState) {

@@ -94,11 +94,20 @@ struct SessionState {
     void LeaveLostDatabase();
     /// Tells the client of the current database where it knows of another one.
     void TellDatabase();
-    /// The login that counts now, and its user in the current database.
+    /// Who counts now: after EXECUTE AS, whoever that named.
     std::string LoginName() const;
-    std::string UserName();
-    PrincipalId UserId();
     bool IsAdministrator() const;
+    /// Whether it is a user of one database alone, and so nobody beyond it.
+    bool ActsAsUser() const;
+    /// Its user in that database; nothing where it may not enter.
+    std::optional<PrincipalId> UserIn(const Database& database) const;
+    /// In the current database; guest where it may not be there any more.
+    PrincipalId UserId();
+    std::string UserName();
+
+    /// Whether another session is like that and does not end soon: a connection that was closed a moment ago
+    /// takes a while.
+    bool AnotherStays(const std::function<bool(const SessionRow&)>& isLikeThat);
 
     /// A message of severity 10 or below, of the statement that runs.
     void Inform(int number, std::string text, int severity = 0, int messageState = 1);

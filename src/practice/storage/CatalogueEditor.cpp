@@ -1,4 +1,7 @@
 #include "practice/storage/Catalogue.h"
+#include "practice/storage/Permissions.h"
+
+#include <algorithm>
 
 namespace quillon::practice {
 
@@ -81,6 +84,12 @@ void CatalogueEditor::Drop(ObjectId id) {
     Database& database = Own(m_next->m_homes.Find(id)->database);
     NoteChange(database, id);
     FreeNames(database, id);
+    const Permission securable = SecurableOf(**database.objects.Find(id));
+    const auto& rights = database.permissions;
+    if (std::any_of(rights.begin(), rights.end(), [&](const Permission& one) {
+            return one.securableClass == securable.securableClass && one.major == id;
+        }))
+        ForgetRights(EditDatabase(database.id), securable.securableClass, id);
     database.objects.Erase(id);
 }
 

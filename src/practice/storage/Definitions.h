@@ -35,6 +35,7 @@ constexpr SchemaId sysSchema = 4;
 constexpr PrincipalId publicPrincipal = 0;
 constexpr PrincipalId dboPrincipal = 1;
 constexpr PrincipalId guestPrincipal = 2;
+constexpr PrincipalId moduleOwner = -2; // Module::executeAs: whoever owns the module's schema by then
 
 enum class ObjectKind : std::uint8_t {
     Table,
@@ -200,8 +201,8 @@ struct Module : SchemaObject {
     bool encrypted = false;
     bool schemaBound = false;
     bool recompile = false;
-    bool startup = false; // a procedure of master that runs when the server starts
-    std::string executeAs;
+    bool startup = false;                    // a procedure of master that runs when the server starts
+    std::optional<PrincipalId> executeAs;    // whom its body runs as; nothing: its caller
     std::vector<ModuleParameter> parameters; // procedures and functions
     std::optional<SqlType> returns;          // scalar functions
     std::vector<Column> columns;             // views and table functions, as they were when it was made
@@ -273,7 +274,8 @@ struct Permission {
     PrincipalId grantee = 0;
     PrincipalId grantor = dboPrincipal;
     std::string permission; // SELECT, VIEW DEFINITION ...
-    char state = 'G';       // D deny, G grant, W grant with grant option
+    // D deny, G grant, W grant with grant option; R of CONNECT, which a user has until it is revoked
+    char state = 'G';
 };
 
 // An object of the same kind that says the same, to be changed.

@@ -1,6 +1,7 @@
 #include "practice/storage/DefinitionTables.h"
 #include "practice/storage/DefinitionValues.h"
 
+#include <charconv>
 #include <sqlite3.h>
 
 #include <unordered_set>
@@ -308,6 +309,15 @@ void Loader::LoadForeignKeys() {
     }
 }
 
+// Files of before identities counted have words there: CALLER, SELF, a user's name.
+std::optional<PrincipalId> LoadIdentity(const std::string& text) {
+    PrincipalId id = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), id);
+    if (error == std::errc() && end == text.data() + text.size())
+        return id;
+    return text == "OWNER" ? std::optional(moduleOwner) : std::nullopt;
+}
+
 void Loader::LoadModules() {
     Prepared rows =
         Select("SELECT object_id, definition, uses_ansi_nulls, uses_quoted_identifier, is_encrypted,"
@@ -325,7 +335,7 @@ void Loader::LoadModules() {
         module->encrypted = rows.Integer(4) != 0;
         module->schemaBound = rows.Integer(5) != 0;
         module->recompile = rows.Integer(6) != 0;
-        module->executeAs = rows.Text(7);
+        module->executeAs = LoadIdentity(rows.Text(7));
         module->startup = rows.Integer(8) != 0;
     }
 }

@@ -65,25 +65,83 @@ bool GuestMayEnter(const Database& database) {
 
 bool MayEnter(const Database& database, PrincipalId user) {
     const Rights rights(database, user);
-    return user == dboPrincipal ||
-           std::none_of(database.permissions.begin(), database.permissions.end(), [&](const Permission& one) {
-               return one.permission == "CONNECT" && one.state == 'D' && rights.IsMember(one.grantee);
-           });
+    const auto stands = [&](auto states) {
+        return std::any_of(database.permissions.begin(), database.permissions.end(),
+                           [&](const Permission& one) {
+                               return one.permission == "CONNECT" &&
+                                      std::string_view(states).find(one.state) != std::string_view::npos &&
+                                      rights.IsMember(one.grantee);
+                           });
+    };
+    return user == dboPrincipal || (!stands("D") && (stands("GW") || !stands("R")));
 }
 
-std::optional<PrincipalId> UserOf(const Database& database, std::string_view login, bool administrator) {
+std::optional<PrincipalId> UserOf(const Database& database, std::string_view login, std::string_view sid,
+                                  bool administrator) {
     if (administrator || SameName(database.owner, login))
         return dboPrincipal;
     std::optional<PrincipalId> user;
     for (const auto& [id, principal] : database.principals)
-        if (SameName(principal.login, login))
+        if (principal.sid.empty() ? SameName(principal.login, login) : principal.sid == sid)
             user = id;
     if (!user && GuestMayEnter(database))
         user = guestPrincipal;
     return user && MayEnter(database, *user) ? user : std::nullopt;
 }
 
+PrincipalId OwnerOf(const Database& database, SchemaId schema) {
+    const auto found = database.schemas.find(schema);
+    return found == database.schemas.end() ? dboPrincipal : found->second.owner;
+}
+
+Permission SecurableOf(const SchemaObject& object) {
+    Permission securable;
+    const bool isType = object.kind == ObjectKind::AliasType || object.kind == ObjectKind::TableType;
+    securable.securableClass = isType ? typeClass : objectClass;
+    securable.major = object.id;
+    return securable;
+}
+
+void ForgetRights(Database& database, int securableClass, ObjectId major) {
+    std::erase_if(database.permissions, [&](const Permission& one) {
+        return one.securableClass == securableClass && one.major == major;
+    });
+}
+
+bool IsRelation(const SchemaObject& object) {
+    return object.kind == ObjectKind::Table || object.kind == ObjectKind::View ||
+           object.kind == ObjectKind::InlineFunction || object.kind == ObjectKind::TableFunction;
+}
+
+namespace {
+
+std::vector<std::string> AllRights(const Permission& securable, const Catalogue& catalogue) {
+    if (securable.securableClass == databaseClass)
+        return {"CREATE DEFAULT", "CREATE FUNCTION", "CREATE PROCEDURE",
+                "CREATE RULE",    "CREATE TABLE",    "CREATE VIEW"};
+    const auto object =
+        securable.securableClass == objectClass ? catalogue.FindObject(securable.major) : nullptr;
+    if (object && !IsRelation(*object))
+        return {"EXECUTE"};
+    return {"SELECT", "INSERT", "UPDATE", "DELETE", "REFERENCES"};
+}
+
+} // namespace
+
+std::vector<std::string> GrantedRights(const std::vector<std::string>& written, const Permission& securable,
+                                       const Catalogue& catalogue) {
+    std::vector<std::string> rights;
+    for (const std::string& one : written)
+        if (one == "ALL")
+            return AllRights(securable, catalogue);
+        else
+            rights.push_back(one == "EXEC" ? "EXECUTE" : one == "CREATE PROC" ? "CREATE PROCEDURE" : one);
+    return rights;
+}
+
 bool IsEnforcedRight(std::string_view right, int securableClass) {
+    if (securableClass == typeClass)
+        return IsOneOf(right, {"CONTROL", "EXECUTE", "REFERENCES"});
     if (IsDataRight(right) || IsOneOf(right, {"CONTROL", "ALTER"}))
         return true;
     return securableClass == databaseClass &&
@@ -105,11 +163,15 @@ bool Rights::IsMember(std::string_view fixedRole) const {
 bool Rights::Stands(char state, std::string_view right, int securableClass, ObjectId major) const {
     return std::any_of(
         m_database.permissions.begin(), m_database.permissions.end(), [&](const Permission& one) {
-            const bool same =
-                state == 'D' ? one.state == 'D' : one.state != 'D' && (state != 'W' || one.state == 'W');
+            const bool same = state == 'G' ? one.state == 'G' || one.state == 'W' : one.state == state;
             return same && one.securableClass == securableClass && one.major == major && one.minor == 0 &&
                    m_holders.contains(one.grantee) && Covers(one.permission, right);
         });
+}
+
+bool Rights::StandsOn(char state, std::string_view right, const SchemaObject& object) const {
+    const Permission securable = SecurableOf(object);
+    return Stands(state, right, securable.securableClass, securable.major);
 }
 
 bool Rights::DeniedByRole(std::string_view right) const {
@@ -134,25 +196,22 @@ bool Rights::GivenByRole(std::string_view right) const {
 bool Rights::Denied(std::string_view right, const SchemaObject* object,
                     std::optional<SchemaId> schema) const {
     const std::string_view above = schema ? OnDatabaseCalled(right) : right;
-    return DeniedByRole(right) || (object != nullptr && Stands('D', right, objectClass, object->id)) ||
+    return DeniedByRole(right) || (object != nullptr && StandsOn('D', right, *object)) ||
            (schema && Stands('D', right, schemaClass, *schema)) || Stands('D', above, databaseClass, 0);
 }
 
 bool Rights::Granted(std::string_view right, const SchemaObject* object,
                      std::optional<SchemaId> schema) const {
     const std::string_view above = schema ? OnDatabaseCalled(right) : right;
-    return GivenByRole(above) || (object != nullptr && Stands('G', right, objectClass, object->id)) ||
+    return GivenByRole(above) || (object != nullptr && StandsOn('G', right, *object)) ||
            (schema && Stands('G', right, schemaClass, *schema)) || Stands('G', above, databaseClass, 0);
 }
 
 bool Rights::Has(std::string_view right, const SchemaObject* object, std::optional<SchemaId> schema) const {
     if (IsOwner())
         return true;
-    if (schema) {
-        const auto found = m_database.schemas.find(*schema);
-        if (found != m_database.schemas.end() && IsMember(found->second.owner))
-            return true;
-    }
+    if (schema && IsMember(OwnerOf(m_database, *schema)))
+        return true;
     return !Denied(right, object, schema) && Granted(right, object, schema);
 }
 
@@ -169,8 +228,11 @@ bool Rights::OnDatabase(std::string_view right) const {
 }
 
 bool Rights::MayGrant(const Permission& given) const {
-    if (IsOwner() || IsMember("db_securityadmin") ||
-        Stands('W', given.permission, given.securableClass, given.major))
+    return MayDeny(given) || Stands('W', given.permission, given.securableClass, given.major);
+}
+
+bool Rights::MayDeny(const Permission& given) const {
+    if (IsOwner() || IsMember("db_securityadmin"))
         return true;
     if (given.securableClass == schemaClass)
         return OnSchema("CONTROL", given.major);
@@ -178,6 +240,12 @@ bool Rights::MayGrant(const Permission& given) const {
         return OnDatabase("CONTROL");
     const auto* object = m_database.objects.Find(given.major);
     return object != nullptr && OnObject("CONTROL", **object);
+}
+
+bool Rights::MayImpersonate(const Principal& user) const {
+    const bool isPerson =
+        user.kind != PrincipalKind::Role && user.id != informationSchema && user.id != sysSchema;
+    return isPerson && (m_user == user.id || OnDatabase("CONTROL"));
 }
 
 } // namespace quillon::practice

@@ -197,7 +197,7 @@ void DefinitionSaver::Saver::SaveModule(const Module& module) {
         .Bind(5, module.encrypted)
         .Bind(6, module.schemaBound)
         .Bind(7, module.recompile)
-        .Bind(8, std::string_view(module.executeAs))
+        .Bind(8, std::string_view(module.executeAs ? std::to_string(*module.executeAs) : ""))
         .Run();
     if (module.startup)
         RunFor("INSERT INTO q_startup VALUES(?)", module.id);

@@ -170,21 +170,25 @@ StatementPtr ParseExecuteAs(ParseState& state) {
     if (statement->kind != "USER" && statement->kind != "LOGIN")
         state.FailHere();
     state.Expect(Symbol::Equal);
+    if (!state.IsString() && !state.Is(TokenKind::Variable))
+        state.FailHere();
     statement->name = ParseValue(state);
     if (state.Is(Keyword::With))
         state.Refuse("EXECUTE AS WITH", state.At());
     return statement;
 }
 
-std::string ParseModuleIdentity(ParseState& state) {
+void ParseModuleIdentity(ParseState& state, ModuleStatement& module) {
     state.Expect(Keyword::As);
-    if (state.IsString())
-        return ParseText(state);
+    module.executeAsUser = state.IsString();
+    if (module.executeAsUser) {
+        module.executeAs = ParseText(state);
+        return;
+    }
     const Token token = state.Peek();
-    const std::string word = TakeWord(state);
-    if (word != "CALLER" && word != "SELF" && word != "OWNER")
+    module.executeAs = TakeWord(state);
+    if (module.executeAs != "CALLER" && module.executeAs != "SELF" && module.executeAs != "OWNER")
         state.FailNear(token);
-    return word;
 }
 
 } // namespace quillon::practice::tsql

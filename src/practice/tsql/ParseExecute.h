@@ -10,7 +10,7 @@ StatementPtr ParseExecute(ParseState& state);
 /// A call without EXEC, which only the first statement of a batch may be.
 StatementPtr ParseBareExecute(ParseState& state);
 StatementPtr ParseExecuteAs(ParseState& state);
-/// `EXECUTE AS x` in the header of a module, EXECUTE taken: CALLER, SELF, OWNER or a user's name.
-std::string ParseModuleIdentity(ParseState& state);
+/// `EXECUTE AS x` in the header of a module, EXECUTE taken.
+void ParseModuleIdentity(ParseState& state, ModuleStatement& module);
 
 } // namespace quillon::practice::tsql

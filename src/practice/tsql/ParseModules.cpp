@@ -33,7 +33,9 @@ void ParseModuleOption(ParseState& state, ModuleStatement& module) {
     } else if (state.Accept("RECOMPILE")) {
         module.recompile = true;
     } else if (state.Accept(Keyword::Execute) || state.Accept(Keyword::Exec)) {
-        module.executeAs = ParseModuleIdentity(state);
+        if (module.kind == StatementKind::CreateView)
+            state.FailHere();
+        ParseModuleIdentity(state, module);
     } else if (state.Is("NATIVE_COMPILATION") || state.Is("VIEW_METADATA")) {
         state.Refuse("WITH " + UpperWord(state.Value(state.Peek())), state.At());
     } else {
@@ -82,7 +84,10 @@ void ParseFunctionOptions(ParseState& state, CreateFunctionStatement& function) 
 
 void ParseInlineFunction(ParseState& state, CreateFunctionStatement& function) {
     function.function = FunctionKind::InlineTable;
+    const Position options = state.At();
     ParseFunctionOptions(state, function);
+    if (!function.executeAs.empty())
+        state.Refuse("EXECUTE AS of an inline function", options);
     state.Accept(Keyword::As);
     state.Expect(Keyword::Return);
     function.inlineQuery = std::make_unique<Query>();

@@ -1,6 +1,5 @@
 #include "practice/tsql/References.h"
 
-#include "practice/tsql/Keywords.h"
 #include "practice/tsql/TreePivot.h"
 
 #include <algorithm>
@@ -16,6 +15,9 @@ constexpr std::string_view kDelete = "DELETE";
 
 class Collector {
   public:
+    explicit Collector(const SameNames& same)
+        : m_same(same) {}
+
     void Read(const Expression* expression);
     void Read(const ExpressionPtr& expression) { Read(expression.get()); }
     void Read(const ExpressionList& list) {
@@ -33,10 +35,14 @@ class Collector {
         if (!name.Empty() && !IsCommonTable(name))
             found.push_back({&name, right});
     }
+    void AddType(const DataType& type) {
+        if (!type.name.Empty())
+            found.push_back({&type.name, "EXECUTE", true});
+    }
     const CommonTable* CommonTableOf(const Name& name) const {
         if (name.parts.size() == 1)
             for (auto table = m_commonTables.rbegin(); table != m_commonTables.rend(); ++table)
-                if (SameWord((*table)->name, name.Last()))
+                if (m_same((*table)->name, name.Last()))
                     return *table;
         return nullptr;
     }
@@ -87,6 +93,9 @@ class Collector {
     void ReadChange(const DmlStatement& statement);
     void ReadOther(const Statement& statement);
 
+    const TableSource* SourceCalled(const TableSource& source, const std::string& name) const;
+
+    const SameNames& m_same;
     std::vector<const CommonTable*> m_commonTables;
 };
 
@@ -97,12 +106,18 @@ bool UsesColumns(const Expression& expression) {
            expression.kind != ExpressionKind::DefaultValue;
 }
 
-const TableSource* SourceCalled(const TableSource& source, const std::string& alias) {
+/// What a source is called by: its alias, or else the last part of its name.
+const std::string& ExposedName(const TableSource& source) {
+    const bool byName = source.alias.empty() && source.kind == TableSourceKind::Table;
+    return byName ? As<NamedTable>(source).name.Last() : source.alias;
+}
+
+const TableSource* Collector::SourceCalled(const TableSource& source, const std::string& name) const {
     if (source.kind != TableSourceKind::Join)
-        return SameWord(source.alias, alias) ? &source : nullptr;
+        return m_same(ExposedName(source), name) ? &source : nullptr;
     const auto& join = As<Join>(source);
-    const TableSource* left = SourceCalled(*join.left, alias);
-    return left != nullptr ? left : SourceCalled(*join.right, alias);
+    const TableSource* left = SourceCalled(*join.left, name);
+    return left != nullptr ? left : SourceCalled(*join.right, name);
 }
 
 void Collector::Read(const FunctionCall& call) {
@@ -360,14 +375,25 @@ void Collector::ReadOther(const Statement& statement) {
     switch (statement.kind) {
     case StatementKind::CreateTable: return Read(As<CreateTableStatement>(statement).definition);
     case StatementKind::AlterTable: return Read(As<AlterTableStatement>(statement).added);
+    case StatementKind::CreateType:
+        if (const auto& table = As<CreateTypeStatement>(statement).table)
+            Read(*table);
+        return;
+    case StatementKind::CreateDefaultOrRule:
+        return Read(As<CreateDefaultOrRuleStatement>(statement).expression);
+    case StatementKind::DeclareTable: return Read(As<DeclareTableStatement>(statement).definition);
     case StatementKind::DeclareVariables:
-        for (const VariableDeclaration& variable : As<DeclareVariablesStatement>(statement).variables)
+        for (const VariableDeclaration& variable : As<DeclareVariablesStatement>(statement).variables) {
+            AddType(variable.type);
             Read(variable.value);
+        }
         return;
     case StatementKind::SetVariable: return Read(As<SetVariableStatement>(statement).value);
     case StatementKind::Return: return Read(As<ReturnStatement>(statement).value);
     case StatementKind::Print: return Read(As<PrintStatement>(statement).value);
     case StatementKind::ExecuteText: return Read(As<ExecuteTextStatement>(statement).text);
+    case StatementKind::Dbcc: return Read(As<DbccStatement>(statement).arguments);
+    case StatementKind::FetchCursor: return Read(As<FetchCursorStatement>(statement).count);
     case StatementKind::DeclareCursor: return Read(*As<DeclareCursorStatement>(statement).definition.select);
     case StatementKind::SetCursorVariable:
         if (const auto& definition = As<SetCursorVariableStatement>(statement).definition)
@@ -377,24 +403,25 @@ void Collector::ReadOther(const Statement& statement) {
     }
 }
 
+template <class Node>
+std::vector<Reference> Collected(const Node& node, const SameNames& same) {
+    Collector collector(same);
+    collector.Read(node);
+    return std::move(collector.found);
+}
+
 } // namespace
 
-std::vector<Reference> ReferencesOf(const Statement& statement) {
-    Collector collector;
-    collector.Read(statement);
-    return std::move(collector.found);
+std::vector<Reference> ReferencesOf(const Statement& statement, const SameNames& same) {
+    return Collected(statement, same);
 }
 
-std::vector<Reference> ReferencesOf(const Expression& expression) {
-    Collector collector;
-    collector.Read(&expression);
-    return std::move(collector.found);
+std::vector<Reference> ReferencesOf(const Expression& expression, const SameNames& same) {
+    return Collected(&expression, same);
 }
 
-std::vector<Reference> ReferencesOf(const Query& query) {
-    Collector collector;
-    collector.Read(query);
-    return std::move(collector.found);
+std::vector<Reference> ReferencesOf(const Query& query, const SameNames& same) {
+    return Collected(query, same);
 }
 
 } // namespace quillon::practice::tsql

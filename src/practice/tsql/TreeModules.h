@@ -29,7 +29,8 @@ struct ModuleStatement : Statement {
     bool encryption = false;
     bool schemaBinding = false;
     bool recompile = false;
-    std::string executeAs; // "CALLER", "SELF", "OWNER" or a user's name; empty when not given
+    std::string executeAs;      // CALLER, SELF, OWNER or a user's name; empty when not given
+    bool executeAsUser = false; // it is a user's name
 
     using Statement::Statement;
 };

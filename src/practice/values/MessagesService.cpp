@@ -176,6 +176,7 @@ constexpr MessageRow rows[] = {
     {15036, 16, "The data type '%1' does not exist or you do not have permission."},
     {15063, 16, "The login already has an account under a different user name."},
     {15070, 10, "Object '%1' was successfully marked for recompilation."},
+    {15081, 16, "Membership of the public role cannot be changed."},
     {15103, 16, "Cannot bind a default to a column created with or altered to have a default value."},
     {15104, 16, "You do not own a table named '%1' that has a column named '%2'."},
     {15110, 16, "The proposed new database owner is already a user or aliased in the database."},
@@ -192,11 +193,17 @@ constexpr MessageRow rows[] = {
     {15133, 16, "INSTEAD OF trigger '%1' cannot be associated with an order."},
     {15135, 16,
      "Object is invalid. Extended properties are not permitted on '%1', or the object does not exist."},
+    {15136, 16,
+     "The database principal is set as the execution context of one or more procedures, functions, or event "
+     "notifications and cannot be dropped."},
     {15138, 16, "The database principal owns a %1 in the database, and cannot be dropped."},
     {15144, 16, "The role has members. It must be empty before it can be dropped."},
     {15150, 16, "Cannot %1 the %2 '%3'."},
     {15151, 16, "Cannot %1 the %2 '%3', because it does not exist or you do not have permission."},
     {15165, 16, "Could not find object '%1' or you do not have permission."},
+    {15174, 16,
+     "Login '%1' owns one or more database(s). Change the owner of the database(s) before dropping the "
+     "login."},
     {15175, 16,
      "Login '%1' is aliased or mapped to a user in one or more database(s). Drop the user or alias before "
      "dropping the login."},
@@ -216,6 +223,9 @@ constexpr MessageRow rows[] = {
      "The database name component of the object qualifier must be the name of the current database."},
     {15251, 16, "Invalid '%1' specified. It must be %2."},
     {15252, 11, "The primary or foreign key table name must be given."},
+    {15284, 16,
+     "The database principal has granted or denied permissions to objects in the database and cannot be "
+     "dropped."},
     {15325, 16, "The current database does not contain a file named '%1'."},
     {15330, 11, "There are no matching rows on which to report."},
     {15335, 11,
@@ -230,6 +240,7 @@ constexpr MessageRow rows[] = {
      "Cannot execute as the server principal because the principal \"%1\" does not exist, this type of "
      "principal cannot be impersonated, or you do not have permission."},
     {15410, 11, "User or role '%1' does not exist in this database."},
+    {15413, 11, "Cannot make a role a member of itself."},
     {15434, 16, "Could not drop login '%1' as the user is currently logged in."},
     {15457, 10, "Configuration option '%1' changed from %2 to %3. Run the RECONFIGURE statement to install."},
     {15459, 10, "In the current database, the specified object references the following:"},

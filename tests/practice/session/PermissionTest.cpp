@@ -65,5 +65,59 @@ TEST(Permissions, WhatIsGrantedAndTakenCountsAtOnceInOtherSessions) {
     EXPECT_NE(Answer(*eve, question).find("error 916"), std::string::npos);
 }
 
+/// A database `own` with the table t and the user eve, who may do nothing yet.
+std::unique_ptr<SqlSession> OpenWithEve(TestServer& server) {
+    auto administrator = server.Open();
+    Answer(*administrator, "CREATE LOGIN eve WITH PASSWORD = 'Secret-Word-1'; CREATE DATABASE own");
+    EXPECT_EQ(Answer(*administrator, "USE own; CREATE USER eve; CREATE TABLE t (a int)").find("error"),
+              std::string::npos);
+    return administrator;
+}
+
+TEST(Permissions, TheColumnsOfAStatementAreToldToThoseAloneWhoMayRunIt) {
+    TestServer server;
+    const auto administrator = OpenWithEve(server);
+    const auto eve = server.Open("own", "eve");
+    Transcript told;
+    eve->Describe("SELECT a FROM t", "", told);
+    EXPECT_EQ(told.text.substr(0, 10), "error 229 ");
+}
+
+/// Calls the request off at its first message.
+class CancellingTranscript : public Transcript {
+  public:
+    explicit CancellingTranscript(SqlSession& session)
+        : m_session(session) {}
+    void Message(const ServerMessage& message) override {
+        Transcript::Message(message);
+        m_session.Cancel();
+    }
+
+  private:
+    SqlSession& m_session;
+};
+
+TEST(Permissions, ARequestThatIsCalledOffLeavesTheIdentityAsItWas) {
+    TestServer server;
+    const auto administrator = OpenWithEve(server);
+    Answer(*administrator, "CREATE PROCEDURE waits WITH EXECUTE AS 'eve' AS\n"
+                           "DECLARE @who sysname = USER_NAME() PRINT @who WAITFOR DELAY '01:00:00'");
+    CancellingTranscript answer(*administrator);
+    administrator->PrepareRequest();
+    administrator->ExecuteBatch("EXEC waits", answer);
+    EXPECT_EQ(answer.text, "info eve\n");
+    EXPECT_EQ(Answer(*administrator, "SELECT USER_NAME(), SUSER_SNAME()"), "row dbo|sa\ndone 1\n");
+}
+
+TEST(Permissions, ALoginStaysAsLongAsSomebodyIsLoggedInWithIt) {
+    TestServer server;
+    const auto administrator = OpenWithEve(server);
+    auto eve = server.Open("own", "eve");
+    EXPECT_EQ(Answer(*administrator, "DROP LOGIN eve"),
+              "error 15434 1 Could not drop login 'eve' as the user is currently logged in.\n");
+    eve.reset();
+    EXPECT_EQ(Answer(*administrator, "DROP LOGIN eve"), "");
+}
+
 } // namespace
 } // namespace quillon::practice

@@ -1,6 +1,7 @@
 // CREATE, ALTER and DROP of databases and schemas.
 #include "practice/statements/define/Definition.h"
 #include "practice/statements/define/Tables.h"
+#include "practice/storage/Permissions.h"
 #include "practice/storage/SystemDatabases.h"
 #include "practice/storage/TableStorage.h"
 #include "practice/values/SqlError.h"
@@ -170,6 +171,8 @@ void CreateSchema(Engine& engine, const tsql::CreateSchemaStatement& statement) 
     while (database.schemas.contains(schema.id))
         ++schema.id;
     schema.name = name;
+    if (const Principal* own = database.FindPrincipal(engine.context.Functions().UserName()))
+        schema.owner = own->id;
     if (!statement.owner.empty()) {
         const Principal* owner = database.FindPrincipal(statement.owner);
         if (owner == nullptr)
@@ -195,7 +198,11 @@ void DropSchemas(Engine& engine, const tsql::DropStatement& statement) {
                 throw SqlError(3729, {"drop schema", schema->name, object->name});
         const DatabaseId id = database.id;
         const SchemaId gone = schema->id;
-        engine.store.Change([&](CatalogueEditor& editor) { editor.EditDatabase(id).schemas.erase(gone); });
+        engine.store.Change([&](CatalogueEditor& editor) {
+            Database& after = editor.EditDatabase(id);
+            after.schemas.erase(gone);
+            ForgetRights(after, schemaClass, gone);
+        });
     }
 }
 
@@ -210,6 +217,7 @@ void TransferToSchema(Engine& engine, const tsql::AlterSchemaTransferStatement& 
     RequireFreeName(engine, {database.id, schema->id}, object->name);
     const SchemaId id = schema->id;
     engine.store.Change([&](CatalogueEditor& editor) {
+        ForgetRights(editor.EditDatabase(database.id), objectClass, object->id);
         const auto move = [&](auto copy) {
             copy->schema = id;
             editor.Put(copy);

@@ -115,6 +115,8 @@ bool ConcernsDatabases(const tsql::Statement& statement) {
 bool ConcernsLogins(const tsql::Statement& statement) {
     if (statement.kind == Kind::CreateLogin || statement.kind == Kind::AlterLogin)
         return true;
+    if (statement.kind == Kind::AlterRole)
+        return tsql::As<tsql::AlterRoleStatement>(statement).server;
     return statement.kind == Kind::Drop &&
            tsql::As<tsql::DropStatement>(statement).what == tsql::DropKind::Login;
 }

@@ -4,6 +4,7 @@
 #include "practice/statements/define/Definition.h"
 #include "practice/statements/define/SchemaBinding.h"
 #include "practice/statements/define/Tables.h"
+#include "practice/storage/Permissions.h"
 #include "practice/storage/SystemDatabases.h"
 #include "practice/values/SqlError.h"
 
@@ -92,6 +93,30 @@ std::string KeptText(const tsql::ModuleStatement& statement) {
     return text;
 }
 
+namespace {
+
+/// Whom the module is to run as; nothing: its caller.
+std::optional<PrincipalId> IdentityOf(Engine& engine, const tsql::ModuleStatement& statement,
+                                      const Module& module) {
+    if (statement.executeAs.empty() || (statement.executeAs == "CALLER" && !statement.executeAsUser))
+        return std::nullopt;
+    if (IsPrivateName(module.name) || IsSharedTemporaryName(module.name))
+        throw SqlError::NotSupported("EXECUTE AS of a temporary procedure");
+    const auto view = engine.store.View();
+    const Database& database = *view->FindDatabase(module.database);
+    const bool isOwner = statement.executeAs == "OWNER" && !statement.executeAsUser;
+    const bool isSelf = statement.executeAs == "SELF" && !statement.executeAsUser;
+    const std::string name = isOwner  ? database.principals.at(OwnerOf(database, module.schema)).name
+                             : isSelf ? engine.context.Functions().UserName()
+                                      : statement.executeAs;
+    const Principal* user = database.FindPrincipal(name);
+    if (user == nullptr || user->kind == PrincipalKind::Role)
+        throw SqlError(15151, {"execute as", "user", name});
+    return isOwner ? moduleOwner : user->id;
+}
+
+} // namespace
+
 void FillModule(Engine& engine, const tsql::ModuleStatement& statement, Module& module) {
     const SessionOptions& options = engine.context.Options();
     module.text = KeptText(statement);
@@ -100,7 +125,7 @@ void FillModule(Engine& engine, const tsql::ModuleStatement& statement, Module& 
     module.encrypted = statement.encryption;
     module.schemaBound = statement.schemaBinding;
     module.recompile = statement.recompile;
-    module.executeAs = statement.executeAs;
+    module.executeAs = IdentityOf(engine, statement, module);
     module.modified = CurrentMoment();
 }
 
