@@ -45,6 +45,9 @@ std::span<const MetadataAnswer> ObjectAnswers();   // OBJECT_ID, OBJECT_NAME, CO
 std::span<const MetadataAnswer> PropertyAnswers(); // OBJECTPROPERTY, COLUMNPROPERTY, INDEXPROPERTY
 std::span<const MetadataAnswer> ServerAnswers();   // SERVERPROPERTY, DATABASEPROPERTYEX, IS_MEMBER ...
 
+// Whether the login is a member of sysadmin; nothing where there is no such login.
+std::optional<bool> IsAdministrator(const Question& question, const std::string& loginName);
+
 Datum NameDatum(std::string_view text); // sysname
 Datum Flag(bool value);                 // int 1 or 0
 std::string UpperName(std::string_view text);

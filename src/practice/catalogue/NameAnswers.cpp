@@ -64,6 +64,7 @@ struct Login {
     std::string name;
     int id = 0;
     std::string sid;
+    bool administrator = false;
 };
 
 // The first login that `fits`; logins are not in the data file but told by an SQL function of the connection.
@@ -71,13 +72,15 @@ template <typename Fits>
 std::optional<Login> FindLogin(const Question& q, Fits fits) {
     sqlite3_stmt* statement = nullptr;
     const char* sql = "SELECT json_extract(value, '$.name'), json_extract(value, '$.id'), "
-                      "unhex_bytes(json_extract(value, '$.sid')) FROM json_each(quillon_logins())";
+                      "unhex_bytes(json_extract(value, '$.sid')), json_extract(value, '$.administrator') "
+                      "FROM json_each(quillon_logins())";
     if (sqlite3_prepare_v2(q.here.store.Connection(), sql, -1, &statement, nullptr) != SQLITE_OK)
         throw std::logic_error(sqlite3_errmsg(q.here.store.Connection()));
     std::optional<Login> found;
     while (!found && sqlite3_step(statement) == SQLITE_ROW) {
         const Login login{LoadColumn(statement, 0, SysName()).Text(), sqlite3_column_int(statement, 1),
-                          LoadColumn(statement, 2, BinaryType(TypeId::VarBinary, 85)).Bytes()};
+                          LoadColumn(statement, 2, BinaryType(TypeId::VarBinary, 85)).Bytes(),
+                          sqlite3_column_int(statement, 3) != 0};
         if (fits(login))
             found = login;
     }
@@ -183,6 +186,12 @@ constexpr MetadataAnswer rows[] = {
 
 std::span<const MetadataAnswer> NameAnswers() {
     return rows;
+}
+
+std::optional<bool> IsAdministrator(const Question& question, const std::string& loginName) {
+    const auto found =
+        FindLogin(question, [&](const Login& login) { return SameName(login.name, loginName); });
+    return found ? std::optional(found->administrator) : std::nullopt;
 }
 
 } // namespace quillon::practice

@@ -205,20 +205,20 @@ Datum IsRoleMemberOf(const Question& q) {
 }
 
 Datum IsServerRoleMemberOf(const Question& q) {
-    if (q.IsNull(0))
+    if (q.IsNull(0) || (q.Count() > 1 && q.IsNull(1)))
+        return {};
+    const bool isOther = q.Count() > 1 && !SameName(q.Text(1), q.here.login);
+    const std::optional<bool> administrator =
+        isOther ? IsAdministrator(q, q.Text(1)) : std::optional(q.here.administrator);
+    if (!administrator)
         return {};
     const std::string role = UpperName(q.Text(0));
-    bool isOwn = true;
-    if (q.Count() > 1)
-        isOwn = !q.IsNull(1) && SameName(q.Text(1), q.here.login);
     if (role == "PUBLIC")
         return Flag(true);
     for (const char* known : {"SYSADMIN", "SECURITYADMIN", "SERVERADMIN", "SETUPADMIN", "PROCESSADMIN",
                               "DISKADMIN", "DBCREATOR", "BULKADMIN"})
         if (role == known)
-            return isOwn                                        ? Flag(q.here.administrator)
-                   : q.Count() > 1 && SameName(q.Text(1), "sa") ? Flag(true)
-                                                                : Datum();
+            return Flag(*administrator);
     return {};
 }
 
