@@ -42,7 +42,7 @@ constexpr const char* moduleColumns =
 constexpr const char* moduleSelect =
     "SELECT m.object_id, CASE WHEN m.is_encrypted THEN NULL ELSE m.definition END, m.uses_ansi_nulls, "
     "m.uses_quoted_identifier, m.is_schema_bound, 0, m.is_recompiled, 0, "
-    "CASE m.execute_as WHEN '' THEN NULL ELSE CAST(m.execute_as AS INTEGER) END, 0, 0, 0 "
+    "CASE WHEN m.execute_as GLOB '*[0-9]' THEN CAST(m.execute_as AS INTEGER) END, 0, 0, 0 "
     "FROM q_module m JOIN q_object o ON o.object_id = m.object_id WHERE o.database_id = {db}";
 
 constexpr const char* allObjects =

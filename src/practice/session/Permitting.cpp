@@ -40,6 +40,17 @@ const tsql::Query* QueryOf(SessionState& session, const SchemaObject& object) {
                                            : tsql::As<tsql::CreateFunctionStatement>(made).inlineQuery.get();
 }
 
+/// As the names that a text makes up itself are bound.
+tsql::SameNames By(const NameRule& rule) {
+    return [rule](std::string_view left, std::string_view right) { return rule.Same(left, right); };
+}
+
+NameRule RuleHere(SessionState& session) {
+    const auto view = session.store.View();
+    const Database* here = view->FindDatabase(session.database);
+    return here == nullptr ? NameRule() : here->Rule();
+}
+
 bool IsChange(std::string_view right) {
     return right == "INSERT" || right == "UPDATE" || right == "DELETE";
 }
@@ -116,7 +127,7 @@ void Asker::AskBehind(std::string_view right, const SchemaObject& object) {
     const tsql::Query* query = QueryOf(m_session, object);
     if (query == nullptr || !m_seen.emplace(object.id, right).second)
         return;
-    for (const tsql::Reference& reference : tsql::ReferencesOf(*query, SameName)) {
+    for (const tsql::Reference& reference : tsql::ReferencesOf(*query, By(object.nameRule))) {
         AskEntry(*reference.name);
         const auto found = FindWithin(object, *reference.name);
         if (!found)
@@ -181,18 +192,18 @@ void RequireOwner(SessionState& session) {
 void RequireRights(SessionState& session, const tsql::Statement& statement) {
     if (IsUnasked(session))
         return;
-    Asker(session, RunningModule(session)).Ask(tsql::ReferencesOf(statement, SameName));
+    Asker(session, RunningModule(session)).Ask(tsql::ReferencesOf(statement, By(RuleHere(session))));
     RequireDefinitionRights(session, statement);
 }
 
 void RequireRights(SessionState& session, const tsql::Expression& expression) {
     if (!IsUnasked(session))
-        Asker(session, RunningModule(session)).Ask(tsql::ReferencesOf(expression, SameName));
+        Asker(session, RunningModule(session)).Ask(tsql::ReferencesOf(expression, By(RuleHere(session))));
 }
 
 void RequireRights(SessionState& session, const tsql::SelectStatement& select, const Module* module) {
     if (!IsUnasked(session))
-        Asker(session, module).Ask(tsql::ReferencesOf(select, SameName));
+        Asker(session, module).Ask(tsql::ReferencesOf(select, By(RuleHere(session))));
 }
 
 } // namespace quillon::practice

@@ -1,6 +1,7 @@
 #include "practice/tsql/References.h"
 
 #include "practice/tsql/TreePivot.h"
+#include "practice/values/NameRule.h"
 
 #include <algorithm>
 
@@ -114,7 +115,7 @@ const std::string& ExposedName(const TableSource& source) {
 
 const TableSource* Collector::SourceCalled(const TableSource& source, const std::string& name) const {
     if (source.kind != TableSourceKind::Join)
-        return m_same(ExposedName(source), name) ? &source : nullptr;
+        return SameName(ExposedName(source), name) || m_same(ExposedName(source), name) ? &source : nullptr;
     const auto& join = As<Join>(source);
     const TableSource* left = SourceCalled(*join.left, name);
     return left != nullptr ? left : SourceCalled(*join.right, name);
@@ -257,8 +258,14 @@ void Collector::Change(const Name& target, std::string_view right, const std::ve
         return;
     if (target.parts.size() == 1)
         for (const TableSourcePtr& source : from)
-            if (const TableSource* called = SourceCalled(*source, target.Last()))
-                return ChangeSource(*called, right);
+            if (const TableSource* called = SourceCalled(*source, target.Last())) {
+                ChangeSource(*called, right);
+                // By the rule of the source's own database the two may be one name or two: both are meant
+                // then.
+                if (ExposedName(*called) != target.Last())
+                    Add(target, right);
+                return;
+            }
     if (const CommonTable* table = CommonTableOf(target))
         return ChangeQuery(*table->query, right);
     Add(target, right);

@@ -138,7 +138,7 @@ void Principals::AlterUser(const tsql::AlterUserStatement& statement) {
     Principal user = before;
     for (const tsql::OptionSetting& option : statement.options) {
         if (option.name == "NAME") {
-            if (!SameName(option.value, user.name))
+            if (!Now().Rule().Same(option.value, user.name))
                 RequireFreeName(option.value);
             user.name = option.value;
         } else if (option.name == "DEFAULT_SCHEMA")
@@ -181,7 +181,7 @@ void Principals::AlterRole(const tsql::AlterRoleStatement& statement) {
     if (statement.action == Action::Rename) {
         if (IsBuiltIn(role))
             throw SqlError(15150, {"alter", "role", statement.name});
-        if (!SameName(statement.value, role.name))
+        if (!Now().Rule().Same(statement.value, role.name))
             RequireFreeName(statement.value);
         return Change([&](Database& database) { database.principals.at(id).name = statement.value; });
     }
