@@ -107,7 +107,7 @@ FROM sys.objects o JOIN sys.schemas s ON s.schema_id = o.schema_id
     JOIN (SELECT o.object_id, grantor = 'dbo', grantee = 'dbo', v.privilege, grantable = 'YES' FROM sys.objects o
             CROSS JOIN (VALUES ('DELETE'), ('INSERT'), ('REFERENCES'), ('SELECT'), ('UPDATE')) v (privilege)
         UNION ALL SELECT d.major_id, USER_NAME(d.grantor_principal_id), USER_NAME(d.grantee_principal_id),
-            d.permission_name, CASE d.state WHEN 'W' THEN 'YES' ELSE 'NO' END FROM sys.database_permissions d
+            d.permission_name COLLATE database_default, CASE d.state WHEN 'W' THEN 'YES' ELSE 'NO' END FROM sys.database_permissions d
             WHERE d.class = 1 AND d.minor_id = 0 AND d.state <> 'D'
             AND d.permission_name IN ('DELETE', 'INSERT', 'REFERENCES', 'SELECT', 'UPDATE')) p ON p.object_id = o.object_id
 WHERE o.type IN ('U', 'V') AND o.name LIKE @table_name AND (@table_owner IS NULL OR s.name LIKE @table_owner)
@@ -125,7 +125,7 @@ FROM sys.objects o JOIN sys.schemas s ON s.schema_id = o.schema_id JOIN sys.colu
     JOIN (SELECT o.object_id, column_id = 0, grantor = 'dbo', grantee = 'dbo', v.privilege, grantable = 'YES'
             FROM sys.objects o CROSS JOIN (VALUES ('INSERT'), ('REFERENCES'), ('SELECT'), ('UPDATE')) v (privilege)
         UNION ALL SELECT d.major_id, d.minor_id, USER_NAME(d.grantor_principal_id), USER_NAME(d.grantee_principal_id),
-            d.permission_name, CASE d.state WHEN 'W' THEN 'YES' ELSE 'NO' END FROM sys.database_permissions d
+            d.permission_name COLLATE database_default, CASE d.state WHEN 'W' THEN 'YES' ELSE 'NO' END FROM sys.database_permissions d
             WHERE d.class = 1 AND d.state <> 'D' AND d.permission_name IN ('INSERT', 'REFERENCES', 'SELECT', 'UPDATE')) p
         ON p.object_id = o.object_id AND p.column_id IN (0, c.column_id)
 WHERE o.type IN ('U', 'V') AND o.name = @table_name AND (@table_owner IS NULL OR s.name = @table_owner)
