@@ -38,6 +38,15 @@ Weight ComputeWeight(char32_t c) {
     return {(ClassOf(parts.base) | static_cast<std::uint32_t>(parts.base)) + 1, parts.accents, upper};
 }
 
+// The code point that a weight was computed of, without accent and case; 0 for a mark.
+char32_t BaseOf(const Weight& weight) {
+    constexpr std::uint32_t letters = 0x400000;
+    if (weight.letter == 0)
+        return 0;
+    const std::uint32_t classed = weight.letter - 1;
+    return classed >= letters ? classed - letters : classed & 0xFF; // all others lie below U+00AA
+}
+
 const std::array<Weight, 0x250>& CommonWeights() {
     static const std::array<Weight, 0x250> weights = [] {
         std::array<Weight, 0x250> table{};
@@ -186,6 +195,19 @@ int CompareBytes(std::string_view left, std::string_view right) {
     const bool leftLonger = left.size() > right.size();
     const auto next = static_cast<unsigned char>(leftLonger ? left[common] : right[common]);
     return (next > ' ') == leftLonger ? 1 : -1;
+}
+
+// The text in lower case; false, and nothing, where it has more than ASCII letters.
+bool AppendPlain(std::string& key, std::string_view text) {
+    key.reserve(text.size());
+    for (const char c : text) {
+        if (static_cast<unsigned char>(c) >= 0x80) {
+            key.clear();
+            return false;
+        }
+        key += c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+    }
+    return true;
 }
 
 std::string UpperAscii(std::string_view text) {
@@ -363,13 +385,18 @@ std::string Collation::Key(std::string_view text) const {
     if (binary)
         return std::string(text);
     std::string key;
+    if (!caseSensitive && AppendPlain(key, text))
+        return key;
+    // Letters without accent and case, and what they lack as code points that no letter has.
+    constexpr char32_t accentMark = 0xF0000;
+    constexpr char32_t upperMark = 0x100000;
     Weights weights(text);
     for (Weight weight{}; weights.Next(weight);) {
-        unicode::Append(key, weight.letter);
+        unicode::Append(key, BaseOf(weight));
         if (accentSensitive && weight.accent != 0)
-            unicode::Append(key, 0x10000u + weight.accent);
+            unicode::Append(key, accentMark + weight.accent);
         if (caseSensitive && weight.upper != 0)
-            unicode::Append(key, 0x20000u);
+            unicode::Append(key, upperMark);
     }
     return key;
 }

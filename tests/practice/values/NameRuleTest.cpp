@@ -19,6 +19,10 @@ TEST(NameRule, NamesAreTheSameWhereTheCollationSaysSo) {
                              {"cafe", "café", "CI_AI"},
                              {"CAFE", "café", "CI_AI"},
                              {"Straße", "strasse", "CI_AS CI_AI"},
+                             {"ＴＯＴＡＬ_1", "total_1", "CI_AS CI_AI"},
+                             {"e\u0301", "é", "CI_AS CS_AS CI_AI"},
+                             {"Ж-1", "ж-1", "CI_AS CI_AI"},
+                             {"A1-", "A2-", ""},
                              {"Orders", "Order", ""},
                              {"a_b", "a-b", ""},
                              {"a[", "a{", ""}})
