@@ -1,46 +1,26 @@
 // The functions that count bytes: every character is two, the low one first.
 //
-// A text holds whole characters, so a part with an odd number of bytes gets a zero byte at its end.
+// A part with an odd number of bytes ends in half a character (Text.h), which Len counts as one.
 #include <string>
 
 #include "vbscript/builtins/Arguments.h"
 #include "vbscript/builtins/Families.h"
-#include "vbscript/machine/Work.h"
 
 namespace quillon::vbscript {
 namespace {
 
-std::string BytesOf(std::u16string_view text) {
-    Work::Done(text.size() * 2);
-    std::string bytes;
-    bytes.reserve(text.size() * 2);
-    for (const char16_t c : text) {
-        bytes += static_cast<char>(c & 0xFF);
-        bytes += static_cast<char>(c >> 8);
-    }
-    return bytes;
-}
-
-Text FromBytes(std::string_view bytes) {
-    const auto byteAt = [&](std::size_t i) {
-        return i < bytes.size() ? static_cast<unsigned>(static_cast<unsigned char>(bytes[i])) : 0U;
-    };
-    Text text = Text::OfLength((bytes.size() + 1) / 2);
-    char16_t* out = text.Writable();
-    for (std::size_t i = 0; i < bytes.size(); i += 2)
-        *out++ = static_cast<char16_t>(byteAt(i) | byteAt(i + 1) << 8);
-    return text;
-}
-
 Variant LenB(BuiltinContext&, Arguments arguments) {
     const Variant value = PlainValue(arguments[0]);
-    return value.IsNull() ? value : LongResult(ToText(value).Length() * 2);
+    if (value.IsNull())
+        return value;
+    const Text text = ToText(value);
+    return LongResult(text.Length() * 2 - (text.EndsInHalf() ? 1 : 0));
 }
 
 Variant LeftB(BuiltinContext&, Arguments arguments) {
     const std::size_t length = CountOf(arguments[1]);
     const Variant value = PlainValue(arguments[0]);
-    return value.IsNull() ? value : FromBytes(BytesOf(ToText(value).View()).substr(0, length));
+    return value.IsNull() ? value : Text::OfBytes(ToText(value).ToBytes().substr(0, length));
 }
 
 Variant RightB(BuiltinContext&, Arguments arguments) {
@@ -48,8 +28,8 @@ Variant RightB(BuiltinContext&, Arguments arguments) {
     const Variant value = PlainValue(arguments[0]);
     if (value.IsNull())
         return value;
-    const std::string bytes = BytesOf(ToText(value).View());
-    return FromBytes(bytes.substr(bytes.size() - std::min(length, bytes.size())));
+    const std::string bytes = ToText(value).ToBytes();
+    return Text::OfBytes(bytes.substr(bytes.size() - std::min(length, bytes.size())));
 }
 
 Variant MidB(BuiltinContext&, Arguments arguments) {
@@ -58,8 +38,8 @@ Variant MidB(BuiltinContext&, Arguments arguments) {
     const Variant value = PlainValue(arguments[0]);
     if (value.IsNull())
         return value;
-    const std::string bytes = BytesOf(ToText(value).View());
-    return offset >= bytes.size() ? Text() : FromBytes(bytes.substr(offset, length));
+    const std::string bytes = ToText(value).ToBytes();
+    return offset >= bytes.size() ? Text() : Text::OfBytes(bytes.substr(offset, length));
 }
 
 Variant InStrB(BuiltinContext&, Arguments arguments) {
@@ -71,10 +51,10 @@ Variant InStrB(BuiltinContext&, Arguments arguments) {
     const Variant second = PlainValue(arguments[hasStart ? 2 : 1]);
     if (first.IsNull() || second.IsNull())
         return NullValue{};
-    const std::string bytes = BytesOf(ToText(first).View());
+    const std::string bytes = ToText(first).ToBytes();
     if (from >= bytes.size())
         return LongResult(0);
-    const std::size_t place = bytes.find(BytesOf(ToText(second).View()), from);
+    const std::size_t place = bytes.find(ToText(second).ToBytes(), from);
     return LongResult(place == std::string::npos ? 0 : place + 1);
 }
 

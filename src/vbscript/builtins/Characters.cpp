@@ -64,9 +64,9 @@ Variant ChrW(BuiltinContext&, Arguments arguments) {
     return OneCharacter(static_cast<char16_t>(code));
 }
 
-// Texts are whole characters here, so the single byte becomes the low half of one.
 Variant ChrB(BuiltinContext&, Arguments arguments) {
-    return OneCharacter(static_cast<char16_t>(ToByte(arguments[0])));
+    const auto byte = static_cast<char>(ToByte(arguments[0]));
+    return Text::OfBytes({&byte, 1});
 }
 
 bool StaysUnescaped(char16_t c) {

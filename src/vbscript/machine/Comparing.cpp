@@ -105,6 +105,8 @@ Variant Concatenate(const Variant& left, const Variant& right) {
         return tail;
     if (tail.Length() == 0)
         return head;
+    if (head.EndsInHalf() || tail.EndsInHalf())
+        return Text::OfBytes(head.ToBytes() + tail.ToBytes());
     Text joined = Text::OfLength(head.Length() + tail.Length());
     std::ranges::copy(tail.View(), std::ranges::copy(head.View(), joined.Writable()).out);
     return joined;

@@ -32,7 +32,7 @@ void Machine::DoConcatenate(Step at) {
     const Variant &left = Read(at->b), &right = Read(at->c);
     Variant& target = Target(at->a);
     if (&left == &target && left.IsText() && right.IsText())
-        target.AsText().Append(right.View());
+        target.AsText().Append(right.AsText());
     else
         Store(at->a, Concatenate(left, right));
 }
@@ -42,7 +42,7 @@ void Machine::DoConcatenate(Step at) {
 void Machine::DoJoin(Step at) {
     const std::span<Variant> parts(Base(at->b), at->c);
     std::size_t length = 0;
-    bool allNull = true;
+    bool allNull = true, halves = false;
     for (Variant& part : parts) {
         if (part.IsObject())
             part = PlainValue(part);
@@ -50,6 +50,7 @@ void Machine::DoJoin(Step at) {
         if (!part.IsText())
             part = part.IsNull() ? Text() : ToText(part);
         length += part.AsText().Length();
+        halves = halves || part.AsText().EndsInHalf();
     }
     Variant& target = Target(at->a);
     Variant joined;
@@ -59,7 +60,12 @@ void Machine::DoJoin(Step at) {
                target.AsText().Owners() == 2) {
         parts[0] = Variant();
         for (const Variant& part : parts.subspan(1))
-            target.AsText().Append(part.View());
+            target.AsText().Append(part.AsText());
+    } else if (halves) {
+        Text text;
+        for (const Variant& part : parts)
+            text.Append(part.AsText());
+        joined = std::move(text);
     } else {
         Text text = Text::OfLength(length);
         char16_t* place = text.Writable();

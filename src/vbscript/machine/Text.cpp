@@ -11,6 +11,7 @@ namespace quillon::vbscript {
 namespace {
 
 constexpr char16_t Replacement = 0xFFFD;
+constexpr std::uint32_t CapacityBits = 0x7FFFFFFF;
 
 // One code point at `at`, which moves behind it; a byte that starts none is a replacement character.
 char32_t NextCodePoint(std::string_view bytes, std::size_t& at) noexcept {
@@ -69,8 +70,8 @@ Text::Buffer* Text::Create(std::size_t length, std::size_t capacity) {
     if (length > MaxLength)
         throw Failure(numbers::OutOfStringSpace);
     void* memory = Heap::Allocate(sizeof(Buffer) + capacity * sizeof(char16_t));
-    return new (memory)
-        Buffer{1, static_cast<std::uint32_t>(length), static_cast<std::uint32_t>(capacity), 0};
+    return new (memory) Buffer{1, static_cast<std::uint32_t>(length),
+                               static_cast<std::uint32_t>(capacity) & CapacityBits, 0, 0};
 }
 
 void Text::Destroy(Buffer* buffer) noexcept {
@@ -128,6 +129,35 @@ std::string Text::ToUtf8() const {
     return vbscript::ToUtf8(View());
 }
 
+Text Text::OfBytes(std::string_view bytes) {
+    const bool endsInHalf = bytes.size() % 2 != 0;
+    Text text = OfLength((bytes.size() + 1) / 2);
+    char16_t* out = text.Writable();
+    const auto byteAt = [&](std::size_t i) {
+        return static_cast<unsigned>(static_cast<unsigned char>(bytes[i]));
+    };
+    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
+        *out++ = static_cast<char16_t>(byteAt(i) | byteAt(i + 1) << 8);
+    if (endsInHalf) {
+        *out = static_cast<char16_t>(byteAt(bytes.size() - 1));
+        text.m_buffer->endsInHalf = 1;
+    }
+    return text;
+}
+
+std::string Text::ToBytes() const {
+    Work::Done(Length() * 2);
+    std::string bytes;
+    bytes.reserve(Length() * 2);
+    for (const char16_t c : View()) {
+        bytes += static_cast<char>(c & 0xFF);
+        bytes += static_cast<char>(c >> 8);
+    }
+    if (EndsInHalf())
+        bytes.pop_back();
+    return bytes;
+}
+
 void Text::Grow(std::size_t length) {
     if (length > MaxLength)
         throw Failure(numbers::OutOfStringSpace);
@@ -140,7 +170,7 @@ void Text::Grow(std::size_t length) {
     if (IsUnique()) {
         void* moved = Heap::Reallocate(m_buffer, bytesFor(m_buffer->capacity), bytesFor(capacity));
         m_buffer = static_cast<Buffer*>(moved);
-        m_buffer->capacity = static_cast<std::uint32_t>(capacity);
+        m_buffer->capacity = static_cast<std::uint32_t>(capacity) & CapacityBits;
         return;
     }
     Buffer* grown = Create(Length(), capacity);
@@ -171,6 +201,26 @@ void Text::Append(std::u16string_view tail) {
     }
     m_buffer->length = static_cast<std::uint32_t>(length);
     m_buffer->hash = 0;
+}
+
+// What completes the half of a character moves everything behind it by a byte.
+void Text::AppendBytes(const Text& tail) {
+    const std::string bytes = tail.ToBytes();
+    if (bytes.empty())
+        return;
+    if (!EndsInHalf()) {
+        const bool endsInHalf = tail.EndsInHalf();
+        Append(tail.View());
+        m_buffer->endsInHalf = endsInHalf ? 1 : 0;
+        return;
+    }
+    if (!IsUnique())
+        Grow(Length());
+    const auto second = static_cast<unsigned char>(bytes.front());
+    m_buffer->characters()[m_buffer->length - 1] |= static_cast<char16_t>(second << 8);
+    m_buffer->endsInHalf = 0;
+    m_buffer->hash = 0;
+    AppendBytes(OfBytes(std::string_view(bytes).substr(1)));
 }
 
 std::uint32_t Text::Hash() const noexcept {

@@ -3,6 +3,9 @@
 // A Text is one pointer; copies share the characters. Nobody changes shared characters: Append works in
 // place only on a text that has one owner, and leaves room behind it, so that appending in a loop costs
 // linear time in all. The empty text needs no memory.
+//
+// A text can be made of bytes, two a character, the low one first. With an odd number of them it ends in half
+// a character: the high byte of its last one is zero and does not count among the bytes.
 #pragma once
 
 #include <cstddef>
@@ -42,15 +45,18 @@ class Text {
     static Text FromAscii(std::string_view characters);
     // Room for `length` characters, which the caller writes through Writable() before anybody shares it.
     static Text OfLength(std::size_t length);
+    static Text OfBytes(std::string_view bytes);
 
     // Halves of surrogate pairs become U+FFFD.
     std::string ToUtf8() const;
+    std::string ToBytes() const;
 
     std::u16string_view View() const noexcept {
         return m_buffer == nullptr ? std::u16string_view{}
                                    : std::u16string_view(m_buffer->characters(), m_buffer->length);
     }
     std::size_t Length() const noexcept { return m_buffer == nullptr ? 0 : m_buffer->length; }
+    bool EndsInHalf() const noexcept { return m_buffer != nullptr && m_buffer->endsInHalf != 0; }
     bool IsUnique() const noexcept { return m_buffer != nullptr && m_buffer->references == 1; }
     bool SharesWith(const Text& other) const noexcept { return m_buffer == other.m_buffer; }
     std::uint32_t Owners() const noexcept { return m_buffer == nullptr ? 0 : m_buffer->references; }
@@ -64,21 +70,30 @@ class Text {
             ++m_buffer->references;
     }
 
-    // Appends; in place where this is the only owner. `tail` may lie within this text.
+    // Appends characters to whole ones; in place where this is the only owner. `tail` may lie within this
+    // text.
     void Append(std::u16string_view tail);
+    // Appends; byte by byte where one of the two ends in half a character.
+    void Append(const Text& tail) {
+        if (EndsInHalf() || tail.EndsInHalf()) [[unlikely]]
+            AppendBytes(tail);
+        else
+            Append(tail.View());
+    }
 
     // A hash of the characters, kept with them.
     std::uint32_t Hash() const noexcept;
 
     bool operator==(const Text& other) const noexcept {
-        return m_buffer == other.m_buffer || View() == other.View();
+        return m_buffer == other.m_buffer || (View() == other.View() && EndsInHalf() == other.EndsInHalf());
     }
 
   private:
     struct Buffer {
         std::uint32_t references;
         std::uint32_t length;
-        std::uint32_t capacity;
+        std::uint32_t capacity : 31;
+        std::uint32_t endsInHalf : 1;
         std::uint32_t hash; // 0: not computed yet
         char16_t* characters() noexcept { return reinterpret_cast<char16_t*>(this + 1); }
     };
@@ -86,6 +101,7 @@ class Text {
     static Buffer* Create(std::size_t length, std::size_t capacity);
     static void Destroy(Buffer* buffer) noexcept;
     void Grow(std::size_t length);
+    void AppendBytes(const Text& tail);
 
     Buffer* m_buffer = nullptr;
 };
