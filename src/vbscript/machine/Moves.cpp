@@ -50,7 +50,7 @@ void Machine::DoJoin(Step at) {
         if (!part.IsText())
             part = part.IsNull() ? Text() : ToText(part);
         length += part.AsText().Length();
-        halves = halves || part.AsText().EndsInHalf();
+        halves |= part.AsText().EndsInHalf();
     }
     Variant& target = Target(at->a);
     Variant joined;
@@ -59,8 +59,12 @@ void Machine::DoJoin(Step at) {
     } else if (&target != &parts[0] && target.IsText() && target.AsText().SharesWith(parts[0].AsText()) &&
                target.AsText().Owners() == 2) {
         parts[0] = Variant();
-        for (const Variant& part : parts.subspan(1))
-            target.AsText().Append(part.AsText());
+        for (const Variant& part : parts.subspan(1)) {
+            if (halves)
+                target.AsText().Append(part.AsText());
+            else
+                target.AsText().Append(part.View());
+        }
     } else if (halves) {
         Text text;
         for (const Variant& part : parts)
