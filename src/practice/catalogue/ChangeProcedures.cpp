@@ -110,42 +110,39 @@ WHERE @configname IS NULL OR name = @configname ORDER BY name
     @optvalue varchar(10) = NULL AS
 EXEC sys.q_refuse 'sp_dboption'
 )"},
-    {"sp_addextendedproperty",
-     R"(CREATE PROCEDURE sys.sp_addextendedproperty @name sysname, @value sql_variant = NULL,
-    @level0type varchar(128) = NULL,
-    @level0name sysname = NULL, @level1type varchar(128) = NULL, @level1name sysname = NULL,
-    @level2type varchar(128) = NULL, @level2name sysname = NULL AS
-SET NOCOUNT ON
-EXEC sys.q_property 'add', @name, @value, @level0type, @level0name, @level1type, @level1name, @level2type, @level2name
-RETURN 0
-)"},
-    {"sp_updateextendedproperty",
-     R"(CREATE PROCEDURE sys.sp_updateextendedproperty @name sysname, @value sql_variant = NULL,
-    @level0type varchar(128) = NULL,
-    @level0name sysname = NULL, @level1type varchar(128) = NULL, @level1name sysname = NULL,
-    @level2type varchar(128) = NULL, @level2name sysname = NULL AS
-SET NOCOUNT ON
-EXEC sys.q_property 'update', @name, @value, @level0type, @level0name, @level1type, @level1name, @level2type, @level2name
-RETURN 0
-)"},
-    {"sp_dropextendedproperty",
-     R"(CREATE PROCEDURE sys.sp_dropextendedproperty @name sysname, @level0type varchar(128) = NULL,
-    @level0name sysname = NULL, @level1type varchar(128) = NULL, @level1name sysname = NULL,
-    @level2type varchar(128) = NULL, @level2name sysname = NULL AS
-SET NOCOUNT ON
-EXEC sys.q_property 'drop', @name, NULL, @level0type, @level0name, @level1type, @level1name, @level2type, @level2name
-RETURN 0
-)"},
     {"sp_addmessage", R"(CREATE PROCEDURE sys.sp_addmessage @msgnum int = NULL, @severity smallint = NULL,
     @msgtext nvarchar(255) = NULL, @lang sysname = NULL, @with_log varchar(5) = 'FALSE', @replace varchar(7) = NULL AS
 EXEC sys.q_refuse 'sp_addmessage'
 )"},
 };
 
+std::string PropertyProcedure(const std::string& verb, bool takesValue) {
+    return "CREATE PROCEDURE sys.sp_" + verb + "extendedproperty @name sysname" +
+           (takesValue ? ", @value sql_variant = NULL" : "") + R"(,
+    @level0type varchar(128) = NULL, @level0name sysname = NULL, @level1type varchar(128) = NULL,
+    @level1name sysname = NULL, @level2type varchar(128) = NULL, @level2name sysname = NULL AS
+SET NOCOUNT ON
+EXEC sys.q_property ')" +
+           verb + "', @name, " + (takesValue ? "@value" : "NULL") +
+           R"(, @level0type, @level0name, @level1type, @level1name, @level2type, @level2name
+RETURN 0
+)";
+}
+
 } // namespace
 
 std::span<const SystemProcedure> ChangeProcedures() {
-    return rows;
+    static const std::string add = PropertyProcedure("add", true);
+    static const std::string update = PropertyProcedure("update", true);
+    static const std::string drop = PropertyProcedure("drop", false);
+    static const std::vector<SystemProcedure> all = [] {
+        std::vector<SystemProcedure> list(std::begin(rows), std::end(rows));
+        list.insert(list.end(), {{"sp_addextendedproperty", add},
+                                 {"sp_updateextendedproperty", update},
+                                 {"sp_dropextendedproperty", drop}});
+        return list;
+    }();
+    return all;
 }
 
 } // namespace quillon::practice

@@ -122,8 +122,8 @@ QuerySql Translator::RecursiveQuery(const tsql::CommonTable& table, const tsql::
     QuerySql anchor = Rename(Body(*parts.front(), nullptr, nullptr, {}), table.columns);
     const std::string name = NextAlias();
     std::string names;
-    for (std::size_t i = 1; i <= anchor.columns.size(); ++i)
-        names += "o" + std::to_string(i) + ", ";
+    for (std::size_t i = 0; i < anchor.columns.size(); ++i)
+        names += OutputName(i) + ", ";
     std::string sql =
         "WITH RECURSIVE " + name + "(" + names + "lv) AS (SELECT *, 0 FROM (" + anchor.sql + ")";
     for (auto part = parts.begin() + 1; part != firstRecursive; ++part)

@@ -119,7 +119,7 @@ QuerySql Translator::GroupedSets(const tsql::SelectBody& body, const tsql::Query
     }
     std::string list;
     for (std::size_t i = 0; i < query.columns.size(); ++i) {
-        const std::string name = "o" + std::to_string(i + 1);
+        const std::string name = OutputName(i);
         list += (i > 0 ? ", " : "") + (body.distinct ? Collated(name, query.columns[i].type) + " AS " : "") +
                 name;
     }

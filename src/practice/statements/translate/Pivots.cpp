@@ -8,15 +8,6 @@ namespace quillon::practice {
 
 namespace {
 
-OutputColumn OutputOf(const SourceColumn& column) {
-    OutputColumn output;
-    output.name = column.name;
-    output.type = column.type;
-    output.nullable = column.nullable;
-    output.label = column.label;
-    return output;
-}
-
 ColumnUse RequireColumn(const Scope& scope, const tsql::Name& name) {
     const std::vector<ColumnUse> found = FindColumns(scope, name);
     if (found.empty())
@@ -27,9 +18,18 @@ ColumnUse RequireColumn(const Scope& scope, const tsql::Name& name) {
 }
 
 void Append(QuerySql& query, const std::string& sql, OutputColumn column) {
+    query.sql += (query.columns.empty() ? "" : ", ") + sql + " AS " + OutputName(query.columns.size());
     query.columns.push_back(std::move(column));
-    query.sql +=
-        (query.columns.size() > 1 ? ", " : "") + sql + " AS o" + std::to_string(query.columns.size());
+}
+
+// A column that is passed on, by then one of no table.
+OutputColumn PassedOn(const SourceColumn& column) {
+    OutputColumn output = OutputOf(column);
+    output.identity = false;
+    output.readOnly = true;
+    output.tableName.clear();
+    output.baseColumn = 0;
+    return output;
 }
 
 } // namespace
@@ -53,7 +53,7 @@ QuerySql Translator::PivotQuery(const tsql::PivotTable& pivot, const Scope* oute
             if (std::find(used.begin(), used.end(), &column) != used.end())
                 continue;
             const std::string sql = ColumnScalar({source.get(), &column}, scope).sql;
-            Append(query, sql, OutputOf(column));
+            Append(query, sql, PassedOn(column));
             groups += (groups.empty() ? " GROUP BY " : ", ") + Collated(sql, column.type);
         }
     }
@@ -95,11 +95,11 @@ QuerySql Translator::UnpivotQuery(const tsql::UnpivotTable& unpivot, const Scope
     for (const std::unique_ptr<Source>& source : scope.sources)
         for (const SourceColumn& column : source->columns)
             if (std::find(used.begin(), used.end(), &column) == used.end())
-                Append(query, ColumnScalar({source.get(), &column}, scope).sql, OutputOf(column));
-    OutputColumn value = OutputOf(*used.front());
+                Append(query, ColumnScalar({source.get(), &column}, scope).sql, PassedOn(column));
+    OutputColumn value = PassedOn(*used.front());
     value.name = unpivot.value;
     Append(query, values + " END", std::move(value));
-    const std::string place = "o" + std::to_string(query.columns.size());
+    const std::string place = OutputName(query.columns.size() - 1);
     OutputColumn name;
     name.name = unpivot.name;
     name.type = WithCollation(SysName());

@@ -37,6 +37,9 @@ struct OutputColumn {
     bool isBareNull = false; // the word NULL; counts as int, but in a UNION as the other side
 };
 
+// What SQLite calls the column of a query's result, by its index.
+std::string OutputName(std::size_t index);
+
 // A query in SQLite's language; its columns are named o1, o2 ...
 struct QuerySql {
     std::string sql;

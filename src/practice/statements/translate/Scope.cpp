@@ -4,6 +4,15 @@
 
 namespace quillon::practice {
 
+std::string OutputName(std::size_t index) {
+    return "o" + std::to_string(index + 1);
+}
+
+OutputColumn OutputOf(const SourceColumn& column) {
+    return {column.name,     column.type,     column.nullable,  column.label,
+            column.identity, column.readOnly, column.tableName, column.baseColumn};
+}
+
 std::string Capture::Take(const std::string& column) {
     auto found = std::find(sql.begin(), sql.end(), column);
     if (found == sql.end())

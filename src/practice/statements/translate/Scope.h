@@ -43,6 +43,9 @@ struct Source {
     std::shared_ptr<const Table> rowTable; // the table that rowId is of
 };
 
+// The column as a query shows it that names it.
+OutputColumn OutputOf(const SourceColumn& column);
+
 struct ColumnUse {
     const Source* source = nullptr;
     const SourceColumn* column = nullptr;
