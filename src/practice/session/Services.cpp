@@ -66,6 +66,8 @@ void RunService(SessionState& session, const tsql::Statement& statement) {
     case tsql::StatementKind::Checkpoint: // what is committed is on the disk already
     case tsql::StatementKind::Reconfigure: return;
     case tsql::StatementKind::Kill: return RunKill(session, As<tsql::KillStatement>(statement));
+    case tsql::StatementKind::Refused:
+        throw SqlError::Custom(notSupportedNumber, 16, 1, As<tsql::RefusedStatement>(statement).refusal);
     default: throw SqlError::NotSupported("this statement");
     }
 }

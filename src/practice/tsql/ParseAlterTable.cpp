@@ -128,10 +128,12 @@ StatementPtr ParseAlterTable(ParseState& state, Position position) {
         ParseTriggerSwitch(state, *statement);
     } else if (state.Accept(Keyword::Set)) {
         statement->action = AlterTableAction::Set;
+        const Position at = state.At();
         statement->options = ParseSettings(state);
+        CheckOptions(state, OptionPlace::Table, statement->options, at, "ALTER TABLE");
     } else if (state.Accept("REBUILD")) {
         statement->action = AlterTableAction::Rebuild;
-        ParseStorageOptions(state, statement->options);
+        ParseStorageOptions(state, statement->options, OptionPlace::Index, "ALTER TABLE");
     } else if (state.Is("SWITCH")) {
         state.Refuse("ALTER TABLE SWITCH", state.At());
     } else {

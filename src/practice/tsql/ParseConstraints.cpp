@@ -55,7 +55,7 @@ void ParseKey(ParseState& state, ConstraintDefinition& constraint, bool ofColumn
     constraint.clustered = AcceptClustered(state);
     if (!ofColumn || state.Is(Symbol::LeftParen))
         constraint.columns = ParseIndexColumns(state);
-    ParseStorageOptions(state, constraint.options);
+    ParseStorageOptions(state, constraint.options, OptionPlace::Index, "CREATE TABLE");
 }
 
 void ParseForeignKey(ParseState& state, ConstraintDefinition& constraint) {
@@ -106,7 +106,7 @@ void SkipFileGroups(ParseState& state) {
         if (!state.Accept(Keyword::Primary))
             ParseIdentifierOrText(state);
         if (state.Is(Symbol::LeftParen))
-            SkipBrackets(state);
+            state.Refuse("partitions", state.At());
     }
 }
 
@@ -155,8 +155,10 @@ std::vector<IndexColumn> ParseIndexColumns(ParseState& state) {
     return columns;
 }
 
-void ParseStorageOptions(ParseState& state, std::vector<OptionSetting>& options) {
+void ParseStorageOptions(ParseState& state, std::vector<OptionSetting>& options, OptionPlace place,
+                         std::string_view words) {
     const bool bracket = state.Is(Symbol::LeftParen, 1);
+    const Position at = state.At();
     if (state.Is(Keyword::With) && !state.Is(Keyword::Values, 1) && !state.Is(Keyword::Check, 1) &&
         !state.Is(Keyword::NoCheck, 1)) {
         state.Take();
@@ -167,6 +169,7 @@ void ParseStorageOptions(ParseState& state, std::vector<OptionSetting>& options)
                 options.push_back(ParseSetting(state));
             } while (state.Accept(Symbol::Comma));
         }
+        CheckOptions(state, place, options, at, words);
     }
     SkipFileGroups(state);
     if (state.Is("TEXTIMAGE_ON") || state.Is("FILESTREAM_ON")) {
@@ -184,7 +187,7 @@ void ParseIndexTail(ParseState& state, IndexDefinition& index) {
         index.filter = ParseCondition(state);
         index.filterText.end = state.LastEnd();
     }
-    ParseStorageOptions(state, index.options);
+    ParseStorageOptions(state, index.options, OptionPlace::Index, "CREATE INDEX");
 }
 
 IndexDefinition ParseInlineIndex(ParseState& state) {

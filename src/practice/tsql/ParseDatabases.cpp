@@ -1,3 +1,4 @@
+#include "practice/tsql/Options.h"
 #include "practice/tsql/ParseNames.h"
 #include "practice/tsql/ParseTables.h"
 
@@ -14,14 +15,23 @@ bool IsFlag(std::string_view name) {
     return std::find(std::begin(kFlags), std::end(kFlags), name) != std::end(kFlags);
 }
 
+OptionSetting ParseFlag(ParseState& state) {
+    const Position at = state.At();
+    OptionSetting flag{TakeWord(state), {}};
+    CheckOption(state, OptionPlace::Database, flag, at);
+    return flag;
+}
+
 OptionSetting ParseDatabaseOption(ParseState& state) {
     if (state.Is("RECOVERY") && state.Is(Keyword::Full, 1)) {
         const std::string name = TakeWord(state);
         return {name, TakeWord(state)};
     }
     if (state.Peek().kind == TokenKind::Identifier && IsFlag(UpperWord(state.Value(state.Peek()))))
-        return {TakeWord(state), {}};
+        return ParseFlag(state);
+    const Position at = state.At();
     OptionSetting setting = ParseSetting(state);
+    CheckOption(state, OptionPlace::Database, setting, at);
     if (setting.name == "TARGET_RECOVERY_TIME" && (state.Is("SECONDS") || state.Is("MINUTES")))
         setting.value += " " + TakeWord(state);
     return setting;
@@ -69,7 +79,8 @@ StatementPtr ParseCreateDatabase(ParseState& state, Position position) {
     statement->name = ParseIdentifier(state);
     if (state.Accept("CONTAINMENT")) {
         state.Expect(Symbol::Equal);
-        state.Take();
+        const Position at = state.At();
+        CheckOption(state, OptionPlace::Database, {"CONTAINMENT", TakeWord(state)}, at);
     }
     SkipFiles(state);
     if (state.Accept(Keyword::Collate))
@@ -81,7 +92,8 @@ StatementPtr ParseCreateDatabase(ParseState& state, Position position) {
         state.Refuse("CREATE DATABASE AS", state.At());
     if (state.Accept(Keyword::With)) {
         do {
-            ParseSetting(state);
+            const Position at = state.At();
+            CheckOption(state, OptionPlace::NewDatabase, ParseSetting(state), at);
         } while (state.Accept(Symbol::Comma));
     }
     return statement;

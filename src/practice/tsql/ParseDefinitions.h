@@ -1,7 +1,7 @@
 // Columns, constraints and indexes, as CREATE TABLE, ALTER TABLE, DECLARE and CREATE TYPE share them.
 #pragma once
 
-#include "practice/tsql/ParseState.h"
+#include "practice/tsql/Options.h"
 
 namespace quillon::practice::tsql {
 
@@ -16,8 +16,10 @@ ConstraintDefinition ParseConstraint(ParseState& state, std::string name, Positi
 std::optional<bool> AcceptNullability(ParseState& state);
 bool AtConstraint(const ParseState& state);
 std::vector<IndexColumn> ParseIndexColumns(ParseState& state);
-/// WITH (...) or the older WITH FILLFACTOR = n, and ON filegroup; kept or passed over.
-void ParseStorageOptions(ParseState& state, std::vector<OptionSetting>& options);
+/// WITH (...) or the older WITH FILLFACTOR = n, and ON filegroup; kept or passed over. `words` are those of
+/// the statement in messages.
+void ParseStorageOptions(ParseState& state, std::vector<OptionSetting>& options, OptionPlace place,
+                         std::string_view words);
 /// INDEX name inside a table's definition.
 IndexDefinition ParseInlineIndex(ParseState& state);
 /// INCLUDE, WHERE and the options that end an index.

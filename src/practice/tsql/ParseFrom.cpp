@@ -31,6 +31,10 @@ bool IsHint(const ParseState& state, std::size_t ahead) {
 std::string ParseHint(ParseState& state) {
     if (!IsHint(state, 0))
         state.Fail(321, {state.Value(state.Peek())}, state.At());
+    // Only the rows of a file are loaded without them, which is refused itself.
+    if (state.Is("IGNORE_CONSTRAINTS") || state.Is("IGNORE_TRIGGERS") || state.Is("KEEPIDENTITY") ||
+        state.Is("KEEPDEFAULTS"))
+        state.Refuse("the hint " + UpperWord(state.Value(state.Peek())), state.At());
     std::string hint = TakeWord(state);
     if (state.Accept(Symbol::Equal)) {
         state.Take(); // INDEX = name

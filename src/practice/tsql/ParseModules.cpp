@@ -7,6 +7,7 @@
 #include "practice/tsql/ParseNames.h"
 #include "practice/tsql/ParseQueries.h"
 #include "practice/tsql/ParseStatements.h"
+#include "practice/tsql/ParseVariables.h"
 
 namespace quillon::practice::tsql {
 
@@ -142,9 +143,9 @@ Parameter ParseParameter(ParseState& state) {
         parameter.readOnly = true;
     }
     state.Declare(parameter.name,
-                  parameter.cursor     ? VariableKind::Cursor
-                  : parameter.readOnly ? VariableKind::Table
-                                       : VariableKind::Scalar,
+                  parameter.cursor                 ? VariableKind::Cursor
+                  : MayBeTableType(parameter.type) ? VariableKind::Unknown
+                                                   : VariableKind::Scalar,
                   parameter.position);
     return parameter;
 }
@@ -226,8 +227,8 @@ StatementPtr ParseProcedure(ParseState& state, const ModuleHead& head) {
     if (bracket)
         state.Expect(Symbol::RightParen);
     ParseModuleOptions(state, *procedure);
-    if (state.Accept(Keyword::For))
-        state.Expect(Keyword::Replication);
+    if (state.Is(Keyword::For) && state.Is(Keyword::Replication, 1))
+        state.Refuse("procedures FOR REPLICATION", state.At());
     state.Expect(Keyword::As);
     procedure->body = ParseModuleBody(state, ModuleKind::Procedure);
     return procedure;

@@ -100,6 +100,8 @@ OptionSetting ParseSetting(ParseState& state) {
         setting.value = state.Value(state.Take());
         if (state.Is(Keyword::Percent) || state.Is("MINUTES")) // FILLFACTOR and the like may have a unit
             state.Take();
+        if (given && state.Is(Symbol::LeftParen)) // ON (its own options)
+            SkipBrackets(state);
     } else if (given) {
         setting.value = TakeWord(state);
     }

@@ -1,5 +1,6 @@
 #include "practice/tsql/ParseQueries.h"
 
+#include "practice/tsql/Options.h"
 #include "practice/tsql/ParseExpressions.h"
 #include "practice/tsql/ParseNames.h"
 
@@ -303,11 +304,17 @@ std::vector<QueryHint> ParseQueryHints(ParseState& state) {
     state.Expect(Symbol::LeftParen);
     do {
         QueryHint hint;
+        const Token first = state.Peek();
         hint.name = TakeWord(state);
         while (state.Is(TokenKind::Identifier))
             hint.name += " " + TakeWord(state);
+        if (!IsQueryHint(hint.name))
+            state.FailNear(first);
         state.Accept(Symbol::Equal);
         ParseHintArgument(state, hint);
+        constexpr int deepest = 32767;
+        if (hint.name == "MAXRECURSION" && hint.value.value_or(0) > deepest)
+            state.Fail(310, {std::to_string(*hint.value), std::to_string(deepest)}, first.At());
         hints.push_back(std::move(hint));
     } while (state.Accept(Symbol::Comma));
     state.Expect(Symbol::RightParen);

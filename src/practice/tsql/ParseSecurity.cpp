@@ -17,7 +17,8 @@ std::string ParsePassword(ParseState& state, bool& hashed) {
     hashed = state.Accept("HASHED");
     if (hashed)
         state.Refuse("hashed passwords", state.At());
-    state.Accept("MUST_CHANGE");
+    if (state.Is("MUST_CHANGE"))
+        state.Refuse("MUST_CHANGE", state.At());
     state.Accept("UNLOCK");
     return password;
 }

@@ -149,6 +149,22 @@ bool ParseState::IsCursorVariable(const std::string& variable) const {
     return found != m_variables.end() && found->second == VariableKind::Cursor;
 }
 
+ParseState::Place ParseState::Here() const {
+    return {At(),       m_next, m_notes.size(), quotedIdentifiers, module,
+            statements, blocks, loops,          columnsRefused};
+}
+
+void ParseState::GoBack(const Place& place) {
+    m_next = place.next;
+    m_notes.erase(m_notes.begin() + static_cast<std::ptrdiff_t>(place.notes), m_notes.end());
+    quotedIdentifiers = place.quotedIdentifiers;
+    module = place.module;
+    statements = place.statements;
+    blocks = place.blocks;
+    loops = place.loops;
+    columnsRefused = place.columnsRefused;
+}
+
 void ParseState::Enter() {
     if (m_depth >= kDeepestNesting)
         Fail(191, {}, At());

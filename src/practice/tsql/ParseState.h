@@ -74,6 +74,10 @@ class ParseState {
     bool IsCursorVariable(const std::string& variable) const;
 
     // Where the parsing is
+    struct Place;
+    Place Here() const;
+    /// Forgets what was taken and noted since, but not the variables that were declared.
+    void GoBack(const Place& place);
     bool quotedIdentifiers = true;
     bool terminated = true; // the statement before ended with a semicolon, or there was none
     ModuleKind module = ModuleKind::None;
@@ -100,6 +104,18 @@ class ParseState {
     std::unordered_map<std::string, VariableKind> m_variables; // by upper case name
     int m_depth = 0;
     int m_peak = 0;
+};
+
+struct ParseState::Place {
+    Position at;
+    std::size_t next = 0;
+    std::size_t notes = 0;
+    bool quotedIdentifiers = true;
+    ModuleKind module = ModuleKind::None;
+    int statements = 0;
+    int blocks = 0;
+    int loops = 0;
+    bool columnsRefused = false;
 };
 
 /// One level deeper into nested constructs, for as long as it lives. Throws 191 where the text nests too

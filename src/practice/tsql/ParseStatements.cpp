@@ -9,6 +9,7 @@
 #include "practice/tsql/ParseModules.h"
 #include "practice/tsql/ParseNames.h"
 #include "practice/tsql/ParseQueries.h"
+#include "practice/tsql/ParseRefused.h"
 #include "practice/tsql/ParseSecurity.h"
 #include "practice/tsql/ParseTables.h"
 #include "practice/tsql/ParseVariables.h"
@@ -271,7 +272,7 @@ void SkipSemicolons(ParseState& state) {
 StatementPtr ParseStatement(ParseState& state) {
     const Nested nested(state);
     const std::size_t begin = state.At().offset;
-    StatementPtr statement = ParseByFirstWord(state);
+    StatementPtr statement = ParseOrRefuse(state, ParseByFirstWord);
     statement->text = {begin, state.LastTextEnd()};
     ++state.statements;
     state.terminated = false;

@@ -14,9 +14,9 @@ StatementPtr ParseCreateTable(ParseState& state, Position position) {
     if (state.Is(Keyword::As))
         state.Refuse("CREATE TABLE AS", state.At());
     statement->definition = ParseTableDefinition(state);
-    ParseStorageOptions(state, statement->options);
+    ParseStorageOptions(state, statement->options, OptionPlace::Table, "CREATE TABLE");
     if (state.Is(Keyword::With)) // the options may follow the file group
-        ParseStorageOptions(state, statement->options);
+        ParseStorageOptions(state, statement->options, OptionPlace::Table, "CREATE TABLE");
     return statement;
 }
 
@@ -52,7 +52,9 @@ StatementPtr ParseAlterIndex(ParseState& state, Position position) {
     statement->table = ParseName(state, 3);
     if (state.Accept(Keyword::Set)) {
         statement->action = Action::Set;
+        const Position at = state.At();
         statement->options = ParseSettings(state);
+        CheckOptions(state, OptionPlace::Index, statement->options, at, "ALTER INDEX");
         return statement;
     }
     if (state.Accept("DISABLE"))
@@ -63,7 +65,7 @@ StatementPtr ParseAlterIndex(ParseState& state, Position position) {
         state.Expect("REBUILD");
     if (state.Is("PARTITION"))
         state.Refuse("index partitions", state.At());
-    ParseStorageOptions(state, statement->options);
+    ParseStorageOptions(state, statement->options, OptionPlace::Index, "ALTER INDEX");
     return statement;
 }
 
@@ -75,7 +77,7 @@ StatementPtr ParseCreateStatistics(ParseState& state, Position position) {
     statement->table = ParseName(state, 3);
     statement->columns = ParseNameList(state);
     std::vector<OptionSetting> sampling;
-    ParseStorageOptions(state, sampling);
+    ParseStorageOptions(state, sampling, OptionPlace::Statistics, "CREATE STATISTICS");
     return statement;
 }
 
@@ -89,7 +91,7 @@ StatementPtr ParseUpdateStatistics(ParseState& state) {
     else if (state.IsName() && !state.Is(Symbol::Colon, 1))
         state.Take();
     std::vector<OptionSetting> sampling;
-    ParseStorageOptions(state, sampling);
+    ParseStorageOptions(state, sampling, OptionPlace::Statistics, "UPDATE STATISTICS");
     return statement;
 }
 

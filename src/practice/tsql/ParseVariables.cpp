@@ -10,43 +10,6 @@ namespace quillon::practice::tsql {
 
 namespace {
 
-/// A type of the user's own may be a table type: only the catalogue knows.
-bool MayBeTableType(const DataType& type) {
-    static constexpr std::string_view known[] = {"bit",
-                                                 "tinyint",
-                                                 "smallint",
-                                                 "int",
-                                                 "bigint",
-                                                 "decimal",
-                                                 "numeric",
-                                                 "money",
-                                                 "smallmoney",
-                                                 "float",
-                                                 "real",
-                                                 "date",
-                                                 "time",
-                                                 "datetime",
-                                                 "datetime2",
-                                                 "smalldatetime",
-                                                 "char",
-                                                 "text",
-                                                 "varchar",
-                                                 "nchar",
-                                                 "nvarchar",
-                                                 "ntext",
-                                                 "binary",
-                                                 "image",
-                                                 "xml",
-                                                 "varbinary",
-                                                 "timestamp",
-                                                 "datetimeoffset",
-                                                 "sysname",
-                                                 "sql_variant",
-                                                 "uniqueidentifier"};
-    return type.name.parts.size() > 1 ||
-           std::find(std::begin(known), std::end(known), type.name.Last()) == std::end(known);
-}
-
 VariableDeclaration ParseDeclaration(ParseState& state, std::string name, Position position) {
     VariableDeclaration declaration;
     declaration.position = position;
@@ -128,6 +91,42 @@ StatementPtr ParseSetVariable(ParseState& state, Position position) {
 }
 
 } // namespace
+
+bool MayBeTableType(const DataType& type) {
+    static constexpr std::string_view known[] = {"bit",
+                                                 "tinyint",
+                                                 "smallint",
+                                                 "int",
+                                                 "bigint",
+                                                 "decimal",
+                                                 "numeric",
+                                                 "money",
+                                                 "smallmoney",
+                                                 "float",
+                                                 "real",
+                                                 "date",
+                                                 "time",
+                                                 "datetime",
+                                                 "datetime2",
+                                                 "smalldatetime",
+                                                 "char",
+                                                 "text",
+                                                 "varchar",
+                                                 "nchar",
+                                                 "nvarchar",
+                                                 "ntext",
+                                                 "binary",
+                                                 "image",
+                                                 "xml",
+                                                 "varbinary",
+                                                 "timestamp",
+                                                 "datetimeoffset",
+                                                 "sysname",
+                                                 "sql_variant",
+                                                 "uniqueidentifier"};
+    return type.name.parts.size() > 1 ||
+           std::find(std::begin(known), std::end(known), type.name.Last()) == std::end(known);
+}
 
 StatementPtr ParseDeclare(ParseState& state) {
     const Position position = state.At();

@@ -272,6 +272,14 @@ struct DbccStatement : Statement {
         : Statement(StatementKind::Dbcc) {}
 };
 
+/// What the server does not do: `refusal` is the text of 49999.
+struct RefusedStatement : Statement {
+    std::string refusal;
+
+    RefusedStatement()
+        : Statement(StatementKind::Refused) {}
+};
+
 struct KillStatement : Statement {
     int process = 0;
 

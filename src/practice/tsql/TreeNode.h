@@ -183,6 +183,7 @@ enum class StatementKind {
     CloseCursor,
     DeallocateCursor,
     // Others
+    Refused,
     Use,
     Dbcc,
     Kill,

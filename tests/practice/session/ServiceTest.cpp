@@ -53,13 +53,23 @@ const Script kScripts[] = {
 INSTANTIATE_TEST_SUITE_P(Scripts, Services, testing::ValuesIn(kScripts));
 
 TEST(Refusals, AreMadeByNameAndLeaveTheSessionUsable) {
-    const char* const refused[] = {"BULK INSERT t FROM 'x'", "DBCC SHRINKFILE (1)", "SET STATISTICS IO ON",
-                                   "EXEC xp_cmdshell 'dir'", "SET LANGUAGE Klingon"};
+    const char* const refused[] = {"BULK INSERT t FROM 'x'",
+                                   "DBCC SHRINKFILE (1)",
+                                   "SET STATISTICS IO ON",
+                                   "EXEC xp_cmdshell 'dir'",
+                                   "SET LANGUAGE Deutsch",
+                                   "SET NUMERIC_ROUNDABORT ON",
+                                   "SET ANSI_PADDING OFF CREATE TABLE p (a varchar(5)) SET ANSI_PADDING ON",
+                                   "ALTER DATABASE CURRENT SET ENCRYPTION ON",
+                                   "CREATE TABLE m (a int) WITH (MEMORY_OPTIMIZED = ON)",
+                                   "INSERT t WITH (IGNORE_TRIGGERS) VALUES (1)"};
     TestServer server;
     const auto session = server.Open();
     for (const char* batch : refused)
         EXPECT_EQ(Answer(*session, batch).substr(0, 12), "error 49999 ") << batch;
-    EXPECT_EQ(Answer(*session, "PRINT 'usable'"), "info usable\n");
+    EXPECT_EQ(Answer(*session, "RESTORE DATABASE x FROM DISK = 'y' WITH REPLACE PRINT 'usable'"),
+              "error 49999 1 Feature 'RESTORE DATABASE' is not supported by the practice server.\n"
+              "info usable\n");
 }
 
 TEST(Refusals, ADatabaseKeepsACollationThatTellsItsNamesApart) {

@@ -146,7 +146,7 @@ const Accepted kDefinitions[] = {
     {StatementKind::DropIndex, "DROP INDEX i ON dbo.t, u.j"},
     {StatementKind::DropTrigger, "DROP TRIGGER dbo.g"},
     {StatementKind::CreateLogin,
-     "CREATE LOGIN [a b] WITH PASSWORD = N'x' MUST_CHANGE, CHECK_POLICY = OFF, DEFAULT_DATABASE = [d]"},
+     "CREATE LOGIN [a b] WITH PASSWORD = N'x', CHECK_POLICY = OFF, DEFAULT_DATABASE = [d]"},
     {StatementKind::AlterLogin, "ALTER LOGIN a WITH PASSWORD = 'x' OLD_PASSWORD = 'y', NAME = b"},
     {StatementKind::CreateUser, "CREATE USER u FOR LOGIN l WITH DEFAULT_SCHEMA = s"},
     {StatementKind::AlterRole, "ALTER ROLE db_owner ADD MEMBER u"},

@@ -94,16 +94,36 @@ const Fault kWhole[] = {
 };
 INSTANTIATE_TEST_SUITE_P(WholeText, SyntaxFault, testing::ValuesIn(kWhole));
 
+// Where the end of what is refused cannot be told, or variables would be missing without it.
 const Fault kRefused[] = {
-    {"SELECT 1\nBACKUP DATABASE x TO DISK = 'y'", 49999, 2, "BACKUP DATABASE"},
-    {"SELECT * FROM t TABLESAMPLE (10 PERCENT)", 49999, 1, "TABLESAMPLE"},
-    {"SELECT a AT TIME ZONE 'UTC' FROM t", 49999, 1, "AT TIME ZONE"},
-    {"SELECT * FROM OPENXML(@d, 'x')", 49999, 1, "OPENXML"},
-    {"SELECT 1 FOR JSON PATH", 49999, 1, "JSON"},
+    {"SELECT 1\nSELECT a AT TIME ZONE 'UTC' FROM t UNION SELECT 1", 49999, 2, "AT TIME ZONE"},
+    {"SELECT * FROM t TABLESAMPLE (10 PERCENT)\nDISABLE TRIGGER g ON t", 49999, 1, "TABLESAMPLE"},
     {"CREATE TRIGGER g ON DATABASE FOR CREATE_TABLE AS PRINT 1", 49999, 1, "database"},
-    {"EXEC ('x') AT linked", 49999, 1, "AT"},
+    {"DECLARE @d datetime = GETDATE() AT TIME ZONE 'UTC'; SELECT @d", 49999, 1, "AT TIME ZONE"},
+    {"IF EXISTS (SELECT * FROM OPENXML(@d, 'x')) PRINT 1", 49999, 1, "OPENXML"},
 };
 INSTANTIATE_TEST_SUITE_P(Unsupported, SyntaxFault, testing::ValuesIn(kRefused));
+
+class Refusal : public testing::TestWithParam<Fault> {};
+
+// Everything else is refused when it runs, and what stands around it runs.
+TEST_P(Refusal, IsOneStatement) {
+    const auto batch = ParseBatch(std::string("PRINT 1\n") + GetParam().text + "\nPRINT 2");
+    ASSERT_EQ(batch->statements.size(), 3U);
+    ASSERT_EQ(batch->statements[1]->kind, StatementKind::Refused);
+    EXPECT_EQ(batch->statements[1]->position.line, 2);
+    const std::string& text = As<RefusedStatement>(batch->statements[1]).refusal;
+    EXPECT_NE(text.find(GetParam().mentions), std::string::npos) << text;
+}
+
+const Fault kRefusedAlone[] = {
+    {"BACKUP DATABASE x TO DISK = 'y' WITH INIT, STATS = 10", 49999, 2, "BACKUP DATABASE"},
+    {"SELECT * FROM t TABLESAMPLE (10 PERCENT);", 49999, 2, "TABLESAMPLE"},
+    {"SELECT * FROM OPENXML(@d, 'x') WHERE a IN (SELECT 1);", 49999, 2, "OPENXML"},
+    {"CREATE SEQUENCE s START WITH 1;", 49999, 2, "SEQUENCE"},
+    {"EXEC ('x') AT linked;", 49999, 2, "AT"},
+};
+INSTANTIATE_TEST_SUITE_P(AtRunTime, Refusal, testing::ValuesIn(kRefusedAlone));
 
 TEST(SyntaxErrors, EveryUndeclaredVariableIsToldOfAtOnce) {
     try {

@@ -75,11 +75,7 @@ class DistinctNames {
     NameRule m_rule;
 };
 
-// What changes how a database may be used, and would not here, is refused.
 void SetOption(Database& database, const std::string& name, const std::string& value) {
-    for (const char* refused : {"OFFLINE", "EMERGENCY", "RESTRICTED_USER"})
-        if (name == refused)
-            throw SqlError::NotSupported("ALTER DATABASE SET " + name);
     if (name == "MULTI_USER")
         database.options.erase("SINGLE_USER");
     else if (name == "READ_WRITE")
