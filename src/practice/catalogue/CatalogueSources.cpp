@@ -44,6 +44,7 @@ void Logins(sqlite3_context* context, int, sqlite3_value**) {
 }
 
 void Sessions(sqlite3_context* context, int, sqlite3_value**) {
+    static constexpr const char* orders[] = {"mdy", "dmy", "ymd", "ydm", "myd", "dym"};
     nlohmann::json list = nlohmann::json::array();
     if (SourcesOf(context).sessions)
         for (const SessionRow& row : SourcesOf(context).sessions())
@@ -56,6 +57,14 @@ void Sessions(sqlite3_context* context, int, sqlite3_value**) {
                             {"process", row.hostProcessId},
                             {"login_time", StoredMoment(row.loginTime)},
                             {"blocked", row.blockedBy},
+                            {"options", row.settings.options},
+                            {"text_size", row.settings.textSize},
+                            {"date_first", row.settings.dateFirst},
+                            {"date_format", orders[static_cast<std::size_t>(row.settings.dateOrder)]},
+                            {"language", row.settings.british ? "British" : "us_english"},
+                            {"isolation", row.settings.isolation},
+                            {"lock_timeout", row.settings.lockTimeout},
+                            {"deadlock_priority", row.settings.deadlockPriority},
                             {"transactions", row.openTransactions}});
     Answer(context, list.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
 }

@@ -130,6 +130,19 @@ std::string LoginPart(const std::string& part) {
     return "json_extract(value, '$." + part + "')";
 }
 
+// From text_size to deadlock_priority, as the views of sessions have them.
+std::string SessionSettingsColumns() {
+    const auto on = [](int bits) {
+        return "(" + LoginPart("options") + " & " + std::to_string(bits) + ") = " + std::to_string(bits) +
+               ", ";
+    };
+    constexpr int ansiDefaults = 2 + 4 + 8 + 16 + 32 + 256 + 1024;
+    return LoginPart("text_size") + ", " + LoginPart("language") + ", " + LoginPart("date_format") + ", " +
+           LoginPart("date_first") + ", " + on(256) + on(64) + on(1024) + on(ansiDefaults) + on(8) + on(16) +
+           on(32) + on(4096) + LoginPart("isolation") + ", " + LoginPart("lock_timeout") + ", " +
+           LoginPart("deadlock_priority");
+}
+
 std::string Expand(const std::string& fragment) {
     const std::size_t colon = fragment.find(':');
     const std::string key = fragment.substr(0, colon);
@@ -182,6 +195,8 @@ std::string Expand(const std::string& fragment) {
                "WHERE "
                "t.parent_object_id = o.object_id AND e.type = " +
                argument + " LIMIT 1)";
+    if (key == "settings")
+        return SessionSettingsColumns();
     if (key == "option")
         return Option(argument);
     if (key == "on")

@@ -5,7 +5,7 @@
 
 #include "practice/statements/SystemViews.h"
 #include "practice/storage/Locks.h"
-#include "practice/values/Moment.h"
+#include "practice/values/Convert.h"
 
 #include <functional>
 #include <string>
@@ -27,6 +27,19 @@ struct LoginRow {
     Moment created, modified;
 };
 
+// What a session has set.
+struct SessionSettings {
+    int options = 0; // the bits of @@OPTIONS
+    int textSize = 0;
+    int dateFirst = 7;
+    DateOrder dateOrder = DateOrder::Mdy;
+    bool british = false;
+    int isolation = 2; // 1 READ UNCOMMITTED to 5 SNAPSHOT
+    int lockTimeout = -1;
+    int deadlockPriority = 0;
+    bool operator==(const SessionSettings&) const = default;
+};
+
 struct SessionRow {
     int sessionId = 0;
     std::string login, hostName, programName, status, database;
@@ -34,6 +47,7 @@ struct SessionRow {
     Moment loginTime;
     int openTransactions = 0;
     int blockedBy = 0; // the session it waits for
+    SessionSettings settings;
 };
 
 // What the views need and only the server knows. Called on the thread that runs the query.

@@ -23,8 +23,8 @@ constexpr ViewDefinition rows[] = {
      "smallint, authenticating_database_id int, !open_transaction_count int, !page_server_reads bigint",
      "SELECT {session:id}, {session:login_time}, {session:host}, {session:program}, "
      "{session:process}, 7, NULL, x'01', {session:login}, '', '', {session:status}, NULL, 0, 0, 0, 0, "
-     "4, {session:login_time}, NULL, 0, 0, 0, 1, 2147483647, 'us_english', 'mdy', 7, 1, 0, 1, 0, 1, "
-     "1, 1, 1, 2, -1, 0, 0, 0, x'01', {session:login}, NULL, NULL, NULL, 2, coalesce((SELECT "
+     "4, {session:login_time}, NULL, 0, 0, 0, 1, {settings}, 0, 0, x'01', {session:login}, NULL, NULL, NULL, "
+     "2, coalesce((SELECT "
      "d.database_id FROM q_database d WHERE d.name = {session:database}), 1), 1, "
      "{session:transactions}, 0 FROM json_each(quillon_sessions())"},
     {"sys", "dm_exec_connections",
@@ -56,8 +56,8 @@ constexpr ViewDefinition rows[] = {
      "coalesce((SELECT d.database_id FROM q_database d WHERE d.name = {session:database}), 1), 1, "
      "unhex_bytes(printf('%032X', {session:id})), {session:blocked}, NULL, 0, '', '', "
      "{session:transactions}, 1, 0, "
-     "NULL, 0.0, 0, 0, 0, NULL, NULL, 0, 0, 0, 2147483647, 'us_english', 'mdy', 7, 1, 0, 1, 0, 1, 1, "
-     "1, 1, 2, -1, 0, 0, 0, 0, 0, 0 FROM json_each(quillon_sessions()) WHERE {session:status} <> "
+     "NULL, 0.0, 0, 0, 0, NULL, NULL, 0, 0, 0, {settings}, 0, 0, 0, 0, 0 "
+     "FROM json_each(quillon_sessions()) WHERE {session:status} <> "
      "'sleeping'"},
 };
 

@@ -156,9 +156,12 @@ void BindArguments(SessionState& session, const std::vector<tsql::Parameter>& pa
             continue;
         }
         Variable& variable = AddVariable(session, parameter.name, parameter.type);
-        if (variable.table)
+        if (variable.table) {
+            if (!parameter.readOnly)
+                throw SqlError(352, {parameter.name});
             BindTable(session, parameter, matched[i], *variable.table);
-        else
+            variable.readOnly = true;
+        } else
             BindScalar(session, parameter, matched[i], variable, called);
     }
 }

@@ -35,6 +35,12 @@ std::shared_ptr<Cursor> Make(SessionState& session, const std::string& name,
     return std::make_shared<Cursor>(name, session.Top().tree, session.Top().module, definition);
 }
 
+bool IsLocalByDefault(SessionState& session) {
+    const Database* database = session.store.View()->FindDatabase(session.database);
+    const auto option = database->options.find("CURSOR_DEFAULT");
+    return option != database->options.end() && option->second == "LOCAL";
+}
+
 void SendRow(SessionState& session, const Cursor& cursor, bool found) {
     session.sink.Columns(cursor.Columns());
     if (found)
@@ -60,7 +66,9 @@ Cursor& RequireCursor(SessionState& session, const tsql::CursorName& name) {
 }
 
 void RunDeclareCursor(SessionState& session, const tsql::DeclareCursorStatement& statement) {
-    CursorTable& table = statement.definition.local ? session.Top().cursors : session.globalCursors;
+    const tsql::CursorDefinition& definition = statement.definition;
+    const bool local = definition.local || (!definition.global && IsLocalByDefault(session));
+    CursorTable& table = local ? session.Top().cursors : session.globalCursors;
     const auto [slot, fresh] = table.try_emplace(FoldName(statement.name));
     if (!fresh)
         throw SqlError(16915, {statement.name});

@@ -13,8 +13,8 @@ namespace {
 using tsql::As;
 using Kind = tsql::StatementKind;
 
-bool IsNameError(int number) {
-    constexpr int numbers[] = {207, 209, 1011, 1013, 4104};
+bool ShowsInDefinition(int number) {
+    constexpr int numbers[] = {207, 209, 1011, 1013, 4104, 10700};
     return std::find(std::begin(numbers), std::end(numbers), number) != std::end(numbers);
 }
 
@@ -45,7 +45,7 @@ void DeclareParameters(SessionState& session, const std::vector<tsql::Parameter>
         if (parameter.cursor)
             session.Top().cursors.try_emplace(FoldName(parameter.name));
         else
-            AddVariable(session, parameter.name, parameter.type);
+            AddVariable(session, parameter.name, parameter.type).readOnly = parameter.readOnly;
 }
 
 void DeclareResult(SessionState& session, const tsql::CreateFunctionStatement& function) {
@@ -173,7 +173,9 @@ std::vector<SqlError> WrongNames(SessionState& session, const FlowProgram& progr
             else if (step.kind == FlowStep::Kind::JumpUnless)
                 session.Statements().Bind(*step.condition);
         } catch (SqlError& error) {
-            if (!IsNameError(error.number) || NamesWhatMayCome(session, step))
+            constexpr int readOnly = 10700;
+            if (!ShowsInDefinition(error.number) ||
+                (error.number != readOnly && NamesWhatMayCome(session, step)))
                 continue; // shows when it runs
             if (error.line == 0)
                 error.line = step.statement->position.line;

@@ -7,7 +7,7 @@
 #include "practice/session/Transactions.h"
 #include "practice/tsql/Parser.h"
 
-#include <optional>
+#include <utility>
 
 namespace quillon::practice {
 
@@ -26,6 +26,11 @@ std::span<const SqlError> OthersOf(const SqlError& error) {
     return several == nullptr ? std::span<const SqlError>() : several->Others();
 }
 
+std::vector<SqlError> CausesOf(const SqlError& error) {
+    const auto* consequent = dynamic_cast<const ConsequentError*>(&error);
+    return consequent == nullptr ? std::vector<SqlError>() : consequent->causes;
+}
+
 bool ChangesRows(tsql::StatementKind kind) {
     return kind == tsql::StatementKind::Insert || kind == tsql::StatementKind::Update ||
            kind == tsql::StatementKind::Delete || kind == tsql::StatementKind::Merge;
@@ -34,6 +39,12 @@ bool ChangesRows(tsql::StatementKind kind) {
 bool InTrigger(const SessionState& session) {
     return std::any_of(session.frames.begin(), session.frames.end(),
                        [](const auto& frame) { return frame->kind == FrameKind::Trigger; });
+}
+
+/// What the error of a statement does, as the session's settings have it.
+ErrorEffect EffectHere(const SessionState& session, const SqlError& error) {
+    const bool endsBatch = IsArithmeticError(error.number) && !session.options.ansiWarnings;
+    return endsBatch ? ErrorEffect::Batch : EffectOf(error.number, error.severity);
 }
 
 /// SQLite's own no: nothing of ours has a number for it.
@@ -56,6 +67,7 @@ void FlowRunner::Run(const FlowProgram& program) {
         const FlowStep& step = steps[at];
         m_session.CheckInterrupt();
         m_session.LeaveLostDatabase();
+        m_session.ShowSettings();
         LeaveCatches(step.catches);
         Frame& frame = m_session.Top();
         frame.guarded = step.handler != FlowStep::none;
@@ -112,15 +124,12 @@ std::size_t FlowRunner::HandleFailure(const std::vector<FlowStep>& steps, const 
                                       const SqlError& failure) {
     const ErrorOrigin origin = OriginOf(failure);
     const bool passed = dynamic_cast<const PassedError*>(&failure) != nullptr;
+    std::vector<SqlError> causes = CausesOf(failure);
     SqlError error = failure;
+    if (const int next = passed ? 0 : FollowUpOf(error.number); next != 0)
+        causes.push_back(std::exchange(error, SqlError(next)));
     if (!passed)
         Locate(error);
-    std::optional<SqlError> cause;
-    if (const int next = passed ? 0 : FollowUpOf(error.number); next != 0) {
-        cause = error;
-        error = SqlError(next);
-        Locate(error);
-    }
     m_session.error = error.number;
     m_session.rowCount = 0;
     const bool fatal = error.severity >= 20;
@@ -135,15 +144,16 @@ std::size_t FlowRunner::HandleFailure(const std::vector<FlowStep>& steps, const 
             m_session.store.Doom(); // the setting that counts is that of the place of the error
         throw PassedError(error, origin);
     }
-    if (cause)
-        m_session.Tell(*cause);
+    for (SqlError& cause : causes) {
+        Locate(cause);
+        m_session.Tell(cause);
+    }
     TellAndEnd(&step, error, origin, OthersOf(failure));
     return step.resume;
 }
 
 void FlowRunner::Catch(const SqlError& error, ErrorOrigin origin, std::size_t depth) {
-    const bool dooms =
-        EffectOf(error.number, error.severity) == ErrorEffect::Batch || m_session.options.xactAbort;
+    const bool dooms = EffectHere(m_session, error) == ErrorEffect::Batch || m_session.options.xactAbort;
     if (dooms && origin != ErrorOrigin::RaiseError)
         m_session.store.Doom();
     if (m_session.sink.ResultOpen()) // rows that were sent before the error end here
@@ -182,7 +192,7 @@ void FlowRunner::TellAndEnd(const FlowStep* step, const SqlError& error, ErrorOr
         m_session.Tell(other);
     }
     const ErrorEffect effect =
-        origin == ErrorOrigin::Statement ? EffectOf(error.number, error.severity) : ErrorEffect::Statement;
+        origin == ErrorOrigin::Statement ? EffectHere(m_session, error) : ErrorEffect::Statement;
     if (error.severity >= 20)
         throw ConnectionEnded();
     if (origin == ErrorOrigin::Statement)

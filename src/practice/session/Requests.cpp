@@ -78,8 +78,13 @@ SessionOfRequests::SessionOfRequests(ServerParts& server, LoginFacts facts)
 SessionOfRequests::~SessionOfRequests() = default;
 
 SessionRow SessionOfRequests::Row() const {
-    const std::lock_guard lock(m_rowMutex);
-    return m_row;
+    SessionRow row;
+    {
+        const std::lock_guard lock(m_rowMutex);
+        row = m_row;
+    }
+    row.settings = m_state.ShownSettings();
+    return row;
 }
 
 void SessionOfRequests::End() const {
@@ -120,7 +125,8 @@ void SessionOfRequests::LogIn(ResultSink& sink) {
         throw Refused(18456, m_state.facts.login);
     m_state.facts.login = account->name; // as it is written there
     const Database& database = FirstDatabase(account->defaultDatabase);
-    SetLoginDefaults(m_state, m_state.facts.odbcDefaults);
+    SetLoginDefaults(m_state,
+                     m_state.facts.language.empty() ? account->defaultLanguage : m_state.facts.language);
     UseDatabase(database, 2);
     EnvironmentChange language;
     language.kind = EnvironmentChange::Kind::Language;
@@ -298,8 +304,9 @@ void SessionOfRequests::Reset(bool keepTransaction, ResultSink& sink) {
     m_state.store.SetDeadlockPriority(0);
     if (!keepTransaction)
         m_state.store.UnlockAllApplication();
-    SetLoginDefaults(m_state, m_state.facts.odbcDefaults);
     const auto account = m_state.server.accounts.Find(m_state.facts.login);
+    SetLoginDefaults(m_state, m_state.facts.language.empty() && account ? account->defaultLanguage
+                                                                        : m_state.facts.language);
     const std::string home =
         !m_state.facts.database.empty() || !account ? m_state.facts.database : account->defaultDatabase;
     const Database* database = m_state.store.View()->FindDatabase(home);

@@ -18,6 +18,12 @@ FunctionContext& SessionContext::Functions() {
 SessionOptions& SessionContext::Options() {
     return m_session.options;
 }
+bool SessionContext::NullByDefault() {
+    const SessionOptions& options = m_session.options;
+    const Database* database = m_session.store.View()->FindDatabase(m_session.database);
+    return options.ansiNullDefault ||
+           (!options.ansiNullDefaultOff && database != nullptr && database->Option("ANSI_NULL_DEFAULT"));
+}
 ResultSink& SessionContext::Sink() {
     return m_session.sink;
 }
@@ -126,6 +132,10 @@ CursorRow SessionContext::CursorPosition(const tsql::CurrentOf& cursor) {
 }
 
 void SessionContext::Inform(int messageNumber, std::string text) {
+    // The client hears nothing of what runs inside of an expression.
+    if (std::ranges::any_of(m_session.frames,
+                            [](const auto& frame) { return frame->kind == FrameKind::Function; }))
+        return;
     m_session.Inform(messageNumber, std::move(text));
 }
 

@@ -14,6 +14,7 @@ class SessionContext : public ExecutionContext {
 
     FunctionContext& Functions() override;
     SessionOptions& Options() override;
+    bool NullByDefault() override;
     ResultSink& Sink() override;
     DatabaseId CurrentDatabase() override;
     void ChangeDatabase(DatabaseId database) override;

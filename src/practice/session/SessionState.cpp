@@ -3,6 +3,7 @@
 #include "practice/session/FlowProgram.h"
 #include "practice/session/SessionContext.h"
 #include "practice/session/SessionFunctions.h"
+#include "practice/session/SettingValues.h"
 #include "practice/storage/Permissions.h"
 #include "practice/values/SqlError.h"
 
@@ -121,6 +122,19 @@ bool SessionState::AnotherStays(const std::function<bool(const SessionRow&)>& is
         std::this_thread::sleep_for(pause);
     }
     return true;
+}
+
+void SessionState::ShowSettings() {
+    const SessionSettings settings = SettingsOf(*this);
+    if (settings == m_shown) // which no other thread changes
+        return;
+    const std::lock_guard lock(m_shownMutex);
+    m_shown = settings;
+}
+
+SessionSettings SessionState::ShownSettings() const {
+    const std::lock_guard lock(m_shownMutex);
+    return m_shown;
 }
 
 void SessionState::Inform(int number, std::string text, int severity, int messageState) {

@@ -81,6 +81,10 @@ struct SessionState {
     std::mutex waitMutex;
     std::condition_variable waitChanged;
 
+    /// Lets the views of other sessions, and of this one, see what is set now.
+    void ShowSettings();
+    SessionSettings ShownSettings() const;
+
     Frame& Top() { return *frames.back(); }
     Executor& Statements() { return *m_executor; }
     FunctionContext& Functions() { return *m_functions; }
@@ -117,6 +121,8 @@ struct SessionState {
     void Finish(StatementKind kind, std::optional<std::uint64_t> count, bool failed = false);
 
   private:
+    mutable std::mutex m_shownMutex;
+    SessionSettings m_shown;
     std::unique_ptr<FunctionContext> m_functions;
     std::unique_ptr<ExecutionContext> m_context;
     std::unique_ptr<Executor> m_executor;

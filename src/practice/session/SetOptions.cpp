@@ -19,23 +19,27 @@ constexpr Switch kSwitches[] = {
     {"XACT_ABORT", &SessionOptions::xactAbort},
     {"QUOTED_IDENTIFIER", &SessionOptions::quotedIdentifier},
     {"ANSI_NULLS", &SessionOptions::ansiNulls},
-    {"ANSI_NULL_DFLT_ON", &SessionOptions::ansiNullDefault},
     {"ANSI_PADDING", &SessionOptions::ansiPadding},
     {"ANSI_WARNINGS", &SessionOptions::ansiWarnings},
     {"ARITHABORT", &SessionOptions::arithAbort},
+    {"ARITHIGNORE", &SessionOptions::arithIgnore},
     {"CONCAT_NULL_YIELDS_NULL", &SessionOptions::concatNullYieldsNull},
-    {"NUMERIC_ROUNDABORT", &SessionOptions::numericRoundAbort},
     {"IMPLICIT_TRANSACTIONS", &SessionOptions::implicitTransactions},
     {"CURSOR_CLOSE_ON_COMMIT", &SessionOptions::cursorCloseOnCommit},
 };
 
 /// Switches that change nothing that can be seen here, whichever way they stand.
-constexpr std::string_view kWithoutEffect[] = {"FORCEPLAN", "ARITHIGNORE", "REMOTE_PROC_TRANSACTIONS",
-                                               "NO_BROWSETABLE", "DISABLE_DEF_CNST_CHK"};
+constexpr std::string_view kWithoutEffect[] = {"FORCEPLAN", "REMOTE_PROC_TRANSACTIONS", "NO_BROWSETABLE",
+                                               "DISABLE_DEF_CNST_CHK"};
+
+void SetNullDefault(SessionOptions& options, bool on) {
+    options.ansiNullDefault = on;
+    options.ansiNullDefaultOff = options.ansiNullDefaultOff && !on;
+}
 
 void SetAnsiDefaults(SessionOptions& options, bool on) {
     options.ansiNulls = on;
-    options.ansiNullDefault = on;
+    SetNullDefault(options, on);
     options.ansiPadding = on;
     options.ansiWarnings = on;
     options.cursorCloseOnCommit = on;
@@ -54,8 +58,11 @@ void SetSwitch(SessionState& session, const std::string& name, bool on) {
     }
     if (name == "ANSI_DEFAULTS") {
         SetAnsiDefaults(session.options, on);
+    } else if (name == "ANSI_NULL_DFLT_ON") {
+        SetNullDefault(session.options, on);
     } else if (name == "ANSI_NULL_DFLT_OFF") {
-        session.options.ansiNullDefault = !on;
+        session.options.ansiNullDefaultOff = on;
+        session.options.ansiNullDefault = session.options.ansiNullDefault && !on;
     } else if (name == "NOEXEC" || name == "PARSEONLY") {
         session.noExecute = on;
     } else if (name == "FMTONLY") {
@@ -78,17 +85,66 @@ DateOrder DateOrderOf(const std::string& word) {
     throw SqlError(2741, {word});
 }
 
+/// The languages of the documented list whose names of months this server does not know, and their aliases.
+bool IsForeignLanguage(std::string_view word) {
+    static constexpr std::string_view names[] = {"Deutsch",       "German",
+                                                 "Français",      "French",
+                                                 "日本語",        "Japanese",
+                                                 "Dansk",         "Danish",
+                                                 "Español",       "Spanish",
+                                                 "Italiano",      "Italian",
+                                                 "Nederlands",    "Dutch",
+                                                 "Norsk",         "Norwegian",
+                                                 "Português",     "Portuguese",
+                                                 "Suomi",         "Finnish",
+                                                 "Svenska",       "Swedish",
+                                                 "čeština",       "Czech",
+                                                 "magyar",        "Hungarian",
+                                                 "polski",        "Polish",
+                                                 "română",        "Romanian",
+                                                 "hrvatski",      "Croatian",
+                                                 "slovenčina",    "Slovak",
+                                                 "slovenski",     "Slovenian",
+                                                 "ελληνικά",      "Greek",
+                                                 "български",     "Bulgarian",
+                                                 "русский",       "Russian",
+                                                 "Türkçe",        "Turkish",
+                                                 "eesti",         "Estonian",
+                                                 "latviešu",      "Latvian",
+                                                 "lietuvių",      "Lithuanian",
+                                                 "Brazilian",     "Português (Brasil)",
+                                                 "繁體中文",      "Traditional Chinese",
+                                                 "한국어",        "Korean",
+                                                 "简体中文",      "Simplified Chinese",
+                                                 "Arabic",        "ไทย",
+                                                 "Thai",          "Bokmål",
+                                                 "norsk (bokmål)"};
+    return std::any_of(std::begin(names), std::end(names),
+                       [&](std::string_view name) { return SameName(name, word); });
+}
+
+bool IsBritish(const std::string& word) {
+    return tsql::SameWord(word, "British") || tsql::SameWord(word, "British English");
+}
+
+void UseLanguage(SessionState& session, bool british) {
+    session.language = british ? "British" : "us_english";
+    session.options.dateOrder = british ? DateOrder::Dmy : DateOrder::Mdy;
+    session.options.dateFirst = british ? 1 : 7;
+}
+
 void SetLanguage(SessionState& session, const std::string& word) {
-    const bool british = tsql::SameWord(word, "British") || tsql::SameWord(word, "British English");
-    if (!british && !tsql::SameWord(word, "us_english") && !tsql::SameWord(word, "English"))
+    const bool british = IsBritish(word);
+    if (!british && !tsql::SameWord(word, "us_english") && !tsql::SameWord(word, "English")) {
+        if (!IsForeignLanguage(word))
+            throw SqlError(2740, {word});
         throw SqlError::NotSupported("SET LANGUAGE " + word);
+    }
     EnvironmentChange change;
     change.kind = EnvironmentChange::Kind::Language;
     change.oldValue = session.language;
-    session.language = british ? "British" : "us_english";
+    UseLanguage(session, british);
     change.newValue = session.language;
-    session.options.dateOrder = british ? DateOrder::Dmy : DateOrder::Mdy;
-    session.options.dateFirst = british ? 1 : 7;
     session.sink.Environment(change);
     session.Inform(5703, MessageText(5703, {session.language}));
 }
@@ -197,7 +253,8 @@ void RunSetOption(SessionState& session, const tsql::SetOptionStatement& stateme
         SetSwitch(session, option, statement.value == "ON");
 }
 
-void SetLoginDefaults(SessionState& session, bool odbc) {
+void SetLoginDefaults(SessionState& session, const std::string& language) {
+    const bool odbc = session.facts.odbcDefaults;
     session.options = SessionOptions();
     session.options.quotedIdentifier = odbc;
     session.options.ansiNulls = odbc;
@@ -205,6 +262,7 @@ void SetLoginDefaults(SessionState& session, bool odbc) {
     session.options.ansiPadding = odbc;
     session.options.ansiWarnings = odbc;
     session.options.concatNullYieldsNull = odbc;
+    UseLanguage(session, IsBritish(language));
 }
 
 } // namespace quillon::practice

@@ -13,17 +13,24 @@ Datum Name(std::string text) {
 }
 
 /// @@OPTIONS: the documented bits of what is set.
-std::int64_t OptionBits(const SessionState& session) {
+int OptionBits(const SessionState& session) {
     const SessionOptions& options = session.options;
     const std::pair<bool, int> bits[] = {
-        {options.implicitTransactions, 2}, {options.cursorCloseOnCommit, 4},
-        {options.ansiWarnings, 8},         {options.ansiPadding, 16},
-        {options.ansiNulls, 32},           {options.arithAbort, 64},
-        {options.quotedIdentifier, 256},   {options.noCount, 512},
-        {options.ansiNullDefault, 1024},   {options.concatNullYieldsNull, 4096},
-        {options.numericRoundAbort, 8192}, {options.xactAbort, 16384},
+        {options.implicitTransactions, 2},
+        {options.cursorCloseOnCommit, 4},
+        {options.ansiWarnings, 8},
+        {options.ansiPadding, 16},
+        {options.ansiNulls, 32},
+        {options.arithAbort, 64},
+        {options.arithIgnore, 128},
+        {options.quotedIdentifier, 256},
+        {options.noCount, 512},
+        {options.ansiNullDefault, 1024},
+        {options.ansiNullDefaultOff, 2048},
+        {options.concatNullYieldsNull, 4096},
+        {options.xactAbort, 16384},
     };
-    std::int64_t value = 0;
+    int value = 0;
     for (const auto& [on, bit] : bits)
         value += on ? bit : 0;
     return value;
@@ -85,7 +92,7 @@ std::optional<bool> OptionByName(const SessionState& session, std::string_view n
         {"ANSI_WARNINGS", options.ansiWarnings},
         {"ARITHABORT", options.arithAbort},
         {"CONCAT_NULL_YIELDS_NULL", options.concatNullYieldsNull},
-        {"NUMERIC_ROUNDABORT", options.numericRoundAbort},
+        {"NUMERIC_ROUNDABORT", false}, // which is refused
         {"QUOTED_IDENTIFIER", options.quotedIdentifier},
     };
     for (const auto& [option, on] : rows) {
@@ -116,7 +123,26 @@ int TriggerLevelOf(const SessionState& session, std::span<const Datum> arguments
         }));
 }
 
+int IsolationNumber(std::string_view level) {
+    static constexpr std::string_view levels[] = {"READ UNCOMMITTED", "READ COMMITTED", "REPEATABLE READ",
+                                                  "SERIALIZABLE", "SNAPSHOT"};
+    return static_cast<int>(std::find(std::begin(levels), std::end(levels), level) - std::begin(levels)) + 1;
+}
+
 } // namespace
+
+SessionSettings SettingsOf(const SessionState& session) {
+    SessionSettings settings;
+    settings.options = OptionBits(session);
+    settings.textSize = session.options.textSize;
+    settings.dateFirst = session.options.dateFirst;
+    settings.dateOrder = session.options.dateOrder;
+    settings.british = session.language == "British";
+    settings.isolation = IsolationNumber(session.isolation);
+    settings.lockTimeout = session.store.LockTimeout();
+    settings.deadlockPriority = session.store.DeadlockPriority();
+    return settings;
+}
 
 Datum GlobalValue(SessionState& session, std::string_view name) {
     for (const GlobalRow& row : kGlobals) {
@@ -138,7 +164,7 @@ Datum AnswerSetting(SessionState& session, std::string_view function, std::span<
     if (function == "HOST_ID")
         return Datum::Text(TextType(TypeId::NChar, 8), std::to_string(session.facts.processId));
     if (function == "GETANSINULL")
-        return Datum::Integer(TypeId::SmallInt, session.options.ansiNullDefault ? 1 : 0);
+        return Datum::Integer(TypeId::SmallInt, session.Context().NullByDefault() ? 1 : 0);
     const bool known = !arguments.empty() && !arguments[0].IsNull() && arguments[0].Type().IsCharacter();
     if (function == "SESSIONPROPERTY") {
         const auto on = known ? OptionByName(session, arguments[0].Text()) : std::nullopt;

@@ -1,5 +1,6 @@
 #include "practice/session/Transactions.h"
 
+#include "practice/session/Cursor.h"
 #include "practice/session/SessionState.h"
 #include "practice/session/Variables.h"
 #include "practice/values/SqlError.h"
@@ -48,6 +49,20 @@ void BeginAs(SessionState& session, std::string_view name, TransactionRequest::I
     BeginTransaction(session, name);
 }
 
+/// CURSOR_CLOSE_ON_COMMIT is about every end of a transaction.
+void CloseCursors(SessionState& session) {
+    if (!session.options.cursorCloseOnCommit || session.store.TransactionCount() > 0)
+        return;
+    const auto close = [](const auto& cursors) {
+        for (const auto& [name, cursor] : cursors)
+            if (cursor && cursor->IsOpen())
+                cursor->Close();
+    };
+    close(session.globalCursors);
+    for (const std::unique_ptr<Frame>& frame : session.frames)
+        close(frame->cursors);
+}
+
 } // namespace
 
 void BeginTransaction(SessionState& session, std::string_view name) {
@@ -60,11 +75,13 @@ void BeginTransaction(SessionState& session, std::string_view name) {
 
 void CommitTransaction(SessionState& session) {
     session.store.Commit();
+    CloseCursors(session);
     AnnounceEnd(session, EnvironmentChange::Kind::CommitTransaction);
 }
 
 void RollbackTransaction(SessionState& session, std::string_view name) {
     session.store.Rollback(name);
+    CloseCursors(session);
     AnnounceEnd(session, EnvironmentChange::Kind::RollbackTransaction);
 }
 

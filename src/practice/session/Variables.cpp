@@ -1,7 +1,6 @@
 #include "practice/session/Variables.h"
 
 #include "practice/session/SessionState.h"
-#include "practice/values/Operators.h"
 #include "practice/values/SqlError.h"
 
 namespace quillon::practice {
@@ -112,12 +111,9 @@ void RunSetVariable(SessionState& session, const tsql::SetVariableStatement& sta
     if (statement.op == tsql::AssignmentOperator::Set) {
         variable.value = session.Statements().Evaluate(*statement.value, variable.type);
     } else {
-        const ConvertOptions options = session.Functions().Options();
         const Datum right = session.Statements().Evaluate(*statement.value);
-        const BinaryOperator op = OperatorOf(statement.op);
-        const SqlType type = ResultType(op, variable.type, right.Type());
         variable.value =
-            ConvertForVariable(Evaluate(op, variable.value, right, type, options), variable.type, options);
+            session.Statements().Evaluate(OperatorOf(statement.op), variable.value, right, variable.type);
     }
     session.rowCount = 1;
 }

@@ -11,7 +11,8 @@ Engine::Engine(StoreSession& storeSession, ExecutionContext& executionContext, c
     : store(storeSession)
     , context(executionContext)
     , systemViews(views)
-    , functions(storeSession.Connection())
+    , warnings(executionContext)
+    , functions(storeSession.Connection(), warnings)
     , laterals(storeSession.Connection(), functions)
     , rowSets(storeSession) {}
 

@@ -7,6 +7,7 @@
 #include "practice/statements/LateralTables.h"
 #include "practice/statements/PlanShapes.h"
 #include "practice/statements/SystemViews.h"
+#include "practice/statements/Warnings.h"
 #include "practice/statements/change/RowSets.h"
 #include "practice/storage/Sqlite.h"
 #include "practice/storage/StoreSession.h"
@@ -24,6 +25,7 @@ class Engine {
     StoreSession& store;
     ExecutionContext& context;
     const SystemViews* systemViews;
+    Warnings warnings;
     FunctionNodes functions;
     LateralTables laterals;
     RowSets rowSets;

@@ -22,12 +22,17 @@ struct SessionOptions {
     bool xactAbort = false;
     bool quotedIdentifier = true;
     bool ansiNulls = true;
-    bool ansiNullDefault = true; // columns without NULL or NOT NULL are nullable
+    // Of columns without NULL or NOT NULL: at most one of the two; where neither is on, the database decides.
+    bool ansiNullDefault = true;
+    bool ansiNullDefaultOff = false;
     bool ansiPadding = true;
-    bool ansiWarnings = true; // overlong data is refused (otherwise cut), division by zero ends the statement
-    bool arithAbort = true;
+    // On, an error of arithmetic ends its statement and overlong data is refused. Off, overlong data is cut,
+    // and the error ends the batch under ARITHABORT ON; otherwise the value is NULL, with a warning unless
+    // under ARITHIGNORE ON.
+    bool ansiWarnings = true;
+    bool arithAbort = false;
+    bool arithIgnore = false;
     bool concatNullYieldsNull = true;
-    bool numericRoundAbort = false;
     bool implicitTransactions = false;
     bool cursorCloseOnCommit = false;
     std::int64_t rowCount = 0; // SET ROWCOUNT; 0: all
@@ -42,6 +47,7 @@ struct Variable {
     SqlType type;
     Datum value; // null or of `type`
     std::shared_ptr<const Table> table;
+    bool readOnly = false; // a parameter of a table type
 };
 
 // What one firing of triggers is about. `inserted` and `deleted` are row sets with the columns of the parent.
@@ -72,6 +78,8 @@ class ExecutionContext {
 
     virtual FunctionContext& Functions() = 0;
     virtual SessionOptions& Options() = 0;
+    // Whether a column that is declared without NULL and NOT NULL is nullable.
+    virtual bool NullByDefault() = 0;
     virtual ResultSink& Sink() = 0;
     virtual DatabaseId CurrentDatabase() = 0;
     // USE: the database exists and is open to the login. Tells the sink (5701) and the client.

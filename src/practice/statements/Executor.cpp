@@ -112,6 +112,11 @@ auto Reported(Body body) -> decltype(body()) {
     }
 }
 
+Datum Value(Engine& engine, const tsql::Expression& expression, const SqlType* target, bool condition) {
+    return engine.warnings.Around(
+        [&] { return Reported([&] { return RunExpression(engine, expression, target, condition); }); });
+}
+
 StatementOutcome RunWithRetry(Engine& engine, const tsql::Statement& statement) {
     constexpr int attempts = 3;
     for (int attempt = 1;; ++attempt) {
@@ -138,7 +143,8 @@ StatementOutcome Executor::Execute(const tsql::Statement& statement) {
     // Statements of a trigger run inside of the one that fires it, which has begun by then and stays so.
     const bool around = m_engine->begun;
     m_engine->begun = false;
-    const StatementOutcome outcome = Reported([&] { return RunWithRetry(*m_engine, statement); });
+    const StatementOutcome outcome = m_engine->warnings.Around(
+        [&] { return Reported([&] { return RunWithRetry(*m_engine, statement); }); });
     m_engine->begun = around;
     return outcome;
 }
@@ -148,15 +154,29 @@ bool Executor::HasBegun() const {
 }
 
 Datum Executor::Evaluate(const tsql::Expression& expression) {
-    return Reported([&] { return RunExpression(*m_engine, expression, nullptr, false); });
+    return Value(*m_engine, expression, nullptr, false);
 }
 
 Datum Executor::Evaluate(const tsql::Expression& expression, const SqlType& target) {
-    return Reported([&] { return RunExpression(*m_engine, expression, &target, false); });
+    return Value(*m_engine, expression, &target, false);
+}
+
+Datum Executor::Evaluate(BinaryOperator op, const Datum& left, const Datum& right, const SqlType& target) {
+    return m_engine->warnings.Around([&] {
+        const ConvertOptions options = m_engine->context.Functions().Options();
+        try {
+            const SqlType type = ResultType(op, left.Type(), right.Type());
+            return ConvertForVariable(practice::Evaluate(op, left, right, type, options), target, options);
+        } catch (const SqlError& error) {
+            if (!m_engine->warnings.Replaces(error))
+                throw;
+            return Datum::Null(target);
+        }
+    });
 }
 
 bool Executor::IsTrue(const tsql::Expression& condition) {
-    return Reported([&] { return RunExpression(*m_engine, condition, nullptr, true).Integer() != 0; });
+    return Value(*m_engine, condition, nullptr, true).Integer() != 0;
 }
 
 std::unique_ptr<QueryReader> Executor::Open(const tsql::SelectStatement& statement, bool withRowIds) {

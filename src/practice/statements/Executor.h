@@ -10,6 +10,7 @@
 #include "practice/statements/SystemViews.h"
 #include "practice/storage/StoreSession.h"
 #include "practice/tsql/Tree.h"
+#include "practice/values/Operators.h"
 
 namespace quillon::practice {
 
@@ -55,6 +56,8 @@ class Executor {
     Datum Evaluate(const tsql::Expression& expression);
     // As above, converted as an assignment to a variable of `target`.
     Datum Evaluate(const tsql::Expression& expression, const SqlType& target);
+    // SET @variable op= value, whose variable is of type `target`.
+    Datum Evaluate(BinaryOperator op, const Datum& left, const Datum& right, const SqlType& target);
     // IF, WHILE: true, or not true (false and unknown).
     bool IsTrue(const tsql::Expression& condition);
 

@@ -32,9 +32,23 @@ void Guarded(sqlite3_context* context, FunctionNodes& owner, Body body) {
     }
 }
 
+// As above, for what gives a value: an error of arithmetic may make it NULL.
+template <class Body>
+void GuardedValue(sqlite3_context* context, FunctionNodes& owner, Body body) {
+    Guarded(context, owner, [&] {
+        try {
+            body();
+        } catch (const SqlError& error) {
+            if (!owner.Noted().Replaces(error))
+                throw;
+            sqlite3_result_null(context);
+        }
+    });
+}
+
 void CallScalar(sqlite3_context* context, int count, sqlite3_value** values) {
     const Held<ScalarNode>& held = HeldOf<ScalarNode>(context);
-    Guarded(context, *held.owner, [&] {
+    GuardedValue(context, *held.owner, [&] {
         constexpr int few = 6;
         std::array<Datum, few> nearby;
         std::vector<Datum> far;
@@ -77,7 +91,7 @@ void RemoveFromAggregate(sqlite3_context* context, int, sqlite3_value** values) 
 
 void AggregateValue(sqlite3_context* context) {
     const Held<AggregateNode>& held = HeldOf<AggregateNode>(context);
-    Guarded(context, *held.owner, [&] {
+    GuardedValue(context, *held.owner, [&] {
         Accumulator** state = StateOf<Accumulator>(context);
         const Datum result = *state == nullptr ? held.node.start()->Result() : (*state)->Result();
         if (result.IsNull())
@@ -117,6 +131,12 @@ void FinishRows(sqlite3_context* context) {
         else
             ResultDatum(context, result, held.node.result);
     });
+}
+
+void PassNoting(sqlite3_context* context, int, sqlite3_value** values) {
+    if (sqlite3_value_type(values[0]) == SQLITE_NULL)
+        static_cast<Warnings*>(sqlite3_user_data(context))->NoteNull();
+    sqlite3_result_value(context, values[0]);
 }
 
 template <class Node>
@@ -177,6 +197,15 @@ std::string FunctionNodes::RowAggregate(const std::string& key,
                                               static_cast<int>(held->node.arguments.size()), SQLITE_UTF8,
                                               held, nullptr, StepRows, FinishRows, Drop<RowAggregateNode>);
         });
+}
+
+std::string FunctionNodes::NullNoting() {
+    static constexpr const char* name = "noting_null";
+    if (m_names.emplace(name, name).second &&
+        sqlite3_create_function_v2(m_connection, name, 1, SQLITE_UTF8, &m_warnings, PassNoting, nullptr,
+                                   nullptr, nullptr) != SQLITE_OK)
+        ThrowStoreFailure(m_connection);
+    return name;
 }
 
 void FunctionNodes::TakeFailure() {

@@ -7,6 +7,7 @@
 
 #include "practice/functions/Aggregates.h"
 #include "practice/functions/FunctionTable.h"
+#include "practice/statements/Warnings.h"
 
 #include <exception>
 #include <memory>
@@ -46,14 +47,19 @@ struct RowAggregateNode {
 
 class FunctionNodes {
   public:
-    explicit FunctionNodes(sqlite3* connection)
-        : m_connection(connection) {}
+    FunctionNodes(sqlite3* connection, Warnings& warnings)
+        : m_connection(connection)
+        , m_warnings(warnings) {}
 
     // The SQLite name of the function for `key`; `make` is called when there is none yet. The key must tell
     // everything that the node depends on.
     std::string Scalar(const std::string& key, const std::function<ScalarNode()>& make);
     std::string Aggregate(const std::string& key, const std::function<AggregateNode()>& make);
     std::string RowAggregate(const std::string& key, const std::function<RowAggregateNode()>& make);
+
+    // The SQLite name of the function that gives its argument back and notes a NULL for the warning.
+    std::string NullNoting();
+    Warnings& Noted() { return m_warnings; }
 
     // Throws what a function of ours threw while the statement ran, if one did.
     void TakeFailure();
@@ -67,6 +73,7 @@ class FunctionNodes {
                        Register registerNode);
 
     sqlite3* m_connection;
+    Warnings& m_warnings;
     std::unordered_map<std::string, std::string> m_names;
     std::exception_ptr m_failure;
 };

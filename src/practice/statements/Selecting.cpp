@@ -111,8 +111,10 @@ class Reader : public QueryReader {
     }
     const std::vector<ResultColumn>& Columns() const override { return m_columns; }
     bool Next(std::vector<Datum>& row) override {
-        if (!m_engine.Step(m_plan->statement))
+        if (!m_engine.Step(m_plan->statement)) {
+            m_engine.warnings.Tell();
             return false;
+        }
         LoadRow(m_plan->statement, m_plan->columns, row);
         if (m_base)
             m_rowId = m_plan->statement.Integer(static_cast<int>(m_columns.size()));

@@ -292,6 +292,7 @@ constexpr MessageRow rows[] = {
      "An error was raised during trigger execution. The batch has been aborted and the user transaction, if "
      "any, has been rolled back."},
     {3621, 10, "The statement has been terminated."},
+    {3622, 10, "Warning: An invalid floating point operation occurred."},
     {3623, 16, "An invalid floating point operation occurred."},
     {3701, 11, "Cannot %1 the %2 '%3', because it does not exist or you do not have permission."},
     {3702, 16, "Cannot drop database \"%1\" because it is currently in use."},

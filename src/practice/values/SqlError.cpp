@@ -69,6 +69,11 @@ SqlError SqlError::NotSupported(std::string_view feature) {
     return SqlError(notSupportedNumber, {feature});
 }
 
+bool IsArithmeticError(int number) {
+    constexpr int numbers[] = {220, 232, 3623, 8115, 8134};
+    return std::find(std::begin(numbers), std::end(numbers), number) != std::end(numbers);
+}
+
 const MessageRow* AllMessages(int& count) {
     count = static_cast<int>(Table().size());
     return Table().data();

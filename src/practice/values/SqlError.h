@@ -36,6 +36,18 @@ class SqlError : public std::exception {
     SqlError() = default;
 };
 
+/// Overflow, division by zero, a function outside of its domain: what such an error does is a setting.
+bool IsArithmeticError(int number);
+
+/// What could not be done, because of the errors that are told before it. A TRY block sees it alone.
+class ConsequentError : public SqlError {
+  public:
+    ConsequentError(SqlError error, std::vector<SqlError> reasons)
+        : SqlError(std::move(error))
+        , causes(std::move(reasons)) {}
+    std::vector<SqlError> causes;
+};
+
 constexpr int notSupportedNumber = 49999;
 
 struct MessageRow {

@@ -45,6 +45,12 @@ const Script kControl[] = {
 INSTANTIATE_TEST_SUITE_P(Control, Flow, testing::ValuesIn(kControl));
 
 const Script kMessages[] = {
+    {"SELECT SUM(a) FROM (VALUES (1), (NULL)) v (a)",
+     "row 1\ninfo Warning: Null value is eliminated by an aggregate or other SET operation.\ndone 1\n"},
+    {"SET ANSI_WARNINGS OFF SELECT 1 / a FROM (VALUES (0), (0)) v (a)",
+     "row NULL\nrow NULL\ninfo Division by zero occurred.\ndone 2\n"},
+    {"SET ANSI_WARNINGS OFF SET ARITHABORT ON SELECT 1 / 0 PRINT 'never'",
+     "error 8134 1 Divide by zero error encountered.\n"},
     {"RAISERROR('low', 10, 1) PRINT @@ERROR", "info low\ninfo 0\n"},
     {"RAISERROR('low', 9, 1) WITH SETERROR PRINT @@ERROR", "info low\ninfo 50000\n"},
     {"PRINT 'a'\nRAISERROR('high %d', 16, 1, 5)\nPRINT @@ERROR",

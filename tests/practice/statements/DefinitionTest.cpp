@@ -29,7 +29,7 @@ TEST_F(DefinitionTest, TablesCanBeAltered) {
          "nulls. "
          "UPDATE fails."},
         {"ALTER TABLE T ALTER COLUMN a varchar(8) NOT NULL",
-         "The column 'e' is dependent on column 'a'.\n"
+         "Msg 5074: The column 'e' is dependent on column 'a'.\n"
          "Msg 4922: ALTER TABLE ALTER COLUMN a failed because one or more objects access this column."},
         {"ALTER TABLE T DROP COLUMN e; ALTER TABLE T ALTER COLUMN a varchar(8) NOT NULL; SELECT a + '!' FROM "
          "T",

@@ -22,7 +22,8 @@ TEST_F(SelectTest, AnswersQueries) {
          "Ann|NULL\nBob|Ann\ncid|Ann\nDan|Bob"},
         {"SELECT Boss, COUNT(*), SUM(Pay), AVG(Id) FROM Person GROUP BY Boss HAVING COUNT(*) > 0 ORDER BY "
          "Boss",
-         "NULL|1|100.50|1\n1|2|140.25|2\n2|1|NULL|4"},
+         "NULL|1|100.50|1\n1|2|140.25|2\n2|1|NULL|4\n"
+         "Warning: Null value is eliminated by an aggregate or other SET operation."},
         {"SELECT COUNT(*), COUNT(Boss), MAX(Name) FROM Person WHERE Id > 10", "0|0|NULL"},
         {"SELECT TOP 2 Name FROM Person ORDER BY Pay DESC", "Ann\nBob"},
         {"SELECT TOP 50 PERCENT Id FROM Person ORDER BY Id", "1\n2"},

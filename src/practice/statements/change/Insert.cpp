@@ -156,9 +156,15 @@ std::vector<Values> RowsOfCall(Engine& engine, const tsql::InsertStatement& stat
 Datum ForColumn(Engine& engine, const InsertColumns& target, const Column& column, const Datum& value) {
     if (value.IsNull())
         return Datum::Null(column.type);
-    return engine.context.Options().ansiWarnings
-               ? FitIntoColumn(engine, value, column.type, target.fullName, column.name)
-               : Convert(value, column.type, engine.context.Functions().Options());
+    if (engine.context.Options().ansiWarnings)
+        return FitIntoColumn(engine, value, column.type, target.fullName, column.name);
+    try {
+        return Convert(value, column.type, engine.context.Functions().Options());
+    } catch (const SqlError& error) {
+        if (!engine.warnings.Replaces(error))
+            throw;
+        return Datum::Null(column.type);
+    }
 }
 
 // Rows that come from a call or a client are known only when the statement runs.

@@ -47,6 +47,7 @@ InsertColumns BindInsert(Translator& translator, const tsql::InsertStatement& st
         if (InsteadOfTrigger(engine, target.view->triggers, TriggerEvent::Insert))
             return BindColumns(engine, ViewModel(*target.view), statement.columns, statement.hasColumns,
                                values, true);
+        RequireUnchecked(translator, *target.view);
         return ThroughView(translator, *target.view, statement);
     }
     const bool bulk = statement.source == tsql::InsertSource::Bulk;

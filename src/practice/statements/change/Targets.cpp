@@ -4,10 +4,44 @@
 
 namespace quillon::practice {
 
+namespace {
+
+// Under whatever name the statement knows it, the table may be a parameter.
+void RequireWritable(Translator& translator, const Table& table) {
+    for (const auto& [variable, id] : translator.needs.tableVariables)
+        if (id == table.id && translator.Shared().context.FindVariable(variable)->readOnly)
+            throw SqlError(10700, {variable});
+}
+
+bool HasCheckOption(Translator& translator, const Module& view) {
+    const auto tree = translator.Shared().ModuleTree(view);
+    const auto& create = tsql::As<tsql::CreateViewStatement>(*tree->statements.front());
+    if (create.checkOption)
+        return true;
+    if (create.query->body->kind != tsql::QueryBodyKind::Select)
+        return false;
+    const auto& sources = tsql::As<tsql::SelectBody>(*create.query->body).from;
+    return std::any_of(sources.begin(), sources.end(), [&](const tsql::TableSourcePtr& source) {
+        if (source->kind != tsql::TableSourceKind::Table)
+            return false;
+        const auto below = std::dynamic_pointer_cast<const Module>(
+            translator.FindSourceObject(tsql::As<tsql::NamedTable>(*source).name));
+        return below && below->kind == ObjectKind::View && HasCheckOption(translator, *below);
+    });
+}
+
+} // namespace
+
+void RequireUnchecked(Translator& translator, const Module& view) {
+    if (HasCheckOption(translator, view))
+        throw SqlError::NotSupported("INSERT and UPDATE through a view WITH CHECK OPTION");
+}
+
 Target FindTarget(Translator& translator, const tsql::DmlTarget& target) {
     Target found;
     if (!target.variable.empty()) {
         found.table = translator.VariableTable(target.variable);
+        RequireWritable(translator, *found.table);
         found.name = target.variable;
         return found;
     }
@@ -121,6 +155,8 @@ FromTarget BindTarget(Translator& translator, const tsql::DmlTarget& target,
             bound.table = ViewModel(*source.view);
             return bound;
         }
+        if (event != TriggerEvent::Delete)
+            RequireUnchecked(translator, *source.view);
         if (!source.hasRowId)
             throw SqlError(4405, {source.view->name});
     }
@@ -129,6 +165,7 @@ FromTarget BindTarget(Translator& translator, const tsql::DmlTarget& target,
     if (source.table && source.table->rowSet)
         throw SqlError(286);
     bound.table = source.rowTable;
+    RequireWritable(translator, *bound.table);
     return bound;
 }
 

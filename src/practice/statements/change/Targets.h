@@ -20,6 +20,10 @@ Target RequireTarget(Translator& translator, const tsql::DmlTarget& target);
 // The columns of a view as a table, for row sets and the columns' lists of INSTEAD OF triggers.
 std::shared_ptr<const Table> ViewModel(const Module& view);
 
+// Nothing looks whether rows that are changed through a view stay in it, as its WITH CHECK OPTION or that of
+// a view under it asks: such changes are refused.
+void RequireUnchecked(Translator& translator, const Module& view);
+
 // The value of a column for which none is given: its default's SQL, or NULL.
 Scalar DefaultValueOf(Translator& translator, const Table& table, const Column& column);
 

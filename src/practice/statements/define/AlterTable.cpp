@@ -79,7 +79,7 @@ void AlterColumn(Engine& engine, const tsql::AlterTableStatement& statement,
     if (old->identity)
         changed.nullable = false;
     else if (!statement.column.nullable)
-        changed.nullable = engine.context.Options().ansiNullDefault;
+        changed.nullable = engine.context.NullByDefault();
     const bool wider = SameStorage(old->type, changed.type) && old->type.collation == changed.type.collation;
     if (!wider || changed.type.id != old->type.id)
         RequireFreeColumn(engine, *before, *old, "ALTER TABLE ALTER COLUMN", old->type.id == changed.type.id);

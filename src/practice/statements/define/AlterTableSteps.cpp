@@ -110,34 +110,59 @@ void CheckRows(Engine& engine, const std::shared_ptr<const Table>& table, const 
                    0);
 }
 
-// What hangs on a column, as messages call it; empty when nothing does. A default only minds a change of the
-// type itself, a check any but that of a varying length.
-std::pair<std::string, std::string> DependentOf(const Table& table, const Column& column, bool keepsType) {
-    if (const DefaultConstraint* value = table.DefaultOf(column.id); value != nullptr && !keepsType)
-        return {"object", value->name};
-    for (const Index& index : table.indexes) {
-        const bool key = std::any_of(index.keys.begin(), index.keys.end(),
-                                     [&](const IndexKey& one) { return one.columnId == column.id; });
-        const bool included =
-            std::find(index.included.begin(), index.included.end(), column.id) != index.included.end();
-        if (key || included)
-            return {index.IsConstraint() ? "object" : "index", index.name};
+// What hangs on a column, as messages call it.
+class Dependents {
+  public:
+    void Add(const char* kind, const std::string& name) { m_all.emplace_back(kind, name); }
+
+    // A default only minds a change of the type itself, a check any but that of a varying length.
+    void AddOwn(const Table& table, const Column& column, bool keepsType) {
+        if (const DefaultConstraint* value = table.DefaultOf(column.id); value != nullptr && !keepsType)
+            Add("object", value->name);
+        for (const Index& index : table.indexes)
+            if (Holds(index, column.id))
+                Add(index.IsConstraint() ? "object" : "index", index.name);
+        for (const ForeignKey& key : table.foreignKeys)
+            if (std::find(key.columns.begin(), key.columns.end(), column.id) != key.columns.end())
+                Add("object", key.name);
+        const auto mentions = [&](const std::string& text) {
+            return table.nameRule.IsMentioned(column.name, text);
+        };
+        if (!keepsType || column.type.IsFixedLength())
+            for (const CheckConstraint& check : table.checks)
+                if (check.columnId == column.id || mentions(check.text))
+                    Add("object", check.name);
+        for (const Column& other : table.columns)
+            if (other.IsComputed() && mentions(other.computed))
+                Add("column", other.name);
     }
-    for (const ForeignKey& key : table.foreignKeys)
-        if (std::find(key.columns.begin(), key.columns.end(), column.id) != key.columns.end())
-            return {"object", key.name};
-    const auto mentions = [&](const std::string& text) {
-        return table.nameRule.IsMentioned(column.name, text);
-    };
-    if (!keepsType || column.type.IsFixedLength())
-        for (const CheckConstraint& check : table.checks)
-            if (check.columnId == column.id || mentions(check.text))
-                return {"object", check.name};
-    for (const Column& other : table.columns)
-        if (other.IsComputed() && mentions(other.computed))
-            return {"column", other.name};
-    return {};
-}
+
+    // The foreign keys of `child` that point to it.
+    void AddForeignKeys(const Table& child, const Table& table, const Column& column) {
+        for (const ForeignKey& key : child.foreignKeys)
+            if (key.referenced == table.id &&
+                std::find(key.referencedColumns.begin(), key.referencedColumns.end(), column.id) !=
+                    key.referencedColumns.end())
+                Add("object", key.name);
+    }
+
+    std::vector<SqlError> Told(const Column& column) const {
+        std::vector<SqlError> errors;
+        for (const auto& [kind, name] : m_all)
+            errors.emplace_back(5074,
+                                std::initializer_list<std::string_view>{kind, name, "column", column.name});
+        return errors;
+    }
+
+  private:
+    static bool Holds(const Index& index, int column) {
+        return std::any_of(index.keys.begin(), index.keys.end(),
+                           [&](const IndexKey& one) { return one.columnId == column; }) ||
+               std::find(index.included.begin(), index.included.end(), column) != index.included.end();
+    }
+
+    std::vector<std::pair<std::string, std::string>> m_all;
+};
 
 } // namespace
 
@@ -152,26 +177,17 @@ void CheckExisting(Engine& engine, const std::shared_ptr<const Table>& table, Ob
 
 void RequireFreeColumn(Engine& engine, const Table& table, const Column& column, const char* action,
                        bool keepsType) {
-    auto [kind, name] = DependentOf(table, column, keepsType);
-    if (name.empty())
-        for (const ObjectId other : table.referencedBy)
-            if (const auto child = engine.store.View()->FindTable(other))
-                for (const ForeignKey& key : child->foreignKeys)
-                    if (key.referenced == table.id &&
-                        std::find(key.referencedColumns.begin(), key.referencedColumns.end(), column.id) !=
-                            key.referencedColumns.end()) {
-                        kind = "object";
-                        name = key.name;
-                    }
-    if (name.empty() && !table.temporary)
-        if (const auto module = ModuleBoundTo(engine, table, column.name)) {
-            kind = "object";
-            name = module->name;
-        }
-    if (name.empty())
-        return;
-    engine.context.Inform(5074, MessageText(5074, {kind, name, "column", column.name}));
-    throw SqlError(4922, {action, column.name});
+    Dependents dependents;
+    dependents.AddOwn(table, column, keepsType);
+    for (const ObjectId other : table.referencedBy)
+        if (const auto child = engine.store.View()->FindTable(other))
+            dependents.AddForeignKeys(*child, table, column);
+    if (!table.temporary)
+        if (const auto module = ModuleBoundTo(engine, table, column.name))
+            dependents.Add("object", module->name);
+    std::vector<SqlError> causes = dependents.Told(column);
+    if (!causes.empty())
+        throw ConsequentError(SqlError(4922, {action, column.name}), std::move(causes));
 }
 
 void DropConstraint(Engine& engine, Table& table, const std::string& name) {

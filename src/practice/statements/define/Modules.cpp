@@ -46,7 +46,10 @@ std::vector<ModuleParameter> ParametersOf(Engine& engine, const std::vector<tsql
                                 : translator.FindSourceObject(parameter.type.name);
         if (object && (object->kind == ObjectKind::TableType || object->kind == ObjectKind::AliasType))
             one.userType = object->id;
-        if (!object || object->kind != ObjectKind::TableType)
+        const bool isTable = object && object->kind == ObjectKind::TableType;
+        if (isTable != parameter.readOnly)
+            throw SqlError(isTable ? 352 : 346, {parameter.name});
+        if (!isTable)
             one.type = translator.TypeOf(parameter.type, false, all.size() + 1);
         all.push_back(std::move(one));
     }

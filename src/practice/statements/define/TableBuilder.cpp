@@ -109,9 +109,13 @@ Column TableBuilder::MakeColumn(const tsql::ColumnDefinition& definition, int id
                                                        : translator.FindSourceObject(definition.type->name));
         if (alias)
             column.aliasType = alias->id;
-        column.nullable =
-            alias ? alias->nullable : m_engine.context.Options().ansiNullDefault && !column.sysName;
+        column.nullable = alias ? alias->nullable : m_engine.context.NullByDefault() && !column.sysName;
     }
+    const bool cutsPadding = column.type.id == TypeId::VarChar || column.type.id == TypeId::Char ||
+                             column.type.id == TypeId::VarBinary || column.type.id == TypeId::Binary;
+    if (cutsPadding && !m_table.variable && !column.type.IsMax() && !m_engine.context.Options().ansiPadding)
+        throw SqlError::NotSupported("a column of type " + std::string(column.type.Name()) +
+                                     " made under SET ANSI_PADDING OFF");
     if (!definition.collation.empty()) {
         column.type.collation = SameName(definition.collation, "database_default")
                                     ? translator.DatabaseCollation()

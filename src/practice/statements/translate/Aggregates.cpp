@@ -75,6 +75,8 @@ Scalar Translator::AggregateCore(const tsql::FunctionCall& call, const std::stri
     Scalar argument = Value(*call.arguments[0], scope);
     if (argument.IsBareNull())
         throw SqlError(8117, {"NULL", name});
+    if (argument.nullable && name != "CHECKSUM_AGG" && m_engine.context.Options().ansiWarnings)
+        argument.sql = m_engine.functions.NullNoting() + "(" + argument.sql + ")";
     value.type = WithCollation(function->resultType(argument.type));
     if (value.type.IsCharacter())
         value.type.collation = argument.type.collation;

@@ -80,6 +80,13 @@ bool IsRoutine(int number) {
     return number == 5701 || number == 5703;
 }
 
+// Messages to which drivers give the state of the error that they stand for.
+bool IsWarning(int number) {
+    constexpr int overflow = 3606;
+    constexpr int division = 3607;
+    return number == overflow || number == division;
+}
+
 } // namespace
 
 Client::Client(const std::string& connectionString) {
@@ -117,7 +124,8 @@ bool Client::CollectMessages(SQLSMALLINT kind, SQLHANDLE handle, std::vector<Ans
             continue;
         Answer answer;
         const std::string stateText = reinterpret_cast<const char*>(state.data());
-        answer.kind = stateText.starts_with("01") ? Answer::Kind::Message : Answer::Kind::Error;
+        answer.kind =
+            stateText.starts_with("01") || IsWarning(number) ? Answer::Kind::Message : Answer::Kind::Error;
         answer.number = number;
         answer.text = reinterpret_cast<const char*>(text.data());
         while (answer.text.starts_with("[") && answer.text.find(']') != std::string::npos)
