@@ -1,7 +1,8 @@
 # Duktape from the sources that its package brings (MIT licence). The library in the package cannot be interrupted and
 # reports errors by longjmp, which skips destructors; both are switches of its configuration. Regular expressions and
 # searches for long texts are made to ask too whether the script shall end, since they can take hours, and a heap without
-# finalizers collects its garbage twice instead of ten times before it gives up.
+# finalizers collects its garbage twice instead of ten times before it gives up. It asks every few thousand instructions,
+# since one instruction may copy many megabytes.
 
 find_path(DUKTAPE_SOURCES duktape.c PATH_SUFFIXES share/duktape REQUIRED)
 
@@ -43,6 +44,7 @@ function(quillon_duktape name check)
   set(piece "p_end -= q_blen; /* ensure full memcmp() fits in while */")
   duktape_change("${piece}" "if (${asked}) { DUK_ERROR_RANGE(thr, \"search stopped\"); } ${piece}")
   duktape_change("10 /* Retry allocation" "2 /* Retry allocation")
+  duktape_change("INTCTR_DEFAULT (256L * 1024L)" "INTCTR_DEFAULT (4L * 1024L)")
   duktape_write(${folder}/duktape.cpp "${text}")
 
   add_library(${name} STATIC ${folder}/duktape.cpp)

@@ -45,7 +45,7 @@ struct LoginFacts {
     std::uint32_t packetSize = 4096;
     std::function<void()> endConnection; // from any thread; empty where nobody is connected
     bool odbcDefaults = true;            // the ANSI settings that ODBC and later drivers ask for at login
-    bool databaseRequired = true;        // or else the login's default serves where `database` cannot be opened
+    bool databaseRequired = true; // or else the login's default serves where `database` cannot be opened
 };
 
 // The rows that a client gives for a parameter of a table type.
@@ -151,7 +151,8 @@ class SqlServer {
 
     // Opens a session for a login whose password has been checked. The sink receives what the login itself
     // answers: the change to the database with message 5701, to the language with 5703. Throws LoginRefused
-    // when the database cannot be opened (4060 the one asked for, 4064 the default) or the login may not enter.
+    // when the database cannot be opened (4060 the one asked for, 4064 the default) or the login may not
+    // enter.
     virtual std::unique_ptr<SqlSession> OpenSession(const LoginFacts& facts, ResultSink& sink) = 0;
 };
 
