@@ -432,7 +432,12 @@ constexpr MessageRow rows[] = {
      "not in a state that allows access checks."},
     {5058, 16, "Option '%1' cannot be set in database '%2'."},
     {5069, 16, "ALTER DATABASE statement failed."},
+    {5072, 16, "ALTER DATABASE failed. The default collation of database '%1' cannot be set to %2."},
     {5074, 16, "The %1 '%2' is dependent on %3 '%4'."},
+    {5075, 16,
+     "The %1 '%2' is dependent on %3. The database collation cannot be changed if a schema-bound object "
+     "depends "
+     "on it. Remove the dependencies on the database collation and then retry the operation."},
     {5308, 16,
      "Windowed functions and NEXT VALUE FOR functions do not support integer indices as ORDER BY clause "
      "expressions."},

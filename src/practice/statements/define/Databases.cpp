@@ -75,6 +75,34 @@ class DistinctNames {
     NameRule m_rule;
 };
 
+// 5075 for whatever is bound to names and literals as the collation of its database reads them.
+std::vector<SqlError> BoundToCollation(const Database& database) {
+    std::vector<SqlError> bound;
+    const auto add = [&](const char* kind, const std::string& name) {
+        bound.emplace_back(5075, std::initializer_list<std::string_view>{kind, name, "database collation"});
+    };
+    for (const auto& [id, object] : database.objects) {
+        if (const auto module = std::dynamic_pointer_cast<const Module>(object);
+            module && module->schemaBound)
+            add("object", module->name);
+        const auto table = std::dynamic_pointer_cast<const Table>(object);
+        if (!table)
+            continue;
+        for (const CheckConstraint& check : table->checks)
+            add("object", check.name);
+        for (const Column& column : table->columns)
+            if (column.IsComputed())
+                add("column", table->name + "." + column.name);
+    }
+    return bound;
+}
+
+void RequireChangeable(const Database& database, const Collation& collation) {
+    if (auto bound = BoundToCollation(database); !bound.empty())
+        throw ConsequentError(SqlError(5072, {database.name, collation.name}), std::move(bound));
+    DistinctNames(NameRule(&collation)).Require(database);
+}
+
 void SetOption(Database& database, const std::string& name, const std::string& value) {
     if (name == "MULTI_USER")
         database.options.erase("SINGLE_USER");
@@ -119,7 +147,7 @@ void AlterDatabase(Engine& engine, const tsql::AlterDatabaseStatement& statement
     const Database& before = RequireDatabase(engine, statement.name);
     const DatabaseId id = before.id;
     if (statement.action == Action::Collate)
-        DistinctNames(NameRule(RequireCollation(statement.value))).Require(before);
+        RequireChangeable(before, *RequireCollation(statement.value));
     if (statement.action == Action::Rename && engine.store.View()->FindDatabase(statement.value) != nullptr)
         throw SqlError(1801, {statement.value});
     engine.store.Change([&](CatalogueEditor& editor) {

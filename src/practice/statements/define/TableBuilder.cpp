@@ -109,6 +109,9 @@ Column TableBuilder::MakeColumn(const tsql::ColumnDefinition& definition, int id
                                                        : translator.FindSourceObject(definition.type->name));
         if (alias)
             column.aliasType = alias->id;
+        else if (column.type.IsCharacter() && !m_table.variable)
+            // Wherever the statement runs, the database of the table says how its texts compare.
+            column.type.collation = m_engine.store.View()->FindDatabase(m_table.database)->collation;
         column.nullable = alias ? alias->nullable : m_engine.context.NullByDefault() && !column.sysName;
     }
     const bool cutsPadding = column.type.id == TypeId::VarChar || column.type.id == TypeId::Char ||
