@@ -20,7 +20,7 @@ ELSE
     SELECT @text = OBJECT_DEFINITION(@id)
 IF @text IS NULL
 BEGIN
-    IF EXISTS (SELECT * FROM syscomments WHERE id = @id AND encrypted = 1)
+    IF EXISTS (SELECT * FROM sys.syscomments WHERE id = @id AND encrypted = 1)
     BEGIN
         EXEC sys.q_raise 15471, @objname
         RETURN 0
@@ -203,7 +203,7 @@ ELSE
     {"sp_who", R"(CREATE PROCEDURE sys.sp_who @loginame sysname = NULL AS
 SET NOCOUNT ON
 SELECT spid, ecid, status, loginame, hostname, blk = CONVERT(char(5), blocked), dbname = DB_NAME(dbid), cmd,
-    request_id = 0 FROM sysprocesses WHERE @loginame IS NULL OR loginame = @loginame
+    request_id = 0 FROM sys.sysprocesses WHERE @loginame IS NULL OR loginame = @loginame
     OR CONVERT(varchar(10), spid) = @loginame OR @loginame = 'active' ORDER BY spid
 )"},
     {"sp_who2", R"(CREATE PROCEDURE sys.sp_who2 @loginame sysname = NULL AS
@@ -211,7 +211,7 @@ SET NOCOUNT ON
 SELECT SPID = CONVERT(char(5), spid), Status = status, Login = loginame, HostName = hostname, BlkBy = CASE blocked WHEN 0 THEN '  .' ELSE CONVERT(char(5), blocked) END,
     DBName = DB_NAME(dbid), Command = cmd, CPUTime = cpu, DiskIO = physical_io,
     LastBatch = CONVERT(varchar(20), last_batch, 120), ProgramName = program_name, SPID2 = CONVERT(char(5), spid)
-FROM sysprocesses WHERE @loginame IS NULL OR loginame = @loginame ORDER BY spid
+FROM sys.sysprocesses WHERE @loginame IS NULL OR loginame = @loginame ORDER BY spid
 )"},
 };
 

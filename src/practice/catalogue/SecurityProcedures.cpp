@@ -50,7 +50,7 @@ RETURN 0
     {"sp_helplogins", R"(CREATE PROCEDURE sys.sp_helplogins @LoginNamePattern sysname = NULL AS
 SET NOCOUNT ON
 SELECT LoginName = name, SID = sid, DefDBName = dbname, DefLangName = language, AUser = 'yes', ARemote = 'no'
-FROM syslogins WHERE @LoginNamePattern IS NULL OR name = @LoginNamePattern ORDER BY name
+FROM sys.syslogins WHERE @LoginNamePattern IS NULL OR name = @LoginNamePattern ORDER BY name
 )"},
     {"sp_grantdbaccess",
      R"(CREATE PROCEDURE sys.sp_grantdbaccess @loginame sysname, @name_in_db sysname = NULL OUTPUT AS

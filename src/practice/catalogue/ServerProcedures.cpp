@@ -41,7 +41,7 @@ WHERE @optname IS NULL OR Name = @optname ORDER BY [Index]
 )"},
     {"sp_helpfile", R"(CREATE PROCEDURE sys.sp_helpfile @filename sysname = NULL AS
 SET NOCOUNT ON
-IF @filename IS NOT NULL AND NOT EXISTS (SELECT * FROM sysfiles WHERE name = @filename)
+IF @filename IS NOT NULL AND NOT EXISTS (SELECT * FROM sys.sysfiles WHERE name = @filename)
 BEGIN
     EXEC sys.q_raise 15325, @filename
     RETURN 1
@@ -51,7 +51,7 @@ SELECT name, fileid, filename, filegroup = CASE WHEN groupid = 1 THEN CONVERT(sy
     maxsize = CONVERT(nvarchar(18), N'Unlimited'),
     growth = CONVERT(nvarchar(18), CONVERT(nvarchar(15), CONVERT(bigint, growth) * 8) + N' KB'),
     usage = CONVERT(varchar(9), CASE WHEN groupid = 0 THEN 'log only' ELSE 'data only' END)
-FROM sysfiles WHERE @filename IS NULL OR name = @filename ORDER BY fileid
+FROM sys.sysfiles WHERE @filename IS NULL OR name = @filename ORDER BY fileid
 )"},
     {"sp_depends", R"(CREATE PROCEDURE sys.sp_depends @objname nvarchar(776) AS
 SET NOCOUNT ON
@@ -62,21 +62,21 @@ BEGIN
     EXEC sys.q_raise 15009, @objname, @db
     RETURN 1
 END
-IF EXISTS (SELECT * FROM sysdepends WHERE id = @id)
+IF EXISTS (SELECT * FROM sys.sysdepends WHERE id = @id)
 BEGIN
     EXEC sys.q_raise 15459
     SELECT name = s.name + '.' + o.name, type = LOWER(REPLACE(o.type_desc, '_', ' ')),
         updated = CONVERT(varchar(7), CASE WHEN d.resultobj = 1 THEN 'yes' ELSE 'no' END),
         selected = CONVERT(varchar(8), CASE WHEN d.readobj = 1 THEN 'yes' ELSE 'no' END), [column] = CONVERT(sysname, NULL)
-    FROM sysdepends d JOIN sys.objects o ON o.object_id = d.depid JOIN sys.schemas s ON s.schema_id = o.schema_id
+    FROM sys.sysdepends d JOIN sys.objects o ON o.object_id = d.depid JOIN sys.schemas s ON s.schema_id = o.schema_id
     WHERE d.id = @id ORDER BY 1
     SET @found = 1
 END
-IF EXISTS (SELECT * FROM sysdepends WHERE depid = @id)
+IF EXISTS (SELECT * FROM sys.sysdepends WHERE depid = @id)
 BEGIN
     EXEC sys.q_raise 15460
     SELECT DISTINCT name = s.name + '.' + o.name, type = LOWER(REPLACE(o.type_desc, '_', ' '))
-    FROM sysdepends d JOIN sys.objects o ON o.object_id = d.id JOIN sys.schemas s ON s.schema_id = o.schema_id
+    FROM sys.sysdepends d JOIN sys.objects o ON o.object_id = d.id JOIN sys.schemas s ON s.schema_id = o.schema_id
     WHERE d.depid = @id ORDER BY 1
     SET @found = 1
 END

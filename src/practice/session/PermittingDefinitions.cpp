@@ -92,21 +92,32 @@ class Definer {
         if (!MayOnObject(name, "ALTER"))
             throw SqlError(1088, {name.Text()}, 13);
     }
+    /// Rows that pass by what the table says of its rows are for those who could change what it says.
+    void RequireBulk(const InsertStatement& insert) {
+        const auto table =
+            std::dynamic_pointer_cast<const Table>(m_session.Statements().FindObject(insert.target.name));
+        if (!table)
+            return;
+        const bool hasConstraints = !table->checks.empty() || !table->foreignKeys.empty();
+        if ((hasConstraints && !insert.bulk.checkConstraints) ||
+            (!table->triggers.empty() && !insert.bulk.fireTriggers))
+            RequireTable(insert.target.name);
+    }
     void RequireDrop(const char* kind, const Name& name, std::string_view right = "ALTER") {
         if (!MayOnObject(name, right))
             throw SqlError(3701, {"drop", kind, name.Text()}, 20);
     }
     void RequireModule(const ModuleStatement& module, std::string_view creation, const char* kind) {
         const auto place = PlaceOf(module.name);
+        const bool isSomewhere = place && place->schema != nullptr;
         const auto existing =
-            module.verb == ModuleVerb::Create ? nullptr : m_session.Statements().FindObject(module.name);
-        if (!existing)
+            isSomewhere ? m_view->FindObject(place->database->id, place->schema->id, module.name.Last())
+                        : nullptr;
+        if (module.verb == ModuleVerb::Create || (module.verb == ModuleVerb::CreateOrAlter && !existing))
             RequireCreation(creation, module.name);
-        else if (!MayOn(*existing, "ALTER"))
+        else if (existing && !MayOn(*existing, "ALTER"))
             throw SqlError(3701, {"alter", kind, module.name.Text()}, 20);
-        if (existing && existing->database == m_database.id)
-            RequireIdentity(module, m_database.schemas.at(existing->schema));
-        else if (place && place->schema != nullptr)
+        if (isSomewhere)
             RequireIdentity(module, *place->schema);
     }
     /// Whoever writes what others run as somebody else must be allowed to be that one.
@@ -290,6 +301,7 @@ void Definer::Require(const Statement& statement) {
         const Name& into = As<SelectStatement>(statement).First().into;
         return into.Empty() ? void() : RequireCreation("CREATE TABLE", into);
     }
+    case Kind::Insert: return RequireBulk(As<InsertStatement>(statement));
     case Kind::SetOption: {
         const Name& table = As<SetOptionStatement>(statement).table;
         return table.Empty() ? void() : RequireTable(table);
@@ -353,7 +365,7 @@ void RequireUse(SessionState& session, const std::string& name) {
 /// out in the meantime.
 bool Defines(const Statement& statement) {
     switch (statement.kind) {
-    case Kind::Insert:
+    case Kind::Insert: return As<InsertStatement>(statement).source == InsertSource::Bulk;
     case Kind::Update:
     case Kind::Delete:
     case Kind::Merge: return false;

@@ -86,5 +86,17 @@ TEST_F(BulkTest, WhatIsWrongWithTheAnnouncementIsToldAtOnce) {
     EXPECT_FALSE(m_session->AwaitsRows()) << "another batch gives the load up";
 }
 
+TEST_F(BulkTest, ToPassByConstraintsAndTriggersIsForThoseWhoMayAlterTheTable) {
+    Answer(*m_session, "CREATE LOGIN eve WITH PASSWORD = 'Secret-Word-1' CREATE USER eve");
+    Answer(*m_session, "GRANT INSERT ON loaded TO eve INSERT parents VALUES (99)");
+    const auto eve = m_server.Open("tempdb", "eve");
+    const Rows rows = {{kNull, Datum::Int(1), Datum::Int(99)}};
+    const std::string head = "INSERT BULK loaded(a int, b int, c int) WITH (";
+    EXPECT_EQ(Load(*eve, head + "FIRE_TRIGGERS)", rows).substr(0, 11), "error 1088 ");
+    EXPECT_EQ(Load(*eve, head + "CHECK_CONSTRAINTS)", rows).substr(0, 11), "error 1088 ");
+    EXPECT_EQ(Load(*eve, head + "CHECK_CONSTRAINTS, FIRE_TRIGGERS)", rows), "info fired 1\ndone 1\n");
+    EXPECT_EQ(Load(*m_session, head + "CHECK_CONSTRAINTS)", rows), "done 1\n");
+}
+
 } // namespace
 } // namespace quillon::practice
