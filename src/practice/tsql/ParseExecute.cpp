@@ -15,21 +15,9 @@ ExpressionPtr ParseBareWord(ParseState& state) {
     return Finish(state, std::move(node), 1);
 }
 
-ExpressionPtr ParseSignedLiteral(ParseState& state) {
-    auto node = Begin<Unary>(state);
-    node->op = state.Is(Symbol::Minus) ? UnaryOperator::Minus : UnaryOperator::Plus;
-    state.Take();
-    if (!IsLiteral(state) || state.IsString())
-        state.FailHere();
-    node->operand = ParseLiteral(state);
-    return Finish(state, std::move(node), 2);
-}
-
 ExpressionPtr ParseArgumentValue(ParseState& state) {
-    if (state.Is(Symbol::Minus) || state.Is(Symbol::Plus))
-        return ParseSignedLiteral(state);
-    if (IsLiteral(state))
-        return ParseLiteral(state);
+    if (state.Is(Symbol::Minus) || state.Is(Symbol::Plus) || IsLiteral(state))
+        return ParseConstant(state);
     if (state.Is(Keyword::Default))
         return ParseValueOrDefault(state);
     if (state.Is(TokenKind::Variable) || state.Is(TokenKind::GlobalVariable) || state.Is(Symbol::LeftBrace))

@@ -22,6 +22,8 @@ ExpressionPtr ParsePrimary(ParseState& state);
 ExpressionPtr ParseEither(ParseState& state);
 ExpressionPtr ParseLiteral(ParseState& state);
 bool IsLiteral(const ParseState& state);
+/// A literal, and where it is a number a sign before it.
+ExpressionPtr ParseConstant(ParseState& state);
 /// A call whose name is taken and whose opening bracket is ahead.
 ExpressionPtr ParseCall(ParseState& state, Name name);
 /// The calls with a grammar of their own; nothing when none of them is ahead.

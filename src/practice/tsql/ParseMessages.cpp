@@ -17,16 +17,9 @@ StatementPtr ParsePrint(ParseState& state) {
 
 /// Arguments of RAISERROR are constants and variables, with a sign at most.
 ExpressionPtr ParseMessageArgument(ParseState& state) {
-    if (!IsLiteral(state) && !state.Is(TokenKind::Variable) && !state.Is(TokenKind::GlobalVariable) &&
-        !state.Is(Symbol::Minus) && !state.Is(Symbol::Plus))
-        state.FailHere();
-    if (!state.Is(Symbol::Minus) && !state.Is(Symbol::Plus))
+    if (state.Is(TokenKind::Variable) || state.Is(TokenKind::GlobalVariable))
         return ParsePrimary(state);
-    auto node = Begin<Unary>(state);
-    node->op = state.Is(Symbol::Minus) ? UnaryOperator::Minus : UnaryOperator::Plus;
-    state.Take();
-    node->operand = ParsePrimary(state);
-    return Finish(state, std::move(node), 2);
+    return ParseConstant(state);
 }
 
 void ParseRaiseOptions(ParseState& state, RaiseErrorStatement& statement) {

@@ -132,7 +132,7 @@ Parameter ParseParameter(ParseState& state) {
             word->text = ParseIdentifier(state);
             parameter.defaultValue = Finish(state, std::move(word), 1);
         } else {
-            parameter.defaultValue = ParseValue(state);
+            parameter.defaultValue = ParseConstant(state);
         }
     }
     if (state.Is("OUTPUT") || state.Is("OUT")) {

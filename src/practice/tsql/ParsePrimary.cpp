@@ -157,6 +157,20 @@ bool IsLiteral(const ParseState& state) {
     }
 }
 
+ExpressionPtr ParseConstant(ParseState& state) {
+    const bool isSigned = state.Is(Symbol::Minus) || state.Is(Symbol::Plus);
+    auto node = Begin<Unary>(state);
+    node->op = state.Is(Symbol::Minus) ? UnaryOperator::Minus : UnaryOperator::Plus;
+    if (isSigned)
+        state.Take();
+    if (!IsLiteral(state) || (isSigned && state.IsString()))
+        state.FailHere();
+    if (!isSigned)
+        return ParseLiteral(state);
+    node->operand = ParseLiteral(state);
+    return Finish(state, std::move(node), 2);
+}
+
 ExpressionPtr ParseLiteral(ParseState& state) {
     auto node = Begin<Literal>(state);
     const Token token = state.Take();
