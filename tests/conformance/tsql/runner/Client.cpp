@@ -71,6 +71,8 @@ bool MustStandAlone(const std::string& batch) {
     words >> verb >> kind;
     if (verb != "CREATE" && verb != "ALTER")
         return false;
+    if (kind == "OR") // CREATE OR ALTER
+        words >> verb >> kind;
     return kind == "VIEW" || kind == "PROCEDURE" || kind == "PROC" || kind == "FUNCTION" ||
            kind == "TRIGGER" || kind == "SCHEMA" || kind == "DEFAULT" || kind == "RULE";
 }
