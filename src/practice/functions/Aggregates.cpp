@@ -1,6 +1,7 @@
 #include "practice/functions/Aggregates.h"
 
 #include "practice/values/Convert.h"
+#include "practice/values/Growth.h"
 #include "practice/values/Operators.h"
 #include "practice/values/SqlError.h"
 
@@ -263,8 +264,10 @@ class StringAggregate final : public Accumulator {
         if (m_parts.empty())
             return Datum::Null(m_result);
         std::string text = m_parts.front();
-        for (std::size_t index = 1; index < m_parts.size(); ++index)
+        for (std::size_t index = 1; index < m_parts.size(); ++index) {
+            RequireGrowth(text.size() + m_separator.size() + m_parts[index].size());
             text += m_separator + m_parts[index];
+        }
         if (!m_result.IsMax() && CountCharacters(text) > m_result.length)
             throw SqlError(9829);
         return Datum::Text(m_result, std::move(text));

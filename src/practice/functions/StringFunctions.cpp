@@ -4,6 +4,7 @@
 #include "practice/functions/Like.h"
 #include "practice/functions/Matching.h"
 #include "practice/values/CodePage.h"
+#include "practice/values/Growth.h"
 #include "practice/values/Unicode.h"
 
 #include <algorithm>
@@ -190,6 +191,7 @@ Datum Replace(FunctionContext&, Arguments arguments) {
         for (; at < end; ++at)
             unicode::Append(result, text[at]);
         if (found != std::string::npos) {
+            RequireGrowth(result.size() + replacement.size());
             result += replacement;
             at += part.size();
         }
@@ -236,10 +238,14 @@ Datum Replicate(FunctionContext&, Arguments arguments) {
         return {};
     const std::string text = TextOf(arguments[0]);
     const SqlType type = StringLike(arguments[0].Type(), arguments[0].Type().IsMax() ? maxLength : 8000);
-    const auto limit =
-        type.IsMax() ? static_cast<std::size_t>(largeText) : static_cast<std::size_t>(type.length) * 3;
+    constexpr std::int64_t mostOften = 2147483647;
+    std::size_t size = text.size() * static_cast<std::size_t>(std::min(count, mostOften));
+    if (type.IsMax())
+        RequireGrowth(size);
+    else
+        size = std::min(size, static_cast<std::size_t>(type.length) * 3); // what is too long is cut
     std::string result;
-    for (std::int64_t index = 0; index < count && result.size() < limit && !text.empty(); ++index)
+    while (result.size() < size)
         result += text;
     return Convert(StringResult(type, std::move(result)), type);
 }

@@ -3,6 +3,7 @@
 #include "practice/functions/Matching.h"
 #include "practice/functions/NameParts.h"
 #include "practice/values/CodePage.h"
+#include "practice/values/Growth.h"
 #include "practice/values/Unicode.h"
 
 #include <algorithm>
@@ -130,8 +131,10 @@ SqlType TypeOfStrings(Arguments arguments) {
 
 Datum Concat(FunctionContext&, Arguments arguments) {
     std::string text;
-    for (const Datum& value : arguments)
+    for (const Datum& value : arguments) {
         text += Part(value);
+        RequireGrowth(text.size());
+    }
     return StringResult(TypeOfStrings(arguments), std::move(text));
 }
 
@@ -155,6 +158,7 @@ Datum ConcatWithSeparator(FunctionContext&, Arguments arguments) {
         if (!isFirst)
             text += separator;
         text += Part(value);
+        RequireGrowth(text.size());
         isFirst = false;
     }
     return StringResult(TypeOfStrings(arguments), std::move(text));

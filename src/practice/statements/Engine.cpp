@@ -1,7 +1,7 @@
 #include "practice/statements/Engine.h"
 
 #include "practice/statements/change/TableWriter.h"
-#include "practice/values/SqlError.h"
+#include "practice/values/Growth.h"
 
 #include <sqlite3.h>
 
@@ -24,7 +24,7 @@ bool Engine::Step(Prepared& statement) {
     } catch (const StoreFailure& failure) {
         functions.TakeFailure();
         if (failure.code == SQLITE_TOOBIG)
-            throw SqlError(511, {"1000000000", "1000000000"});
+            RefuseGrowth();
         throw;
     } catch (const Interrupted&) {
         functions.TakeFailure();

@@ -454,6 +454,7 @@ constexpr MessageRow rows[] = {
     {6809, 16,
      "Unnamed tables cannot be used as XML identifiers as well as unnamed columns cannot be used for "
      "attribute names. Name unnamed columns/tables using AS in the SELECT statement."},
+    {7119, 16, "Attempting to grow LOB beyond maximum allowed size of %1 bytes."},
     {7202, 11,
      "Could not find server '%1' in sys.servers. Verify that the correct server name was specified. If "
      "necessary, execute the stored procedure sp_addlinkedserver to add the server to sys.servers."},

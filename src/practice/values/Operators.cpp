@@ -2,6 +2,7 @@
 #include "practice/values/Operators.h"
 
 #include "practice/values/ConvertParts.h"
+#include "practice/values/Growth.h"
 #include "practice/values/SqlError.h"
 
 #include <cmath>
@@ -127,6 +128,8 @@ Datum MomentResult(BinaryOperator op, const Datum& left, const Datum& right, con
 }
 
 Datum Concatenate(const Datum& left, const Datum& right, const SqlType& result) {
+    RequireGrowth(result.IsBinary() ? left.Bytes().size() + right.Bytes().size()
+                                    : left.Text().size() + right.Text().size());
     if (result.IsBinary())
         return Convert(Datum::Bytes(BinaryType(TypeId::VarBinary, maxLength), left.Bytes() + right.Bytes()),
                        result);

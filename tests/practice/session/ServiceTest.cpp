@@ -48,6 +48,10 @@ const Script kScripts[] = {
      "error 15517 2 Cannot execute as the database principal because the principal \"nobody\" does not "
      "exist, this "
      "type of principal cannot be impersonated, or you do not have permission.\n"},
+    {"SELECT REPLICATE(CAST('x' AS varchar(max)), 1000000001) PRINT 'goes on'",
+     "error 7119 2 Attempting to grow LOB beyond maximum allowed size of 1000000000 bytes.\ninfo goes on\n"},
+    {"SELECT LEN(REPLICATE(CAST('xy' AS varchar(max)), 5000)), LEN(REPLICATE('xy', 5000))",
+     "row 10000|8000\n"},
     {"SET LANGUAGE British PRINT @@LANGUAGE", "info Changed language setting to British.\ninfo British\n"},
 };
 INSTANTIATE_TEST_SUITE_P(Scripts, Services, testing::ValuesIn(kScripts));
