@@ -26,10 +26,11 @@ ExpressionPtr ParseGlobal(ParseState& state) {
 ExpressionPtr ParsePseudoColumn(ParseState& state, Name table) {
     auto node = Begin<PseudoColumn>(state);
     const Token token = state.Take();
-    node->name = UpperWord(state.Value(token));
+    node->name = state.Value(token);
     if (token.kind == TokenKind::Identifier) // the old words IDENTITYCOL and ROWGUIDCOL
         node->name = token.keyword == Keyword::IdentityCol ? "$IDENTITY" : "$ROWGUID";
-    if (node->name != "$IDENTITY" && node->name != "$ROWGUID" && node->name != "$ACTION")
+    const std::string word = UpperWord(node->name);
+    if (word != "$IDENTITY" && word != "$ROWGUID" && word != "$ACTION")
         state.Fail(207, {node->name}, node->position);
     node->table = std::move(table);
     return Finish(state, std::move(node), 1);

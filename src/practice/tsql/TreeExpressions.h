@@ -41,7 +41,7 @@ struct ColumnReference : Expression {
         : Expression(ExpressionKind::Column) {}
 };
 
-/// $IDENTITY, $ROWGUID, $ACTION (upper case, with the sign), with a table before it or not.
+/// $IDENTITY, $ROWGUID, $ACTION (with the sign, in the letters of the query), with a table before it or not.
 struct PseudoColumn : Expression {
     std::string name;
     Name table;

@@ -169,7 +169,8 @@ Scalar Translator::ColumnValue(const tsql::ColumnReference& reference, const Sco
 }
 
 Scalar Translator::PseudoValue(const tsql::PseudoColumn& pseudo, const Scope* scope) {
-    const bool identity = pseudo.name == "$IDENTITY";
+    const bool identity = SameName(pseudo.name, "$IDENTITY");
+    const bool rowGuid = SameName(pseudo.name, "$ROWGUID");
     for (const Scope* s = scope; s != nullptr; s = s->outer)
         for (const std::unique_ptr<Source>& source : s->sources) {
             if (!pseudo.table.Empty() && !Matches(*source, pseudo.table, pseudo.table.parts.size()))
@@ -177,8 +178,7 @@ Scalar Translator::PseudoValue(const tsql::PseudoColumn& pseudo, const Scope* sc
             for (const SourceColumn& column : source->columns)
                 if (identity ? column.identity
                              : SameName(column.name, pseudo.name) ||
-                                   (column.definition != nullptr && column.definition->rowGuid &&
-                                    pseudo.name == "$ROWGUID"))
+                                   (rowGuid && column.definition != nullptr && column.definition->rowGuid))
                     return ColumnScalar({source.get(), &column}, *s);
         }
     throw SqlError(207, {pseudo.name});

@@ -68,6 +68,11 @@ Translator::Item Translator::ValueItem(const tsql::SelectItem& item, const Scope
         if (scope.looseColumns.size() == before && found.size() == 1)
             addFrom(*found.front().column);
     }
+    if (item.expression->kind == tsql::ExpressionKind::PseudoColumn && item.alias.empty()) {
+        const std::string& word = tsql::As<tsql::PseudoColumn>(*item.expression).name;
+        if (SameName(word, "$ACTION")) // no column of a table: the heading has the letters of the query too
+            one.output.name = word;
+    }
     if (scope.looseColumns.size() > before)
         addFrom(*scope.looseColumns.back().column);
     return one;
