@@ -110,10 +110,6 @@ WHERE @configname IS NULL OR name = @configname ORDER BY name
     @optvalue varchar(10) = NULL AS
 EXEC sys.q_refuse 'sp_dboption'
 )"},
-    {"sp_addmessage", R"(CREATE PROCEDURE sys.sp_addmessage @msgnum int = NULL, @severity smallint = NULL,
-    @msgtext nvarchar(255) = NULL, @lang sysname = NULL, @with_log varchar(5) = 'FALSE', @replace varchar(7) = NULL AS
-EXEC sys.q_refuse 'sp_addmessage'
-)"},
 };
 
 std::string PropertyProcedure(const std::string& verb, bool takesValue) {

@@ -52,7 +52,9 @@ constexpr ViewDefinition rows[] = {
      "!error int, severity tinyint, dlevel smallint, description nvarchar(255), !msglangid smallint",
      "SELECT json_extract(value, '$[0]'), json_extract(value, '$[1]'), 0, substr(json_extract(value, "
      "'$[2]'), 1, 255), "
-     "1033 FROM json_each(quillon_messages())"},
+     "1033 FROM json_each(quillon_messages()) "
+     "UNION ALL SELECT message_id, severity, CASE is_event_logged WHEN 1 THEN 128 ELSE 0 END, "
+     "substr(text, 1, 255), language_id FROM q_message"},
     {"dbo", "sysservers",
      "!srvid smallint, !srvname nvarchar(128), srvproduct nvarchar(128), !srvnetname char(30)",
      "SELECT 0, quillon_server_name(), NULL, substr(quillon_server_name(), 1, 30)"},

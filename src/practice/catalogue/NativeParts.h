@@ -9,5 +9,9 @@ namespace quillon::practice {
 std::string TextArgument(std::span<const Datum> arguments, std::size_t index);
 
 int ChangeProperty(NativeHost& host, std::span<const Datum> arguments); // ExtendedProperties.cpp
+// MessageProcedures.cpp
+int AddMessage(NativeHost& host, std::span<const Datum> arguments);
+int AlterMessage(NativeHost& host, std::span<const Datum> arguments);
+int DropMessage(NativeHost& host, std::span<const Datum> arguments);
 
 } // namespace quillon::practice

@@ -306,6 +306,9 @@ constexpr Native natives[] = {
     {"q_getapplock", TakeApplicationLock, false},
     {"q_releaseapplock", ReleaseApplicationLock, false},
     {"q_property", ChangeProperty},
+    {"q_addmessage", AddMessage},
+    {"q_altermessage", AlterMessage},
+    {"q_dropmessage", DropMessage},
 };
 
 } // namespace

@@ -13,5 +13,6 @@ std::span<const SystemProcedure> ServerProcedures();   // over a whole server or
 std::span<const SystemProcedure> HelpProcedures();     // what people ask: sp_help, sp_helptext ...
 std::span<const SystemProcedure> SecurityProcedures(); // logins, users, roles
 std::span<const SystemProcedure> ChangeProcedures();   // sp_rename, sp_settriggerorder, sp_bindefault ...
+std::span<const SystemProcedure> MessageProcedures();  // sp_addmessage and its kin
 
 } // namespace quillon::practice

@@ -59,7 +59,8 @@ constexpr ViewDefinition rows[] = {
     {"sys", "messages",
      "!message_id int, !language_id smallint, severity tinyint, !is_event_logged bit, !text nvarchar(2048)",
      "SELECT json_extract(value, '$[0]'), 1033, json_extract(value, '$[1]'), 0, json_extract(value, '$[2]') "
-     "FROM json_each(quillon_messages())"},
+     "FROM json_each(quillon_messages()) "
+     "UNION ALL SELECT message_id, language_id, severity, is_event_logged, text FROM q_message"},
     {"sys", "configurations",
      "!configuration_id int, !name nvarchar(35), value int, minimum int, maximum int, value_in_use int, "
      "!description nvarchar(255), !is_dynamic bit, !is_advanced bit",

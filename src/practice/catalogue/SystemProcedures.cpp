@@ -9,7 +9,7 @@ std::span<const SystemProcedure> AllSystemProcedures() {
     static const std::vector<SystemProcedure> all = [] {
         std::vector<SystemProcedure> list;
         for (const auto part : {DriverProcedures(), TypeProcedures(), ServerProcedures(), HelpProcedures(),
-                                SecurityProcedures(), ChangeProcedures(), LockProcedures()})
+                                SecurityProcedures(), ChangeProcedures(), MessageProcedures(), LockProcedures()})
             list.insert(list.end(), part.begin(), part.end());
         return list;
     }();

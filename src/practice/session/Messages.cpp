@@ -2,6 +2,8 @@
 
 #include "practice/session/Ends.h"
 #include "practice/session/SessionState.h"
+#include "practice/storage/UserMessages.h"
+#include "practice/values/Languages.h"
 
 namespace quillon::practice {
 
@@ -11,6 +13,7 @@ constexpr int kLongestUnicode = 4000;
 constexpr int kLongestText = 8000;
 constexpr int kFirstUserNumber = 50000;
 constexpr int kFirstRaisable = 13000;
+constexpr int kOwnSeverity = -1;
 constexpr int kLastNumber = 2147483647;
 
 int IntegerOf(SessionState& session, const tsql::Expression& expression) {
@@ -35,15 +38,34 @@ std::string FillMessage(std::string_view text, std::span<const Datum> arguments)
     return filled;
 }
 
-/// A number raises a message of the table; this server's table holds the system's own.
-SqlError NumberedError(int number, int severity, int state, std::span<const Datum> arguments) {
+/// A message of sys.messages with its arguments in place: one of the system's, or one that users added.
+struct Numbered {
+    int severity = 0;
+    std::string text;
+};
+
+std::optional<Numbered> NumberedMessage(SessionState& session, int number, std::span<const Datum> arguments) {
+    if (number < kFirstUserNumber) {
+        const MessageRow* row = FindMessage(number);
+        return row == nullptr ? std::nullopt
+                              : std::optional(Numbered{row->severity, FillMessage(row->text, arguments)});
+    }
+    const auto message = FindUserMessage(session.store.Connection(), number, usEnglishMessages);
+    return message ? std::optional(Numbered{message->severity, FormatMessage(message->text, arguments)})
+                   : std::nullopt;
+}
+
+/// The severity -1 stands for the message's own.
+SqlError NumberedError(SessionState& session, int number, int severity, int state,
+                       std::span<const Datum> arguments) {
     if (number < kFirstRaisable || number == kFirstUserNumber)
         throw SqlError(2732,
                        {std::to_string(number), std::to_string(kFirstRaisable), std::to_string(kLastNumber)});
-    const MessageRow* row = number < kFirstUserNumber ? FindMessage(number) : nullptr;
-    if (row == nullptr)
+    const auto message = NumberedMessage(session, number, arguments);
+    if (!message)
         throw SqlError(18054, {std::to_string(number), std::to_string(severity), std::to_string(state)});
-    return SqlError::Custom(number, severity, state, FillMessage(row->text, arguments));
+    return SqlError::Custom(number, severity == kOwnSeverity ? message->severity : severity, state,
+                            message->text);
 }
 
 SqlError ErrorOf(SessionState& session, const tsql::RaiseErrorStatement& statement, int severity, int state) {
@@ -52,9 +74,14 @@ SqlError ErrorOf(SessionState& session, const tsql::RaiseErrorStatement& stateme
         arguments.push_back(session.Statements().Evaluate(*argument));
     const Datum message = session.Statements().Evaluate(*statement.message);
     if (message.Type().IsInteger() && !message.IsNull())
-        return NumberedError(static_cast<int>(message.Integer()), severity, state, arguments);
+        return NumberedError(session, static_cast<int>(message.Integer()), severity, state, arguments);
     const std::string format = message.IsNull() ? std::string() : ToText(message);
-    return SqlError::Custom(kFirstUserNumber, severity, state, FormatMessage(format, arguments));
+    return SqlError::Custom(kFirstUserNumber, std::max(severity, 0), state, FormatMessage(format, arguments));
+}
+
+void RequireLog(SessionState& session, const tsql::RaiseErrorStatement& statement, int severity) {
+    if (severity > 18 && (!statement.log || !session.IsAdministrator()))
+        throw SqlError(2754, {"18"});
 }
 
 /// THROW alone: the error that the CATCH block holds, as it was.
@@ -71,7 +98,7 @@ SqlError ErrorOf(SessionState& session, const tsql::RaiseErrorStatement& stateme
 
 } // namespace
 
-Datum FormattedMessage(std::span<const Datum> arguments) {
+Datum FormattedMessage(SessionState& session, std::span<const Datum> arguments) {
     const Datum& message = arguments.front();
     const SqlType type = NVarChar(2048);
     if (message.IsNull())
@@ -79,9 +106,9 @@ Datum FormattedMessage(std::span<const Datum> arguments) {
     if (!message.Type().IsInteger())
         return Datum::Text(type, FormatMessage(ToText(message), arguments.subspan(1)));
     const auto number = static_cast<int>(message.Integer());
-    const MessageRow* row = number < kFirstRaisable ? nullptr : FindMessage(number);
-    return row == nullptr ? Datum::Null(type)
-                          : Datum::Text(type, FillMessage(row->text, arguments.subspan(1)));
+    const auto filled =
+        number < kFirstRaisable ? std::nullopt : NumberedMessage(session, number, arguments.subspan(1));
+    return filled ? Datum::Text(type, filled->text) : Datum::Null(type);
 }
 
 void RunPrint(SessionState& session, const tsql::PrintStatement& statement) {
@@ -95,15 +122,16 @@ void RunPrint(SessionState& session, const tsql::PrintStatement& statement) {
 }
 
 void RunRaiseError(SessionState& session, const tsql::RaiseErrorStatement& statement) {
-    const int severity = std::max(IntegerOf(session, *statement.severity), 0);
-    if (severity > 18 && (!statement.log || !session.IsAdministrator()))
-        throw SqlError(2754, {"18"});
+    const int severity = IntegerOf(session, *statement.severity);
+    RequireLog(session, statement, severity);
     const int given = IntegerOf(session, *statement.state);
     SqlError error =
-        ErrorOf(session, statement, std::min(severity, 25), given < 0 ? 1 : std::min(given, 255));
+        ErrorOf(session, statement, severity == kOwnSeverity ? severity : std::clamp(severity, 0, 25),
+                given < 0 ? 1 : std::min(given, 255));
+    RequireLog(session, statement, error.severity);
     error.line = session.Top().line;
     error.procedure = session.Top().name;
-    if (severity > 10)
+    if (error.severity > 10)
         throw RaisedError(std::move(error), ErrorOrigin::RaiseError);
     session.Tell(error);
     session.error = statement.setError ? error.number : 0;

@@ -20,6 +20,6 @@ void RunThrow(SessionState& session, const tsql::ThrowStatement& statement);
 std::string FormatMessage(std::string_view format, std::span<const Datum> arguments);
 
 /// FORMATMESSAGE(number or format, arguments ...): NULL for a number of which the table has no message.
-Datum FormattedMessage(std::span<const Datum> arguments);
+Datum FormattedMessage(SessionState& session, std::span<const Datum> arguments);
 
 } // namespace quillon::practice

@@ -132,7 +132,7 @@ Datum SessionFunctions::IsColumnUpdated(int columnId) {
 Datum SessionFunctions::AskCatalogue(std::string_view function, const Datum* arguments, int count) {
     const std::span<const Datum> given(arguments, static_cast<std::size_t>(count));
     if (function == "FORMATMESSAGE")
-        return FormattedMessage(given);
+        return FormattedMessage(m_session, given);
     MetadataSurroundings surroundings{
         m_session.store, m_session.database, dboSchema, dboPrincipal, {}, true, {}, {}};
     surroundings.userIn = [this](const Database& database) { return m_session.UserIn(database); };

@@ -61,6 +61,8 @@ constexpr const char* tables[] = {
     "q_trigger_event(object_id INTEGER, type INTEGER, is_first INTEGER, is_last INTEGER,"
     " PRIMARY KEY(object_id, type))",
     "q_text_object(object_id INTEGER PRIMARY KEY, definition TEXT, target TEXT)",
+    "q_message(message_id INTEGER, language_id INTEGER, severity INTEGER, is_event_logged INTEGER, text TEXT,"
+    " PRIMARY KEY(message_id, language_id))",
     "q_identity(object_id INTEGER PRIMARY KEY, last_value INTEGER)",
 };
 

@@ -43,6 +43,7 @@ namespace quillon::practice {
 //   q_trigger(object_id, parent_object_id, is_instead_of_trigger, is_disabled, is_not_for_replication)
 //   q_trigger_event(object_id, type, is_first, is_last)
 //   q_text_object(object_id, definition, target)          definition: expression; target: of synonyms
+//   q_message(message_id, language_id, severity, is_event_logged, text)
 //   q_identity(object_id, last_value)
 void CreateDefinitionTables(sqlite3* connection);
 
