@@ -47,33 +47,85 @@ RETURN 0
     {"sp_bindefault", R"(CREATE PROCEDURE sys.sp_bindefault @defname nvarchar(776), @objname nvarchar(776),
     @futureonly varchar(15) = NULL AS
 SET NOCOUNT ON
-EXEC sys.q_bind @defname, @objname, 'D'
+EXEC sys.q_bind @defname, @objname, 'D', @futureonly
 IF @@ERROR <> 0 RETURN 1
-EXEC sys.q_raise 15511
 RETURN 0
 )"},
     {"sp_unbindefault",
      R"(CREATE PROCEDURE sys.sp_unbindefault @objname nvarchar(776), @futureonly varchar(15) = NULL AS
 SET NOCOUNT ON
-EXEC sys.q_bind NULL, @objname, 'D'
+EXEC sys.q_bind NULL, @objname, 'D', @futureonly
 IF @@ERROR <> 0 RETURN 1
-EXEC sys.q_raise 15519
 RETURN 0
 )"},
     {"sp_bindrule", R"(CREATE PROCEDURE sys.sp_bindrule @rulename nvarchar(776), @objname nvarchar(776),
     @futureonly varchar(15) = NULL AS
 SET NOCOUNT ON
-EXEC sys.q_bind @rulename, @objname, 'R'
+EXEC sys.q_bind @rulename, @objname, 'R', @futureonly
 IF @@ERROR <> 0 RETURN 1
-EXEC sys.q_raise 15514
 RETURN 0
 )"},
     {"sp_unbindrule",
      R"(CREATE PROCEDURE sys.sp_unbindrule @objname nvarchar(776), @futureonly varchar(15) = NULL AS
 SET NOCOUNT ON
-EXEC sys.q_bind NULL, @objname, 'R'
+EXEC sys.q_bind NULL, @objname, 'R', @futureonly
 IF @@ERROR <> 0 RETURN 1
-EXEC sys.q_raise 15522
+RETURN 0
+)"},
+    {"sp_addtype", R"(CREATE PROCEDURE sys.sp_addtype @typename sysname, @phystype sysname,
+    @nulltype varchar(8) = NULL, @owner sysname = NULL AS
+SET NOCOUNT ON
+DECLARE @word nvarchar(128), @size nvarchar(128), @text nvarchar(max)
+SELECT @phystype = LTRIM(RTRIM(@phystype)), @nulltype = UPPER(LTRIM(RTRIM(@nulltype)))
+SET @word = LOWER(RTRIM(LEFT(@phystype, CHARINDEX('(', @phystype + '(') - 1)))
+SET @size = REPLACE(SUBSTRING(@phystype, CHARINDEX('(', @phystype + '('), 128), ' ', '')
+IF @owner IS NOT NULL EXEC sys.q_raise 15166
+IF @nulltype NOT IN ('NULL', 'NOT NULL', 'NONULL')
+BEGIN
+    EXEC sys.q_raise 15085
+    RETURN 1
+END
+IF @word = 'xml'
+BEGIN
+    EXEC sys.q_raise 15226
+    RETURN 1
+END
+IF @word IN ('varchar', 'nvarchar', 'varbinary') AND LOWER(@size) = '(max)'
+BEGIN
+    EXEC sys.q_raise 15108
+    RETURN 1
+END
+IF @phystype IS NULL OR @size LIKE '%[^0-9,()]%' OR NOT EXISTS (SELECT * FROM sys.types WHERE name = @word
+    AND is_user_defined = 0 AND name NOT IN ('timestamp', 'sysname'))
+BEGIN
+    EXEC sys.q_raise 15036, @phystype
+    RETURN 1
+END
+SET @text = N'CREATE TYPE dbo.' + QUOTENAME(@typename) + N' FROM ' + @word + @size
+    + CASE WHEN @nulltype = 'NULL' OR @nulltype IS NULL AND GETANSINULL() = 1 THEN N' NULL' ELSE N' NOT NULL' END
+EXEC (@text)
+IF @@ERROR <> 0 RETURN 1
+RETURN 0
+)"},
+    {"sp_droptype", R"(CREATE PROCEDURE sys.sp_droptype @typename sysname AS
+SET NOCOUNT ON
+DECLARE @id int, @text nvarchar(max)
+SELECT @id = user_type_id FROM sys.types WHERE name = @typename AND schema_id = 1 AND is_user_defined = 1
+    AND is_table_type = 0
+IF @id IS NULL
+BEGIN
+    EXEC sys.q_raise 15036, @typename
+    RETURN 1
+END
+IF EXISTS (SELECT * FROM sys.columns WHERE user_type_id = @id)
+    OR EXISTS (SELECT * FROM sys.parameters WHERE user_type_id = @id)
+BEGIN
+    EXEC sys.q_raise 15180
+    RETURN 1
+END
+SET @text = N'DROP TYPE dbo.' + QUOTENAME(@typename)
+EXEC (@text)
+IF @@ERROR <> 0 RETURN 1
 RETURN 0
 )"},
     {"sp_recompile", R"(CREATE PROCEDURE sys.sp_recompile @objname nvarchar(776) AS

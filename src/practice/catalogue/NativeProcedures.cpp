@@ -34,13 +34,6 @@ int Refuse(NativeHost&, std::span<const Datum> arguments) {
     throw SqlError::NotSupported(TextArgument(arguments, 0));
 }
 
-// A name of up to three parts that stands for an object of the current database, with a column or index
-// behind it where `hasMember`. Parts that are missing are empty.
-struct Target {
-    std::shared_ptr<const SchemaObject> object;
-    std::string member;
-};
-
 std::shared_ptr<const SchemaObject> FindInSchemas(NativeHost& host, const std::string& schemaName,
                                                   const std::string& name) {
     const auto view = host.Store().View();
@@ -53,11 +46,13 @@ std::shared_ptr<const SchemaObject> FindInSchemas(NativeHost& host, const std::s
     return object ? object : view->FindObject(host.CurrentDatabase(), dboSchema, name);
 }
 
-Target FindTarget(NativeHost& host, const std::string& text, bool hasMember) {
+} // namespace
+
+NamedItem FindNamedItem(NativeHost& host, const std::string& text, bool hasMember) {
     auto parts = SplitName(text);
     if (!parts)
         return {};
-    Target target;
+    NamedItem target;
     if (hasMember) {
         target.member = parts->back();
         parts->pop_back();
@@ -76,23 +71,19 @@ Target FindTarget(NativeHost& host, const std::string& text, bool hasMember) {
     return target;
 }
 
-template <typename Object>
-std::shared_ptr<Object> CopyOf(const std::shared_ptr<const SchemaObject>& object) {
-    const auto typed = std::dynamic_pointer_cast<const Object>(object);
-    return typed ? std::make_shared<Object>(*typed) : nullptr;
+void Put(NativeHost& host, std::shared_ptr<SchemaObject> object) {
+    host.Store().Change([&](CatalogueEditor& editor) { editor.Put(object); });
 }
+
+namespace {
 
 [[noreturn]] void NoSuchItem(NativeHost& host, const std::string& name, const std::string& type) {
     const Database* database = host.Store().View()->FindDatabase(host.CurrentDatabase());
     throw SqlError(15225, {name, database->name, type.empty() ? "(null)" : type});
 }
 
-void Put(NativeHost& host, std::shared_ptr<SchemaObject> object) {
-    host.Store().Change([&](CatalogueEditor& editor) { editor.Put(object); });
-}
-
 int RenameColumn(NativeHost& host, const std::string& name, const std::string& newName) {
-    const Target target = FindTarget(host, name, true);
+    const NamedItem target = FindNamedItem(host, name, true);
     const auto table = CopyOf<Table>(target.object);
     if (!table || table->FindColumn(target.member) == nullptr)
         throw SqlError(15248, {"COLUMN"});
@@ -107,7 +98,7 @@ int RenameColumn(NativeHost& host, const std::string& name, const std::string& n
 }
 
 int RenameIndex(NativeHost& host, const std::string& name, const std::string& newName) {
-    const Target target = FindTarget(host, name, true);
+    const NamedItem target = FindNamedItem(host, name, true);
     const auto table = CopyOf<Table>(target.object);
     if (!table || table->FindIndex(target.member) == nullptr)
         throw SqlError(15248, {"INDEX"});
@@ -158,7 +149,7 @@ bool RenameConstraint(NativeHost& host, const std::string& name, const std::stri
 
 // The table one of whose columns or indexes the name means.
 std::shared_ptr<const Table> TableOfMember(NativeHost& host, const std::string& name) {
-    const Target target = FindTarget(host, name, true);
+    const NamedItem target = FindNamedItem(host, name, true);
     auto table = std::dynamic_pointer_cast<const Table>(target.object);
     if (table && table->FindColumn(target.member) == nullptr && table->FindIndex(target.member) == nullptr)
         return nullptr;
@@ -167,7 +158,7 @@ std::shared_ptr<const Table> TableOfMember(NativeHost& host, const std::string& 
 
 int RenameObject(NativeHost& host, const std::string& name, const std::string& newName,
                  const std::string& type) {
-    const Target target = FindTarget(host, name, false);
+    const NamedItem target = FindNamedItem(host, name, false);
     if (!target.object) {
         if (RenameConstraint(host, name, newName))
             return 0;
@@ -244,7 +235,7 @@ int SetTriggerOrder(NativeHost& host, std::span<const Datum> arguments) {
     const std::string name = TextArgument(arguments, 0);
     const TriggerOrder order = OrderOf(TextArgument(arguments, 1));
     const TriggerEvent event = EventOf(TextArgument(arguments, 2));
-    const auto trigger = CopyOf<Trigger>(FindTarget(host, name, false).object);
+    const auto trigger = CopyOf<Trigger>(FindNamedItem(host, name, false).object);
     if (!trigger)
         throw SqlError(15126, {name});
     if (trigger->insteadOf)
@@ -259,32 +250,10 @@ int SetTriggerOrder(NativeHost& host, std::span<const Datum> arguments) {
     return 0;
 }
 
-// q_bind default or rule (nothing to unbind), table.column, D or R
-int Bind(NativeHost& host, std::span<const Datum> arguments) {
-    const bool isDefault = TextArgument(arguments, 2) == "D";
-    const std::string name = TextArgument(arguments, 0), columnName = TextArgument(arguments, 1);
-    ObjectId bound = 0;
-    if (!name.empty()) {
-        const auto object = FindTarget(host, name, false).object;
-        if (!object || object->kind != (isDefault ? ObjectKind::Default : ObjectKind::Rule))
-            throw SqlError(isDefault ? 15016 : 15017, {name});
-        bound = object->id;
-    }
-    const Target target = FindTarget(host, columnName, true);
-    const auto table = CopyOf<Table>(target.object);
-    if (!table || table->FindColumn(target.member) == nullptr)
-        throw SqlError(15104, {columnName, target.member});
-    for (Column& column : table->columns)
-        if (table->nameRule.Same(column.name, target.member))
-            (isDefault ? column.defaultObject : column.ruleObject) = bound;
-    Put(host, table);
-    return 0;
-}
-
 // q_startup procedure, 0 or 1
 int SetStartup(NativeHost& host, std::span<const Datum> arguments) {
     const std::string name = TextArgument(arguments, 0);
-    const auto procedure = CopyOf<Module>(FindTarget(host, name, false).object);
+    const auto procedure = CopyOf<Module>(FindNamedItem(host, name, false).object);
     if (!procedure || procedure->kind != ObjectKind::Procedure)
         throw SqlError(15165, {name});
     if (host.CurrentDatabase() != masterDatabase || procedure->schema != dboSchema)

@@ -108,7 +108,6 @@ const ProcedureRow kProcedures[] = {
 // What the documentation has and this server has not, so that nobody looks for a slip of the pen.
 constexpr std::string_view kMissing[] = {
     "sp_addlinkedserver",
-    "sp_addtype",
     "sp_attach_db",
     "sp_autostats",
     "sp_changedbowner",
@@ -127,7 +126,6 @@ constexpr std::string_view kMissing[] = {
     "sp_dbcmptlevel",
     "sp_describe_first_result_set",
     "sp_detach_db",
-    "sp_droptype",
     "sp_helpfilegroup",
     "sp_helplanguage",
     "sp_helprotect",

@@ -243,6 +243,8 @@ struct TextObject : SchemaObject { // an old default or rule
 struct AliasType : SchemaObject {
     SqlType base;
     bool nullable = true;
+    ObjectId defaultObject = 0; // what columns of the type are born with, as if bound to them
+    ObjectId ruleObject = 0;
 };
 
 struct Schema {

@@ -221,6 +221,8 @@ void Loader::LoadColumns() {
         else if (const auto alias = Find<AliasType>(rows.Integer(0))) {
             alias->base = column.type;
             alias->nullable = column.nullable;
+            alias->defaultObject = column.defaultObject;
+            alias->ruleObject = column.ruleObject;
         }
     }
 }

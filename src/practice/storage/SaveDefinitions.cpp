@@ -87,6 +87,8 @@ void DefinitionSaver::Saver::SaveObject(const SchemaObject& object) {
         base.id = 1;
         base.type = alias->base;
         base.nullable = alias->nullable;
+        base.defaultObject = alias->defaultObject;
+        base.ruleObject = alias->ruleObject;
         SaveColumns(object.id, {base});
     }
     if (trigger != nullptr)

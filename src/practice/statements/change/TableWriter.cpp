@@ -1,5 +1,6 @@
 #include "practice/statements/change/TableWriter.h"
 
+#include "practice/statements/change/BoundRules.h"
 #include "practice/statements/translate/Translator.h"
 #include "practice/values/SqlError.h"
 #include "practice/values/StorageForm.h"
@@ -121,15 +122,25 @@ void TableWriter::PrepareRules() {
         const Scalar value =
             translator.ConvertTo(translator.Value(*parsed->expression, &scope), m_columns[i]->type);
         list += (list.empty() ? "" : ", ") + value.sql;
-        m_rules.push_back({nullptr, static_cast<int>(i)});
+        m_rules.push_back({nullptr, nullptr, static_cast<int>(i)});
     }
     for (const CheckConstraint& check : m_table->checks) {
         if (check.disabled)
             continue;
         const auto parsed = m_engine.StoredExpression(check.text);
         list += (list.empty() ? "" : ", ") + translator.Condition(*parsed->expression, &scope);
-        m_rules.push_back({&check, -1});
+        m_rules.push_back({&check, nullptr, -1});
     }
+    for (std::size_t i = 0; i < m_columns.size(); ++i)
+        if (const auto rule = std::dynamic_pointer_cast<const TextObject>(
+                m_engine.store.View()->FindObject(m_columns[i]->ruleObject))) {
+            Scalar value;
+            value.sql = "?" + std::to_string(i + 1);
+            value.type = translator.WithCollation(m_columns[i]->type);
+            list +=
+                (list.empty() ? "" : ", ") + RuleCondition(m_engine, Surroundings(*m_table), *rule, value);
+            m_rules.push_back({nullptr, m_columns[i], -1});
+        }
     if (!list.empty())
         m_ruleRow = Prepared(m_engine.Connection(), "SELECT " + list, true);
 }
@@ -144,17 +155,17 @@ void TableWriter::Complete(StoredRow& row, const char* verb, bool checks) {
             bytes[i] = static_cast<char>(number & 0xFF);
         row[static_cast<std::size_t>(m_rowVersionPlace)] = StoredValue::Blob(std::move(bytes));
     }
-    const CheckConstraint* broken = nullptr;
+    const Rule* broken = nullptr;
     if (m_ruleRow) {
         const ResetGuard guard(m_ruleRow);
         BindRow(m_ruleRow, row);
         m_engine.Step(m_ruleRow);
         for (std::size_t i = 0; i < m_rules.size(); ++i) {
             const int column = static_cast<int>(i);
-            if (m_rules[i].check == nullptr)
+            if (m_rules[i].place >= 0)
                 row[static_cast<std::size_t>(m_rules[i].place)] = StoredValue::Column(m_ruleRow, column);
             else if (broken == nullptr && !m_ruleRow.IsNull(column) && m_ruleRow.Integer(column) == 0)
-                broken = m_rules[i].check;
+                broken = &m_rules[i];
         }
     }
     for (std::size_t i = 0; i < row.size(); ++i)
@@ -164,7 +175,10 @@ void TableWriter::Complete(StoredRow& row, const char* verb, bool checks) {
         Refuse(*broken, verb);
 }
 
-void TableWriter::Refuse(const CheckConstraint& check, const char* verb) const {
+void TableWriter::Refuse(const Rule& broken, const char* verb) const {
+    if (broken.ruled != nullptr)
+        throw SqlError(513, {m_databaseName, m_twoPartName, broken.ruled->name}, 0);
+    const CheckConstraint& check = *broken.check;
     std::string column;
     if (const Column* of = check.columnId == 0 ? nullptr : m_table->FindColumn(check.columnId))
         column = ", column '" + of->name + "'";

@@ -26,8 +26,9 @@ class TableWriter {
     // Place of a column in a row; -1 for one that is not stored.
     int PlaceOf(int columnId) const;
 
-    // Fills in rowversion and stored computed columns, then refuses what must not be: 515, 547 (CHECK).
-    // `verb` is INSERT, UPDATE or MERGE. Without `checks` no CHECK constraint is asked.
+    // Fills in rowversion and stored computed columns, then refuses what must not be: 515, 547 (CHECK),
+    // 513 (old rules).
+    // `verb` is INSERT, UPDATE or MERGE. Without `checks` no CHECK constraint or rule is asked.
     void Complete(StoredRow& row, const char* verb, bool checks = true);
     // The next identity value in its place; 8115 when the type has no more. Returns it.
     std::int64_t GiveIdentity(StoredRow& row);
@@ -52,11 +53,12 @@ class TableWriter {
   private:
     struct Rule {
         const CheckConstraint* check = nullptr; // a condition; or
+        const Column* ruled = nullptr;          // the column of an old rule's condition; or
         int place = -1;                         // the place of a computed column
     };
     void PrepareRules();
     StoredValue StoredOf(const Datum& value, const SqlType& type) const;
-    void Refuse(const CheckConstraint& check, const char* verb) const;
+    void Refuse(const Rule& broken, const char* verb) const;
     [[noreturn]] void RefuseDuplicate(const Index& index, const StoredRow& row) const;
     const Index* ViolatedIndex(const std::string& sqliteText) const;
     bool Write(Prepared& statement, const StoredRow& row);

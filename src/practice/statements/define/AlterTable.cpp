@@ -76,6 +76,7 @@ void AlterColumn(Engine& engine, const tsql::AlterTableStatement& statement,
     changed.identity = old->identity;
     changed.rowGuid = old->rowGuid;
     changed.defaultObject = old->defaultObject;
+    changed.ruleObject = old->ruleObject;
     if (old->identity)
         changed.nullable = false;
     else if (!statement.column.nullable)

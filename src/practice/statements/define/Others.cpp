@@ -50,6 +50,25 @@ const DropRow& RowOf(tsql::DropKind what) {
                          [&](const DropRow& row) { return row.what == what; });
 }
 
+// Refuses to drop a type that `user` has a column of, and a default or rule that is bound to it.
+void RequireUnused(const SchemaObject& object, const std::string& name, const char* word,
+                   const SchemaObject& user) {
+    const auto isBound = [&](const auto& holder) {
+        return holder.defaultObject == object.id || holder.ruleObject == object.id;
+    };
+    bool bound = false;
+    if (const auto* table = dynamic_cast<const Table*>(&user))
+        for (const Column& column : table->columns) {
+            if (column.aliasType == object.id)
+                throw SqlError(3732, {name, table->name});
+            bound = bound || isBound(column);
+        }
+    else if (const auto* type = dynamic_cast<const AliasType*>(&user))
+        bound = isBound(*type);
+    if (bound)
+        throw SqlError(3716, {word, name, "column"});
+}
+
 } // namespace
 
 void CreateUserType(Engine& engine, const tsql::CreateTypeStatement& statement) {
@@ -91,11 +110,7 @@ void DropOthers(Engine& engine, const tsql::DropStatement& statement) {
             throw SqlError(3701, {"drop", row.word, name.Text()});
         }
         for (const auto& [id, other] : engine.store.View()->FindDatabase(object->database)->objects)
-            if (const auto table = std::dynamic_pointer_cast<const Table>(other))
-                for (const Column& column : table->columns)
-                    if (column.aliasType == object->id || column.defaultObject == object->id ||
-                        column.ruleObject == object->id)
-                        throw SqlError(3732, {name.Text(), table->name});
+            RequireUnused(*object, name.Text(), row.word, *other);
         engine.store.Change([&](CatalogueEditor& editor) { editor.Drop(object->id); });
     }
 }

@@ -107,11 +107,14 @@ Column TableBuilder::MakeColumn(const tsql::ColumnDefinition& definition, int id
         const auto alias = std::dynamic_pointer_cast<const AliasType>(
             TypeFromName(definition.type->name.Last()) ? nullptr
                                                        : translator.FindSourceObject(definition.type->name));
-        if (alias)
+        if (alias) {
             column.aliasType = alias->id;
-        else if (column.type.IsCharacter() && !m_table.variable)
+            column.defaultObject = alias->defaultObject;
+            column.ruleObject = alias->ruleObject;
+        } else if (column.type.IsCharacter() && !m_table.variable) {
             // Wherever the statement runs, the database of the table says how its texts compare.
             column.type.collation = m_engine.store.View()->FindDatabase(m_table.database)->collation;
+        }
         column.nullable = alias ? alias->nullable : m_engine.context.NullByDefault() && !column.sysName;
     }
     const bool cutsPadding = column.type.id == TypeId::VarChar || column.type.id == TypeId::Char ||
