@@ -20,8 +20,11 @@ void ParseXmlDirective(ParseState& state, ForXml& xml) {
         xml.type = true;
     } else if (word == "ELEMENTS") {
         xml.elements = true;
-        if (state.Is("XSINIL") || state.Is("ABSENT"))
-            state.Refuse("FOR XML with ELEMENTS XSINIL", state.At());
+        if (!state.Accept("ABSENT"))
+            xml.nilElements = state.Accept("XSINIL");
+    } else if (word == "BINARY") {
+        state.Expect("BASE64");
+        xml.base64 = true;
     } else if (word == "ROOT") {
         xml.root = ParseElementName(state).value_or("root");
     } else {

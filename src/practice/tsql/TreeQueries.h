@@ -180,6 +180,8 @@ struct ForXml {
     std::optional<std::string> root;
     bool type = false;
     bool elements = false;
+    bool nilElements = false; // ELEMENTS XSINIL
+    bool base64 = false;      // BINARY BASE64
 };
 
 struct QueryHint {

@@ -454,6 +454,33 @@ constexpr MessageRow rows[] = {
     {6809, 16,
      "Unnamed tables cannot be used as XML identifiers as well as unnamed columns cannot be used for "
      "attribute names. Name unnamed columns/tables using AS in the SELECT statement."},
+    {6810, 16,
+     "Column name '%1' is repeated. The same attribute cannot be generated more than once on the same XML "
+     "tag."},
+    {6829, 16,
+     "FOR XML EXPLICIT and RAW modes currently do not support addressing binary data as URLs in column '%1'. "
+     "Remove the column, or use the BINARY BASE64 mode, or create the URL directly using the "
+     "'dbobject/TABLE[@PK1=\"V1\"]/@COLUMN' syntax."},
+    {6849, 16,
+     "FOR XML PATH error in column '%1' - '//' and leading and trailing '/' are not allowed in simple path "
+     "expressions."},
+    {6850, 16,
+     "%1 name '%2' contains an invalid XML identifier as required by FOR XML; '%3'(%4) is the first "
+     "character "
+     "at fault."},
+    {6851, 16, "Column '%1' has invalid data type for attribute-centric XML serialization in FOR XML PATH."},
+    {6852, 16,
+     "Attribute-centric column '%1' must not come after a non-attribute-centric sibling in XML hierarchy in "
+     "FOR XML PATH."},
+    {6856, 16,
+     "FOR XML row XML tag name contains an invalid XML identifier; '%1'(%2) is the first character at "
+     "fault."},
+    {6857, 16,
+     "FOR XML root XML tag name contains an invalid XML identifier; '%1'(%2) is the first character at "
+     "fault."},
+    {6861, 16, "Empty root tag name can't be specified with FOR XML."},
+    {6864, 16,
+     "Row tag omission (empty row tag name) cannot be used with attribute-centric FOR XML serialization."},
     {7119, 16, "Attempting to grow LOB beyond maximum allowed size of %1 bytes."},
     {7202, 11,
      "Could not find server '%1' in sys.servers. Verify that the correct server name was specified. If "
