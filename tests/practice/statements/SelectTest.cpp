@@ -127,4 +127,12 @@ TEST_F(SelectTest, AppliesWhatDependsOnTheLeftSide) {
         EXPECT_EQ(Run(answer.batch), answer.lines) << answer.batch;
 }
 
+TEST_F(SelectTest, AFunctionThatOtherServersHaveIsRefusedByName) {
+    EXPECT_EQ(Run("SELECT json_value('{}', '$.a')"),
+              "Msg 49999: Feature 'JSON_VALUE' is not supported by the practice server.");
+    EXPECT_EQ(Run("SELECT PERCENTILE_CONT(0.5) WITHIN GROUP (ORDER BY 1) OVER ()"),
+              "Msg 49999: Feature 'PERCENTILE_CONT' is not supported by the practice server.");
+    EXPECT_EQ(Run("SELECT nobodys(1)"), "Msg 195: 'nobodys' is not a recognized built-in function name.");
+}
+
 } // namespace quillon::practice::test

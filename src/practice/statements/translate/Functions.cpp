@@ -2,6 +2,7 @@
 // functions.
 #include "practice/statements/translate/Translator.h"
 
+#include "practice/functions/RefusedFunctions.h"
 #include "practice/values/SqlError.h"
 #include "practice/values/Unicode.h"
 
@@ -43,6 +44,8 @@ Scalar Translator::FunctionValue(const tsql::FunctionCall& call, const Scope* sc
         return UserFunction(*module, call, scope);
     }
     const std::string name = UpperCase(call.name.Last());
+    if (IsRefusedFunction(name))
+        throw SqlError::NotSupported(name);
     if (IsRanking(name))
         return WindowValue(call, name, scope);
     if (FindAggregate(name) != nullptr || name == "STRING_AGG")
