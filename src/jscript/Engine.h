@@ -117,7 +117,10 @@ class Engine {
     using Step = void (*)(Engine& engine, duk_context* context, void* data);
     // Runs a step inside Duktape and raises the failure it ends with.
     void Guarded(Step step, void* data);
-    void ReleaseReference(std::uint32_t reference) noexcept { m_releasedReferences.push_back(reference); }
+    void Forget(const void* block, std::uint32_t reference) noexcept {
+        m_scripted.erase(block);
+        m_releasedReferences.push_back(reference);
+    }
     std::shared_ptr<EngineLink> Link() const noexcept { return m_link; }
 
   private:
@@ -161,7 +164,8 @@ class Engine {
     bool m_describing = false;
 
     std::unordered_map<Object*, std::unique_ptr<Wrapped>> m_wrapped;
-    std::vector<ObjectRef> m_dropped; // by scripts; let go of where script code may run
+    std::vector<ObjectRef> m_dropped;                    // by scripts; let go of where script code may run
+    std::unordered_map<const void*, Object*> m_scripted; // by scripts' objects: what the system holds of them
     std::vector<std::uint32_t> m_releasedReferences;
     std::uint32_t m_nextReference = 1;
     std::vector<ObjectRef> m_globalObjects; // whose members are global names

@@ -25,6 +25,8 @@ constexpr std::array Rows{
     Row{"TypeError", "of null", 5007, "'null' is null or not an object"},
     Row{"TypeError", "expected Date", 5006, "Date object expected"},
     Row{"TypeError", "expected RegExp", 5016, "Regular Expression object expected"},
+    Row{"TypeError", "RegExp required", 5016, "Regular Expression object expected"},
+    Row{"TypeError", "invalid args", 5028, "Array or arguments object expected"},
     Row{"TypeError", "number expected", 5001, "Number expected"},
     Row{"TypeError", "invalid instanceof", 5002, "Function expected"},
     Row{"TypeError", "has no .prototype", 5023, "Function does not have a valid prototype object"},

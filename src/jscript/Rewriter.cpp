@@ -78,10 +78,10 @@ class Rewriting {
             InsertBehind(m_tokens[closing], "[$assigned()]");
     }
 
-    // `f(x) = value`
+    // `f(x) = value`, `f(x)++`
     bool MarkIndexed(std::size_t word) {
         const std::size_t closing = Is(word + 1, "(") ? ClosingOf(word + 1) : m_tokens.size();
-        if (!IsAssignment(closing + 1) || IsOperatorWord(m_tokens[word].text))
+        if (!(IsAssignment(closing + 1) || IsStep(closing)) || IsOperatorWord(m_tokens[word].text))
             return false;
         Replace(m_tokens[word], "$indexed(" + std::string(m_tokens[word].text) + ")");
         InsertBehind(m_tokens[closing], "[$assigned()]");
@@ -110,11 +110,11 @@ class Rewriting {
                std::ranges::find(operators, marks.substr(0, before)) != operators.end();
     }
 
-    // `object.Item(x)++`, on one line.
+    // `object.Item(x)++`, on one line; not `if (x) ++y`.
     bool IsStep(std::size_t closing) const {
         const std::string_view marks = MarksFrom(closing + 1);
         return (marks.starts_with("++") || marks.starts_with("--")) &&
-               IsOnLineOf(m_tokens[closing], m_tokens[closing + 1]);
+               !m_tokens[closing + 1].startsStatement && IsOnLineOf(m_tokens[closing], m_tokens[closing + 1]);
     }
 
     // The marks that stand one behind the other from there, as many as an operator can have and one more.

@@ -112,7 +112,7 @@ class ElementWalk final : public ObjectEnumerator {
 
 ScriptedObject::~ScriptedObject() {
     if (m_link->engine != nullptr)
-        m_link->engine->ReleaseReference(m_reference);
+        m_link->engine->Forget(m_block, m_reference);
 }
 
 Engine& ScriptedObject::Live() const {

@@ -14,8 +14,10 @@ namespace quillon::jscript {
 
 class ScriptedObject final : public Object {
   public:
-    ScriptedObject(std::shared_ptr<EngineLink> link, std::uint32_t reference)
+    // `block` is the script's object, which `reference` keeps.
+    ScriptedObject(std::shared_ptr<EngineLink> link, const void* block, std::uint32_t reference)
         : m_link(std::move(link))
+        , m_block(block)
         , m_reference(reference) {}
     ~ScriptedObject() override;
 
@@ -37,6 +39,7 @@ class ScriptedObject final : public Object {
     Engine& Live() const;
 
     std::shared_ptr<EngineLink> m_link;
+    const void* m_block;
     std::uint32_t m_reference;
     mutable std::vector<std::string> m_names; // a member's number is its place plus one
 };

@@ -198,10 +198,16 @@ bool Engine::ReadDate(duk_context* context, duk_idx_t index, Value& value) {
     return true;
 }
 
+// The same object for as long as the system holds it, so that it is equal to itself there.
 Value Engine::ReadScripted(duk_context* context, duk_idx_t index) {
+    const void* const block = duk_get_heapptr(context, index);
+    if (const auto known = m_scripted.find(block); known != m_scripted.end())
+        return ObjectRef(known->second);
     const std::uint32_t reference = m_nextReference++;
     ScriptedObject::Keep(context, index, reference);
-    return ObjectRef(new ScriptedObject(Link(), reference));
+    const ObjectRef object(new ScriptedObject(Link(), block, reference));
+    m_scripted.emplace(block, object.get());
+    return object;
 }
 
 } // namespace quillon::jscript

@@ -39,6 +39,8 @@ TEST_F(JScriptErrorsTest, FailuresHaveTheNumbersThatUsersKnow) {
         {"RegExp.prototype.compile.call({}, 'x')", 5016},
         {"/x/.compile(Object.create(RegExp.prototype))", 5016},
         {"/x/.compile('*')", 5018},
+        {"RegExp.prototype.exec.call('x', 'x')", 5016},
+        {"Math.max.apply(null, 5)", 5028},
         {"throw 'x'", 5022},
         {"throw { number: 7, description: 'own' }", 7},
         {"throw new Error(1234, 'own')", 1234},

@@ -66,6 +66,8 @@ TEST_F(JScriptHostTest, PropertiesWithParametersAreWritten) {
         {"tally.Of('a') -= 2; tally.Of('a') *= 7; tally.Of('a') >>>= 1; tally.Of('a')", "10"},
         {"tally.Of('b') = 3; tally.Of('a') /= tally.Of('b') + 2; tally.Of('a')", "2"},
         {"tally.Of('a')++ + tally.Of('a')", "5"},
+        {"tally('s')++; tally('s')++ + tally('s')--", "3"},
+        {"var m = 1; if (tally('s')) ++m; while (m < 3) ++m; m", "3"},
         {"var n = 'x'; tally.Of(n)--; tally.Of(n += 'y') ^= 3; tally.Of('x') + ',' + tally.Of('xy')", "-1,3"},
         {"tally('z') |= 6; tally('z') &= 3; tally.Of('z')", "2"},
         {"tally.Of('z') <= 2 && tally.Of('z') == 2 && tally.Of('z') >= 2", "True"},
@@ -177,6 +179,11 @@ TEST_F(JScriptHostTest, ScriptObjectsServeTheSystem) {
         "= first ? a : kept; return kept === a; }");
     host.Run("keep", back);
     EXPECT_EQ(host.Run("keep", back), Value(true));
+    EXPECT_EQ(host.Run("same", back), Value(made));
+    host.AddCode("var own = { }; function mine() { return own; }");
+    const Value mine = host.Run("mine");
+    EXPECT_EQ(host.Run("mine"), mine);
+    EXPECT_NE(host.Eval("({ })"), mine);
 
     const auto walk = host.Eval("[1, 'b']").As<ObjectRef>()->Enumerate();
     EXPECT_EQ(walk->Next(), Value(std::int32_t{1}));
@@ -341,6 +348,8 @@ TEST_F(JScriptHostTest, TheLanguageIsTheOldOne) {
          "bcbcd1"},
         {"'a1b2'.replace(/[a-z](\\d)/g, ''); RegExp.$1 + RegExp.leftContext", "2a1"},
         {"'x'.search(/y/); RegExp.$1", "2"},
+        {"var c = /(b)/; 'abc'.search(c); c.compile('x'); RegExp.$1 + RegExp.index", "b1"},
+        {"'abc'.replace(/([ac])/g, function () { return RegExp.$1.toUpperCase() + RegExp.index; })", "A0bC2"},
         {"var r = /a/g; r.test('xa'); r.compile('B+', 'i'); r.source + r.global + r.ignoreCase + r.lastIndex "
          "+ "
          "r.exec('abbc')[0]",

@@ -1,6 +1,6 @@
 // What the constructor of regular expressions knows of the last match: RegExp.$1 to $9, lastMatch and the rest.
 (function (global, native) {
-    var hide = native.hide, exec = RegExp.prototype.exec, last = null, pending = null;
+    var hide = native.hide, exec = RegExp.prototype.exec, slice = Array.prototype.slice, last = null, pending = null;
 
     // The match is looked for again only when somebody asks.
     function remember(expression, text) { pending = { expression: expression, text: String(text) }; }
@@ -30,17 +30,32 @@
         return match;
     });
     hide(RegExp.prototype, 'compile', function (pattern, flags) {
+        if (pending !== null && pending.expression === this)
+            found(); // by what it was
         native.become(this, pattern instanceof RegExp && flags === undefined ? pattern : new RegExp(pattern, flags));
         this.lastIndex = 0;
         return this;
     });
     hide(RegExp.prototype, 'test', function (text) { return this.exec(text) !== null; });
+    // The function that gives the replacements sees the match that it is called for.
+    function remembering(replacement) {
+        return function () {
+            var groups = arguments.length - 2, match = slice.call(arguments, 0, groups);
+            match.index = arguments[groups];
+            match.input = arguments[groups + 1];
+            last = match;
+            pending = null;
+            return replacement.apply(this, arguments);
+        };
+    }
     ['match', 'replace', 'search'].forEach(function (name) {
         var original = String.prototype[name];
-        hide(String.prototype, name, function (expression) {
-            var result = original.apply(this, arguments);
-            if (expression instanceof RegExp)
-                remember(expression, this);
+        hide(String.prototype, name, function (expression, replacement) {
+            if (!(expression instanceof RegExp))
+                return original.apply(this, arguments);
+            var result = typeof replacement === 'function' ? original.call(this, expression, remembering(replacement))
+                : original.apply(this, arguments);
+            remember(expression, this);
             return result;
         });
     });

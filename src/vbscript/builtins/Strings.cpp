@@ -3,6 +3,7 @@
 
 #include "vbscript/builtins/Arguments.h"
 #include "vbscript/builtins/Families.h"
+#include "vbscript/machine/Operators.h"
 #include "vbscript/machine/Work.h"
 
 namespace quillon::vbscript {
@@ -121,8 +122,8 @@ Variant StrComp(BuiltinContext&, Arguments arguments) {
         return NullValue{};
     const Text left = ToText(first), right = ToText(second);
     Work::Done(std::min(left.Length(), right.Length()));
-    const int order = ignoreCase ? CompareIgnoringCase(left.View(), right.View())
-                                 : CompareBinary(left.View(), right.View());
+    const int order =
+        ignoreCase ? CompareIgnoringCase(left.View(), right.View()) : CompareBinary(left, right);
     return static_cast<std::int16_t>((order > 0) - (order < 0));
 }
 

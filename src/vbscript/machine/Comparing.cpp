@@ -43,7 +43,7 @@ int CompareTextWith(const Variant& text, const Variant& other, bool textIsLitera
 int CompareValues(const Variant& left, const Variant& right, LiteralSides literals) {
     const bool leftText = left.IsText(), rightText = right.IsText();
     if (leftText && rightText)
-        return CompareBinary(left.View(), right.View());
+        return CompareBinary(left.AsText(), right.AsText());
     if (leftText && right.IsEmpty())
         return left.View().empty() ? 0 : 1;
     if (rightText && left.IsEmpty())
@@ -76,7 +76,7 @@ bool fast::CompareTexts(bool& result, Comparison comparison, const Variant& left
     if (comparison == Comparison::Equal || comparison == Comparison::NotEqual)
         result = (left.AsText() == right.AsText()) == (comparison == Comparison::Equal);
     else
-        result = Holds(comparison, left.View().compare(right.View()));
+        result = Holds(comparison, CompareBinary(left.AsText(), right.AsText()));
     return true;
 }
 
@@ -86,6 +86,11 @@ Variant Compare(Comparison comparison, const Variant& left, const Variant& right
     if (left.IsNull() || right.IsNull())
         return NullValue{};
     return Holds(comparison, CompareValues(left, right, literals));
+}
+
+int CompareBinary(const Text& left, const Text& right) noexcept {
+    const int order = CompareBinary(left.View(), right.View());
+    return order != 0 ? order : Order(right.EndsInHalf(), left.EndsInHalf());
 }
 
 bool IsSameObject(const Variant& left, const Variant& right) {

@@ -105,9 +105,9 @@ Variant& ElementPlace(Variant& container, std::span<const Variant> arguments) {
 
 void WriteElement(Variant& container, std::span<Variant> arguments, Variant value, bool isSet) {
     Variant& held = container.kind() == Kind::Reference ? *container.Target() : container;
+    if (isSet && !value.IsObject())
+        throw Failure(numbers::ObjectRequired);
     if (held.IsArray()) {
-        if (isSet && !value.IsObject())
-            throw Failure(numbers::ObjectRequired);
         if (!isSet)
             value = AssignedValue(std::move(value));
         ElementPlace(held, arguments).Swap(value);

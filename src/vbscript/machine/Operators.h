@@ -35,6 +35,8 @@ Variant Concatenate(const Variant& left, const Variant& right);
 
 // A Boolean, or Null if an operand is Null.
 Variant Compare(Comparison comparison, const Variant& left, const Variant& right, LiteralSides literals);
+// By the codes of the characters; half a character comes before the whole one of the same code.
+int CompareBinary(const Text& left, const Text& right) noexcept;
 bool IsSameObject(const Variant& left, const Variant& right); // raises 424 for what is no object
 
 // On Booleans they are logical, on numbers bit by bit.

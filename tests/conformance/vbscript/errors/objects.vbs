@@ -23,3 +23,6 @@ End Sub
 x = Len() : Say Err.Number : Err.Clear '= 450
 S = 5 : Say Err.Number : Err.Clear '= 501
 Left = 5 : Say Err.Number : Err.Clear '= 501
+Dim d
+Set d = CreateObject("Scripting.Dictionary")
+Set d("k") = 5 : Say Err.Number, d.Count : Err.Clear '= 424 0

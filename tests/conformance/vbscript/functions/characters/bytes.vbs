@@ -42,3 +42,7 @@ Set d = CreateObject("Scripting.Dictionary")
 d(ChrB(65)) = 1
 d("A") = 2
 Say d.Count, d(ChrB(65)) '= 2 1
+' Half a character comes before the whole one, whatever asks.
+h = ChrB(65)
+Say h = "A", h <> "A", h < "A", h >= "A", "A" > h, h < "B", h > "" '= False True True False True True True
+Say StrComp(h, "A"), StrComp("A", h), StrComp(h, h), StrComp(h & h, h) '= -1 1 0 1
