@@ -7,6 +7,7 @@
 #include "platform/FailureNumbers.h"
 #include "vbscript/VbScriptHost.h"
 #include "vbscript/machine/Builtin.h"
+#include "vbscript/machine/ScriptObject.h"
 
 namespace quillon::adapters {
 namespace {
@@ -18,27 +19,26 @@ bool SameName(std::string_view left, std::string_view right) {
     return std::ranges::equal(left, right, {}, lower, lower);
 }
 
-// JScript shares VBScript's dictionary; its regular expressions are its own.
-ObjectRef CreateForJScript(std::string_view programId) {
+// JScript shares VBScript's dictionary; its regular expressions are its own. The registry frees those that
+// hold one another.
+ObjectRef CreateForJScript(std::string_view programId, vbscript::ObjectRegistry& registry) {
     constexpr std::string_view dictionary = "Scripting.Dictionary";
     if (!SameName(programId, dictionary))
         return {};
     const auto objects = vbscript::CreatableObjects();
+    struct Current {
+        vbscript::ObjectRegistry* before;
+        ~Current() { vbscript::ObjectRegistry::SetCurrent(before); }
+    };
+    const Current current{vbscript::ObjectRegistry::SetCurrent(&registry)};
     return std::ranges::find(objects, dictionary, &vbscript::CreatableObject::programId)->create();
-}
-
-std::unique_ptr<ScriptHost> EngineFor(const std::string& language, ScriptSite* site) {
-    if (language == "JScript")
-        return std::make_unique<jscript::JScriptHost>(CreateForJScript);
-    auto engine = std::make_unique<vbscript::VbScriptHost>(site);
-    engine->SetLanguage(language);
-    return engine;
 }
 
 } // namespace
 
 ScriptControl::ScriptControl(ScriptSite* site)
-    : m_site(site) {}
+    : m_site(site)
+    , m_borrowed(std::make_unique<vbscript::ObjectRegistry>()) {}
 
 ScriptControl::~ScriptControl() = default;
 
@@ -48,11 +48,21 @@ ScriptHost& ScriptControl::Engine() const {
     return *m_engine;
 }
 
+std::unique_ptr<ScriptHost> ScriptControl::EngineFor(const std::string& language) {
+    if (language == "JScript")
+        return std::make_unique<jscript::JScriptHost>(
+            [this](std::string_view programId) { return CreateForJScript(programId, *m_borrowed); });
+    auto engine = std::make_unique<vbscript::VbScriptHost>(m_site);
+    engine->SetLanguage(language);
+    return engine;
+}
+
 void ScriptControl::Reset() {
     if (m_running != 0)
         throw Failure(numbers::InvalidCall);
     if (m_engine != nullptr)
         m_engine->Reset();
+    m_borrowed->DropAll();
     m_error = {};
 }
 
@@ -65,9 +75,10 @@ void ScriptControl::SetLanguage(std::string_view name) {
         return;
     if (m_running != 0)
         throw Failure(numbers::InvalidCall);
-    auto engine = EngineFor(language, m_site);
+    auto engine = EngineFor(language);
     const std::scoped_lock lock(m_engineChange);
     m_engine = std::move(engine);
+    m_borrowed->DropAll();
     m_language = std::move(language);
 }
 

@@ -11,6 +11,10 @@
 
 #include "platform/ScriptHost.h"
 
+namespace quillon::vbscript {
+class ObjectRegistry;
+}
+
 namespace quillon::adapters {
 
 class ScriptControl final : public ScriptHost {
@@ -32,12 +36,14 @@ class ScriptControl final : public ScriptHost {
 
   private:
     ScriptHost& Engine() const;
+    std::unique_ptr<ScriptHost> EngineFor(const std::string& language);
     template <class Work>
     auto Entry(Work work);
 
     ScriptSite* m_site;
     std::string m_language;
-    std::mutex m_engineChange; // Stop must not meet an engine that goes
+    std::unique_ptr<vbscript::ObjectRegistry> m_borrowed; // what JScript has made of VBScript's objects
+    std::mutex m_engineChange;                            // Stop must not meet an engine that goes
     std::unique_ptr<ScriptHost> m_engine;
     ScriptError m_error;
     int m_running = 0;

@@ -39,6 +39,19 @@ class Probe final : public Object {
     std::function<Value()> action;
 };
 
+// Counts the objects of its kind.
+class Alive final : public Object {
+  public:
+    Alive() { ++count; }
+    ~Alive() override { --count; }
+    std::string TypeName() const override { return "Alive"; }
+    std::optional<MemberId> FindMember(std::string_view) const override { return std::nullopt; }
+    Value Invoke(MemberId, InvokeKind, std::span<Value>) override {
+        throw Failure(numbers::MemberNotSupported);
+    }
+    static inline int count = 0;
+};
+
 class Site final : public ScriptSite {
   public:
     std::int32_t ScriptMessage(const std::string& prompt, std::int32_t, const std::string&) override {
@@ -193,6 +206,23 @@ TEST(ScriptControl, JScriptUsesTheDictionary) {
     EXPECT_EQ(NumberOf([&] { control.Eval("new ActiveXObject('VBScript.RegExp')"); }),
               numbers::CannotCreateObject);
     EXPECT_EQ(NumberOf([&] { control.Eval("d.Add('k', 1)"); }), numbers::KeyAlreadyInUse);
+}
+
+TEST(ScriptControl, DictionariesOfJScriptThatHoldOneAnotherGoWithTheirEngine) {
+    ScriptControl control;
+    const auto hold = [&](const ObjectRef& held) {
+        control.SetLanguage("JScript");
+        control.AddObject("held", held);
+        control.AddCode(
+            "var d = new ActiveXObject('Scripting.Dictionary'); d.Add('own', d); d.Add('held', held);");
+    };
+    hold(MakeObject<Alive>());
+    EXPECT_EQ(Alive::count, 1);
+    control.Reset();
+    EXPECT_EQ(Alive::count, 0);
+    hold(MakeObject<Alive>());
+    control.SetLanguage("VBScript");
+    EXPECT_EQ(Alive::count, 0);
 }
 
 TEST(ScriptControl, BoxesGoToTheSite) {
