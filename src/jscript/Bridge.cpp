@@ -88,10 +88,35 @@ duk_ret_t DeleteTrap(duk_context* context) {
     return 1;
 }
 
+// Whether the last of the arguments at `index` says that a value follows (RewriterWords.h): scripts have no
+// other pointers.
+bool AwaitValue(duk_context* context, duk_idx_t index) {
+    const auto count = static_cast<duk_uarridx_t>(duk_get_length(context, index));
+    if (count == 0)
+        return false;
+    duk_get_prop_index(context, index, count - 1);
+    const bool awaits = duk_is_pointer(context, -1) != 0;
+    duk_pop(context);
+    return awaits;
+}
+
+// object(arguments) = value, where the object came out of a member of a script's own.
+duk_ret_t ApplyForValue(duk_context* context) {
+    const auto count = static_cast<duk_idx_t>(duk_get_length(context, 2));
+    duk_require_stack(context, count + 8);
+    PushMember(context, 0, DefaultMemberId, true);
+    for (duk_idx_t i = 0; i < count; ++i)
+        duk_get_prop_index(context, 2, static_cast<duk_uarridx_t>(i));
+    duk_call(context, count);
+    return 1;
+}
+
 // object(arguments): the default member.
 duk_ret_t ApplyTrap(duk_context* context) {
     Engine& engine = Engine::Of(context);
     engine.Poll(context);
+    if (AwaitValue(context, 2))
+        return ApplyForValue(context);
     const ObjectRef object = ObjectOf(context);
     std::vector<Value> arguments = engine.ReadList(context, 2);
     return engine.Answer(context, [&] { return ReadMember(object, DefaultMemberId, arguments); });

@@ -85,9 +85,11 @@ duk_ret_t WriteCarried(duk_context* context) {
     return 0;
 }
 
-// Keeps the arguments in an object whose one property reads and sets the member.
+// Keeps the arguments in an object whose one property reads and sets the member. The last argument only says
+// that a value follows.
 duk_ret_t KeepArguments(duk_context* context) {
     Engine& engine = Engine::Of(context);
+    duk_pop(context);
     const duk_idx_t count = duk_get_top(context);
     duk_push_array(context);
     for (duk_idx_t i = 0; i < count; ++i) {

@@ -75,7 +75,7 @@ class Rewriting {
         Replace(m_tokens[word - 1], "");
         Replace(name, (isAssigned ? "[$put(\"" : "[$called(\"") + std::string(name.text) + "\")]");
         if (isAssigned)
-            InsertBehind(m_tokens[closing], "[$assigned()]");
+            MarkAssignedCall(word + 1, closing);
     }
 
     // `f(x) = value`, `f(x)++`
@@ -84,8 +84,14 @@ class Rewriting {
         if (!(IsAssignment(closing + 1) || IsStep(closing)) || IsOperatorWord(m_tokens[word].text))
             return false;
         Replace(m_tokens[word], "$indexed(" + std::string(m_tokens[word].text) + ")");
-        InsertBehind(m_tokens[closing], "[$assigned()]");
+        MarkAssignedCall(word + 1, closing);
         return true;
+    }
+
+    // The last argument tells who is called that a value follows.
+    void MarkAssignedCall(std::size_t open, std::size_t closing) {
+        m_edits.Insert(m_tokens[closing].offset, closing == open + 1 ? "$value" : ",$value");
+        InsertBehind(m_tokens[closing], "[$assigned()]");
     }
 
     // The bracket that closes the one at `open`; the count of tokens if none does.

@@ -3,9 +3,9 @@
 // The embedded engine does not know late-bound objects, so the text is given words for them:
 //   - `a.name(` becomes `a[$called("name")](`. A late-bound object cannot tell a method from a property; this
 //     tells the bridge that the member is about to be called, so that it does not read it first.
-//   - `a.name(x) = y` becomes `a[$put("name")](x)[$assigned()] = y`, and `a(x) = y` becomes
-//     `$indexed(a)(x)[$assigned()] = y`: late-bound properties with parameters are assigned to, which the
-//     engine's own language has no words for.
+//   - `a.name(x) = y` becomes `a[$put("name")](x,$value)[$assigned()] = y`, and `a(x) = y` becomes
+//     `$indexed(a)(x,$value)[$assigned()] = y`: late-bound properties with parameters are assigned to, which
+//     the engine's own language has no words for. `$value` tells an object that `name` holds.
 //   - every function begins with `$enter()`: one of the script's own answered to the name that was told.
 //   - `typeof a.b` becomes `$typeof(a.b)`, since the engine takes a late-bound object for a function.
 //   - `eval(a)` becomes `eval($script(a))`: what a script makes up as it runs is rewritten too.

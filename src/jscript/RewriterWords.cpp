@@ -74,14 +74,20 @@ duk_ret_t Script(duk_context* context) {
     return 1;
 }
 
-void DefineFixedGlobal(duk_context* context, const char* name, duk_c_function function) {
+// What lies on top becomes a global name.
+void DefineFixedGlobal(duk_context* context, const char* name) {
     duk_push_global_object(context);
     duk_push_string(context, name);
-    duk_push_c_function(context, function, 1);
+    duk_dup(context, -3);
     duk_def_prop(context, -3,
                  DUK_DEFPROP_HAVE_VALUE | DUK_DEFPROP_CLEAR_WRITABLE | DUK_DEFPROP_CLEAR_ENUMERABLE |
                      DUK_DEFPROP_CLEAR_CONFIGURABLE);
-    duk_pop(context);
+    duk_pop_2(context);
+}
+
+void DefineFixedGlobal(duk_context* context, const char* name, duk_c_function function) {
+    duk_push_c_function(context, function, 1);
+    DefineFixedGlobal(context, name);
 }
 
 } // namespace
@@ -94,6 +100,8 @@ void InstallRewriterWords(duk_context* context) {
     DefineFixedGlobal(context, "$assigned", Assigned);
     DefineFixedGlobal(context, "$typeof", Typeof);
     DefineFixedGlobal(context, "$script", Script);
+    duk_push_pointer(context, nullptr);
+    DefineFixedGlobal(context, "$value");
 }
 
 } // namespace quillon::jscript

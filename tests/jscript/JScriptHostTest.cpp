@@ -66,6 +66,9 @@ TEST_F(JScriptHostTest, PropertiesWithParametersAreWritten) {
         {"tally.Of('a') -= 2; tally.Of('a') *= 7; tally.Of('a') >>>= 1; tally.Of('a')", "10"},
         {"tally.Of('b') = 3; tally.Of('a') /= tally.Of('b') + 2; tally.Of('a')", "2"},
         {"tally.Of('a')++ + tally.Of('a')", "5"},
+        {"var box = { inside: tally }; box.inside('f') = 4; box.inside('f') += 2; box.inside('f')++; "
+         "tally('f')",
+         "7"},
         {"tally('s')++; tally('s')++ + tally('s')--", "3"},
         {"var m = 1; if (tally('s')) ++m; while (m < 3) ++m; m", "3"},
         {"var n = 'x'; tally.Of(n)--; tally.Of(n += 'y') ^= 3; tally.Of('x') + ',' + tally.Of('xy')", "-1,3"},
