@@ -68,6 +68,7 @@ constexpr ViewDefinition rows[] = {
      "ALL "
      "SELECT 114, 'disallow results from triggers', 0, 0, 1, 0, 'Disallow returning results from triggers', "
      "1, 1 "
+     "UNION ALL SELECT 518, 'show advanced options', 0, 0, 1, 0, 'show advanced options', 1, 0 "
      "UNION ALL SELECT 103, 'user connections', 0, 0, 32767, 0, 'Number of user connections allowed', 0, 1"},
     {"sys", "dm_tran_locks",
      "!resource_type nvarchar(60), !resource_subtype nvarchar(60), !resource_database_id int, "

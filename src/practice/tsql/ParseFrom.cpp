@@ -164,6 +164,11 @@ bool IsRefusedSource(Keyword keyword) {
            keyword == Keyword::FreeTextTable;
 }
 
+bool IsChange(Keyword keyword) {
+    return keyword == Keyword::Insert || keyword == Keyword::Update || keyword == Keyword::Delete ||
+           keyword == Keyword::Merge;
+}
+
 TableSourcePtr ParseSimpleSource(ParseState& state) {
     if (IsRefusedSource(state.Peek().keyword))
         state.Refuse(UpperWord(state.Value(state.Peek())), state.At());
@@ -173,6 +178,8 @@ TableSourcePtr ParseSimpleSource(ParseState& state) {
         return ParseVariableSource(state);
     if (!state.Is(Symbol::LeftParen))
         return ParseNamedSource(state);
+    if (IsChange(state.Peek(1).keyword))
+        state.Refuse(UpperWord(state.Value(state.Peek(1))) + " in FROM", state.At());
     if (state.Is(Keyword::Values, 1))
         return ParseValuesTable(state);
     if (state.IsQueryBracket())

@@ -38,10 +38,31 @@ void ParseMergeInsert(ParseState& state, MergeClause& clause) {
     clause.values = std::move(rows.front());
 }
 
+std::string_view MatchWords(MergeMatch match) {
+    switch (match) {
+    case MergeMatch::Matched: return "WHEN MATCHED";
+    case MergeMatch::NotMatchedByTarget: return "WHEN NOT MATCHED";
+    case MergeMatch::NotMatchedBySource: return "WHEN NOT MATCHED BY SOURCE";
+    }
+    return "";
+}
+
+std::string_view ActionWord(MergeAction action) {
+    switch (action) {
+    case MergeAction::Update: return "UPDATE";
+    case MergeAction::Delete: return "DELETE";
+    case MergeAction::Insert: return "INSERT";
+    }
+    return "";
+}
+
 void ParseMergeAction(ParseState& state, MergeClause& clause) {
+    const Token action = state.Peek();
     // Only a row that the target lacks can be inserted, and nothing else can be done with it.
-    if (state.Is(Keyword::Insert) != (clause.match == MergeMatch::NotMatchedByTarget))
-        state.FailHere();
+    const bool known = state.Is(Keyword::Insert) || state.Is(Keyword::Update) || state.Is(Keyword::Delete);
+    if (known && state.Is(Keyword::Insert) != (clause.match == MergeMatch::NotMatchedByTarget))
+        state.Fail(10710, {UpperWord(state.Value(action)), std::string(MatchWords(clause.match))},
+                   action.At());
     if (state.Accept(Keyword::Update)) {
         state.Expect(Keyword::Set);
         clause.sets = ParseSetClauses(state);
@@ -65,6 +86,20 @@ MergeClause ParseMergeClause(ParseState& state) {
     return clause;
 }
 
+// Of two clauses for the same rows the first takes a part of them, and each does something else.
+void CheckMergeClause(const ParseState& state, const MergeClause& clause,
+                      const std::vector<MergeClause>& earlier) {
+    for (const MergeClause& other : earlier) {
+        if (other.match != clause.match)
+            continue;
+        const std::string words(MatchWords(clause.match));
+        if (other.action == clause.action)
+            state.Fail(10714, {std::string(ActionWord(clause.action)), words}, clause.position);
+        if (!other.condition)
+            state.Fail(5324, {words, words}, clause.position);
+    }
+}
+
 } // namespace
 
 StatementPtr ParseMerge(ParseState& state) {
@@ -79,8 +114,11 @@ StatementPtr ParseMerge(ParseState& state) {
     merge->source = ParseTableSource(state);
     state.Expect(Keyword::On);
     merge->on = ParseCondition(state);
-    while (state.Is(Keyword::When))
-        merge->clauses.push_back(ParseMergeClause(state));
+    while (state.Is(Keyword::When)) {
+        MergeClause clause = ParseMergeClause(state);
+        CheckMergeClause(state, clause, merge->clauses);
+        merge->clauses.push_back(std::move(clause));
+    }
     if (merge->clauses.empty())
         state.FailHere();
     merge->output = ParseOutput(state);

@@ -62,6 +62,8 @@ ExpressionPtr ParseBracketed(ParseState& state) {
     if (state.IsQueryBracket()) {
         auto node = Begin<Subquery>(state);
         node->query = ParseSubquery(state);
+        if (state.Is(Symbol::Point))
+            state.Refuse("methods of subqueries", state.At());
         const int height = node->query->height + 1;
         return Finish(state, std::move(node), height);
     }

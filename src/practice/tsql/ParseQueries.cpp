@@ -218,6 +218,8 @@ void ParseQuery(ParseState& state, Query& query, QueryPlace place) {
     query.orderBy = ParseOrderBy(state);
     if (!query.orderBy.empty())
         ParseOffset(state, query);
+    if (query.offset && HasTop(*query.body))
+        state.Fail(10741, {}, order);
     if (place != QueryPlace::Cursor)
         ParseForClause(state, query);
     const bool inner = place == QueryPlace::Inner || place == QueryPlace::View;

@@ -441,7 +441,14 @@ constexpr MessageRow rows[] = {
     {5308, 16,
      "Windowed functions and NEXT VALUE FOR functions do not support integer indices as ORDER BY clause "
      "expressions."},
+    {5309, 16,
+     "Windowed functions, aggregates and NEXT VALUE FOR functions do not support constants as ORDER BY "
+     "clause "
+     "expressions."},
     {5313, 16, "Synonym '%1' refers to an invalid object."},
+    {5324, 15,
+     "In a MERGE statement, a '%1' clause with a search condition cannot appear after a '%2' clause with no "
+     "search condition."},
     {5701, 10, "Changed database context to '%1'."},
     {5703, 10, "Changed language setting to %1."},
     {6101, 16, "Process ID %1 is not a valid process ID. Choose a number between 1 and %2."},

@@ -260,6 +260,12 @@ constexpr MessageRow rows[] = {
      "Cannot resolve collation conflict between \"%1\" and \"%2\" in %3 operator occurring in %4 statement "
      "column %5."},
     {455, 16, "The last statement included within a function must be a return statement."},
+    {460, 16,
+     "DISTINCT operator is not allowed in the recursive part of a recursive common table expression '%1'."},
+    {461, 16,
+     "The TOP or OFFSET operator is not allowed in the recursive part of a recursive common table expression "
+     "'%1'."},
+    {462, 16, "Outer join is not allowed in the recursive part of a recursive common table expression '%1'."},
     {467, 16,
      "GROUP BY, HAVING, or aggregate functions are not allowed in the recursive part of a recursive common "
      "table expression '%1'."},

@@ -186,7 +186,8 @@ std::string TopSql(const tsql::DmlStatement& statement, Translator& translator) 
     if (statement.top) {
         if (statement.top->percent)
             throw SqlError::NotSupported("TOP PERCENT in a statement that changes rows");
-        const std::string count = translator.RowCountSql(*statement.top->count, nullptr, false);
+        const std::string count =
+            translator.RowCountSql(*statement.top->count, nullptr, Translator::RowCount::Top);
         limit = limit.empty() ? count : "min(" + count + ", " + limit + ")";
     }
     return limit.empty() ? "" : " LIMIT " + limit;

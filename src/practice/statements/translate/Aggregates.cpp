@@ -220,9 +220,11 @@ std::string Translator::OverSql(const tsql::OverClause& over, const Scope* scope
         sql += (i == 0 ? "PARTITION BY " : ", ") + Collated(key.sql, key.type);
     }
     for (std::size_t i = 0; i < over.orderBy.size(); ++i) {
-        const Scalar key = Value(*over.orderBy[i].expression, scope);
-        if (over.orderBy[i].expression->kind == tsql::ExpressionKind::Literal)
-            throw SqlError(5308);
+        const tsql::Expression& expression = *over.orderBy[i].expression;
+        const Scalar key = Value(expression, scope);
+        if (expression.kind == tsql::ExpressionKind::Literal)
+            throw SqlError(tsql::As<tsql::Literal>(expression).type == tsql::LiteralType::Integer ? 5308
+                                                                                                  : 5309);
         sql += (i == 0 ? " ORDER BY " : ", ") + Collated(key.sql, key.type);
         sql += over.orderBy[i].descending ? " DESC" : "";
     }

@@ -48,6 +48,27 @@ void Flatten(const tsql::QueryBody& body, std::vector<const tsql::QueryBody*>& p
     parts.push_back(&body);
 }
 
+bool HasOuterJoin(const tsql::TableSource& source) {
+    if (source.kind != tsql::TableSourceKind::Join)
+        return false;
+    const auto& join = tsql::As<tsql::Join>(source);
+    return join.type == tsql::JoinType::Left || join.type == tsql::JoinType::Right ||
+           join.type == tsql::JoinType::Full || HasOuterJoin(*join.left) || HasOuterJoin(*join.right);
+}
+
+// A recursive part makes each row from one row of the level above; what looks at several is refused.
+void CheckRecursivePart(const tsql::SelectBody& part, const std::string& table) {
+    if (part.distinct)
+        throw SqlError(460, {table});
+    if (part.top)
+        throw SqlError(461, {table});
+    if (std::any_of(part.from.begin(), part.from.end(),
+                    [](const tsql::TableSourcePtr& source) { return HasOuterJoin(*source); }))
+        throw SqlError(462, {table});
+    if (!part.groupBy.empty() || part.having)
+        throw SqlError(467, {table});
+}
+
 } // namespace
 
 void Translator::PushCommonTables(const std::vector<tsql::CommonTable>& tables) {
@@ -147,6 +168,7 @@ std::string Translator::RecursivePart(const tsql::CommonTable& table, const tsql
                                       const std::string& name, const std::vector<OutputColumn>& columns) {
     if (part.kind != tsql::QueryBodyKind::Select)
         throw SqlError(253, {table.name});
+    CheckRecursivePart(tsql::As<tsql::SelectBody>(part), table.name);
     m_recursions.push_back({&table, name, "", columns, 0});
     QueryOptions options;
     options.countLevels = true;

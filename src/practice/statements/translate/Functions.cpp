@@ -34,11 +34,17 @@ std::optional<std::string> BareWord(const tsql::Expression& expression) {
     return name.parts.size() == 1 ? std::optional(name.Last()) : std::nullopt;
 }
 
+bool IsMethodOfXml(std::string_view name) {
+    return name == "value" || name == "query" || name == "exist" || name == "modify";
+}
+
 } // namespace
 
 Scalar Translator::FunctionValue(const tsql::FunctionCall& call, const Scope* scope) {
     if (call.name.parts.size() > 1) {
         const auto module = std::dynamic_pointer_cast<const Module>(FindSourceObject(call.name));
+        if (!module && IsMethodOfXml(call.name.Last()))
+            throw SqlError::NotSupported("methods of columns");
         if (!module || module->kind != ObjectKind::ScalarFunction)
             throw SqlError(4121, {call.name.parts.front(), call.name.Text()});
         return UserFunction(*module, call, scope);

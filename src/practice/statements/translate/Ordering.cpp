@@ -50,7 +50,7 @@ int Translator::OrdinalOf(const tsql::Expression& expression, const std::vector<
     for (std::size_t i = 0; i < output.size(); ++i) {
         if (!m_here.nameRule.Same(output[i].output.name, name.Last()))
             continue;
-        if (found != 0 && output[static_cast<std::size_t>(found) - 1].value.sql != output[i].value.sql)
+        if (found != 0)
             throw SqlError(209, {name.Last()});
         found = static_cast<int>(i) + 1;
     }
@@ -58,21 +58,23 @@ int Translator::OrdinalOf(const tsql::Expression& expression, const std::vector<
 }
 
 // The number of rows of TOP, OFFSET or FETCH, refused when it is none.
-std::string Translator::RowCountSql(const tsql::Expression& count, const Scope* outer, bool percent) {
+std::string Translator::RowCountSql(const tsql::Expression& count, const Scope* outer, RowCount use) {
     Scalar value = Value(count, outer);
-    if (percent)
+    if (use == RowCount::Percent)
         return ConvertTo(std::move(value), SimpleType(TypeId::Float)).sql;
     if (value.type.IsCharacter() || value.type.IsBinary())
         throw SqlError(1060);
     value = ConvertTo(std::move(value), SimpleType(TypeId::BigInt));
-    if (value.constant && !value.constant->IsNull() && value.constant->Integer() >= 0)
+    const int least = use == RowCount::Fetch ? 1 : 0;
+    const int tooFew = use == RowCount::Fetch ? 10744 : use == RowCount::Offset ? 10742 : 127;
+    if (value.constant && !value.constant->IsNull() && value.constant->Integer() >= least)
         return value.sql;
-    return Call("rowcount", {value}, value.type, Evaluation::OncePerStatement,
-                [](std::span<const Datum> values) {
+    return Call("rowcount " + std::to_string(tooFew), {value}, value.type, Evaluation::OncePerStatement,
+                [least, tooFew](std::span<const Datum> values) {
                     if (values[0].IsNull())
                         throw SqlError(1060);
-                    if (values[0].Integer() < 0)
-                        throw SqlError(127);
+                    if (values[0].Integer() < least)
+                        throw SqlError(tooFew);
                     return values[0];
                 })
         .sql;
@@ -82,15 +84,16 @@ std::string Translator::LimitSql(const tsql::Query* whole, const tsql::SelectBod
                                  const QueryOptions& options) {
     std::string limit;
     if (body != nullptr && body->top && !body->top->percent && !body->top->withTies)
-        limit = RowCountSql(*body->top->count, outer, false);
+        limit = RowCountSql(*body->top->count, outer, RowCount::Top);
     if (whole != nullptr && whole->fetch)
-        limit = RowCountSql(*whole->fetch, outer, false);
+        limit = RowCountSql(*whole->fetch, outer, RowCount::Fetch);
     if (options.top && options.rowLimit > 0)
         limit = limit.empty() ? std::to_string(options.rowLimit)
                               : "min(" + limit + ", " + std::to_string(options.rowLimit) + ")";
     std::string sql = limit.empty() ? "" : " LIMIT " + limit;
     if (whole != nullptr && whole->offset)
-        sql = (limit.empty() ? " LIMIT -1" : sql) + " OFFSET " + RowCountSql(*whole->offset, outer, false);
+        sql = (limit.empty() ? " LIMIT -1" : sql) + " OFFSET " +
+              RowCountSql(*whole->offset, outer, RowCount::Offset);
     return sql;
 }
 
@@ -130,7 +133,8 @@ QuerySql Translator::WithShare(const tsql::SelectBody& body, QuerySql plain, con
                                const Scope* outer) {
     if (body.top->withTies && order.terms.empty())
         throw SqlError(1062);
-    const std::string count = RowCountSql(*body.top->count, outer, body.top->percent);
+    const std::string count =
+        RowCountSql(*body.top->count, outer, body.top->percent ? RowCount::Percent : RowCount::Top);
     std::string names;
     for (std::size_t i = 0; i < plain.columns.size(); ++i)
         names += (i > 0 ? ", " : "") + OutputName(i);

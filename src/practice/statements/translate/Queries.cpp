@@ -150,8 +150,11 @@ QuerySql Translator::Select(const tsql::SelectBody& body, const tsql::Query* who
                 OutputName(i);
         query.columns.push_back(items[i].output);
     }
-    if (options.countLevels)
+    if (options.countLevels) {
+        if (scope.sawAggregate)
+            throw SqlError(467, {m_recursions.back().table->name});
         list += ", " + LevelSql();
+    }
     const bool share = body.top && (body.top->percent || body.top->withTies);
     if (share)
         list += ShareKeys(order);

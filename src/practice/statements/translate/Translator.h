@@ -136,7 +136,8 @@ class Translator {
     // `ordinal`: of the column, parameter or variable in its list, for the message about a type that is none.
     SqlType TypeOf(const tsql::DataType& type, bool inCast, std::size_t ordinal = 1);
     // The number of rows of TOP and its kin, refused when it is none (1060, 127).
-    std::string RowCountSql(const tsql::Expression& count, const Scope* outer, bool percent);
+    enum class RowCount { Top, Percent, Offset, Fetch };
+    std::string RowCountSql(const tsql::Expression& count, const Scope* outer, RowCount use);
     Scalar ColumnScalar(const ColumnUse& use, const Scope& scope);
     Scalar VariableScalar(const std::string& name) { return VariableValue(name); }
 
