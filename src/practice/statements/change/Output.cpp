@@ -92,8 +92,8 @@ void StoreOutput(Engine& engine, const tsql::OutputClause& clause, const std::ve
     const std::vector<const Column*> columns = IntoColumns(clause, into);
     for (const RowChange* change : changes) {
         const std::unique_ptr<Plan> plan = MakeOutput(engine, clause, *change, merge, &into, columns);
-        TableWriter& writer = engine.Writer(target.table);
         RowChange& added = run.Start(target.table, TriggerEvent::Insert, "INSERT", false);
+        TableWriter& writer = added.Writer();
         while (engine.Step(plan->statement)) {
             StoredRow row(writer.StoredColumns().size());
             for (std::size_t i = 0; i < columns.size(); ++i)

@@ -128,6 +128,9 @@ void CreateStorage(Engine& engine, const Table& table) {
 std::shared_ptr<const Table> WithStorage(Engine& engine, const std::shared_ptr<const Table>& table) {
     if (!table->hollow)
         return table;
+    // The statement itself may have stored it since it was looked up.
+    if (const auto now = engine.store.View()->FindTable(table->id); now && !now->hollow)
+        return now;
     engine.store.Change([&](CatalogueEditor& editor) { editor.MarkStored(table->id); });
     const auto stored = engine.store.View()->FindTable(table->id);
     CreateStorage(engine, *stored);
