@@ -264,7 +264,9 @@ std::optional<Top> ParseTop(ParseState& state) {
     if (!state.Accept(Keyword::Top))
         return std::nullopt;
     Top top;
-    if (state.Accept(Symbol::LeftParen)) {
+    if (state.IsQueryBracket()) {
+        top.count = ParsePrimary(state);
+    } else if (state.Accept(Symbol::LeftParen)) {
         top.count = ParseValue(state);
         state.Expect(Symbol::RightParen);
     } else if (state.Is(TokenKind::Integer) || state.Is(TokenKind::Decimal) || state.Is(TokenKind::Float)) {
