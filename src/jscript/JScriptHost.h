@@ -13,8 +13,8 @@
 //
 // Limits. A regular expression takes at most 10,000 rounds of a repeated group (28). Strict mode is ignored,
 // as this language has none; conditional compilation is refused (1030). `++object.Item(1)` is an illegal
-// assignment (5008), while `object.Item(1)++` and `+= 1` read and write; so is `f(1)(2) = 3`, a value for what
-// a call gives. A function has no `caller` and no `arguments` of its own, and its text is not kept.
+// assignment (5008), while `object.Item(1)++` and `+= 1` read and write; so is `f(1)(2) = 3`, a value for
+// what a call gives. A function has no `caller` and no `arguments` of its own, and its text is not kept.
 #pragma once
 
 #include <functional>

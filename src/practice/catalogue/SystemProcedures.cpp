@@ -8,8 +8,9 @@ namespace quillon::practice {
 std::span<const SystemProcedure> AllSystemProcedures() {
     static const std::vector<SystemProcedure> all = [] {
         std::vector<SystemProcedure> list;
-        for (const auto part : {DriverProcedures(), TypeProcedures(), ServerProcedures(), HelpProcedures(),
-                                SecurityProcedures(), ChangeProcedures(), MessageProcedures(), LockProcedures()})
+        for (const auto part :
+             {DriverProcedures(), TypeProcedures(), ServerProcedures(), HelpProcedures(),
+              SecurityProcedures(), ChangeProcedures(), MessageProcedures(), LockProcedures()})
             list.insert(list.end(), part.begin(), part.end());
         return list;
     }();
