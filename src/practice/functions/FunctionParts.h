@@ -17,6 +17,7 @@ std::span<const ScalarFunction> ConversionFunctions();
 std::span<const ScalarFunction> SystemFunctions();
 std::span<const ScalarFunction> CatalogueFunctions();
 std::span<const ScalarFunction> HashFunctions();
+std::span<const ScalarFunction> FormatFunctions();
 
 bool AnyNull(Arguments arguments);
 // Implicit conversions of an argument; 206, 245, 8114 ... as an assignment would throw.

@@ -19,7 +19,7 @@ std::unordered_map<std::string, const ScalarFunction*> BuildIndex() {
     std::unordered_map<std::string, const ScalarFunction*> index;
     for (const auto family :
          {StringFunctions(), TextFunctions(), DateFunctions(), DateBuildingFunctions(), MathFunctions(),
-          ConversionFunctions(), SystemFunctions(), CatalogueFunctions(), HashFunctions()})
+          ConversionFunctions(), SystemFunctions(), CatalogueFunctions(), HashFunctions(), FormatFunctions()})
         for (const ScalarFunction& function : family)
             index.emplace(function.name, &function);
     return index;

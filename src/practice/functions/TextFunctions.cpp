@@ -164,10 +164,6 @@ Datum ConcatWithSeparator(FunctionContext&, Arguments arguments) {
     return StringResult(TypeOfStrings(arguments), std::move(text));
 }
 
-Datum RefusedFormat(FunctionContext&, Arguments) {
-    throw SqlError::NotSupported("FORMAT");
-}
-
 char SoundexDigit(char upper) {
     constexpr std::string_view digits = "01230120022455012623010202";
     return digits[static_cast<std::size_t>(upper - 'A')];
@@ -292,7 +288,6 @@ constexpr ScalarFunction rows[] = {
     {"STR", 1, 3, [](ArgumentTypes) { return VarChar(8000); }, Str},
     {"CONCAT", 2, -1, ConcatType, Concat, Evaluation::Pure, false, false, true},
     {"CONCAT_WS", 3, -1, ConcatWithSeparatorType, ConcatWithSeparator, Evaluation::Pure, false, false, true},
-    {"FORMAT", 2, 3, AlwaysNVarChar<4000>, RefusedFormat},
     {"SOUNDEX", 1, 1, [](ArgumentTypes) { return VarChar(4); }, Soundex},
     {"DIFFERENCE", 2, 2, Always<TypeId::Int>, Difference},
     {"STRING_ESCAPE", 2, 2, MaxNVarChar, StringEscape},

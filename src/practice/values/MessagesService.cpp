@@ -121,7 +121,8 @@ constexpr MessageRow rows[] = {
     {9809, 16, "The style %1 is not supported for conversions from %2 to %3."},
     {9810, 16, "The datepart %1 is not supported by date function %2 for data type %3."},
     {9812, 16, "The timezone provided to builtin function %1 is invalid."},
-    {9819, 16, "Conversion failed when converting the %1 value to the data type %2."},
+    {9818, 16, "The culture parameter '%1' provided in the function call is not supported."},
+    {9819, 16, "Error converting string value '%1' into data type %2 using culture '%3'."},
     {9828, 16,
      "The second and third arguments of the %1 built-in function must contain an equal number of "
      "characters."},

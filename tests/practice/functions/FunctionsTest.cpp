@@ -71,7 +71,6 @@ TEST(StringFunctions, BuildTexts) {
         {"TRANSLATE", {"'2*[3+4]'", "'[]'", "'()'"}, "2*(3+4)"},
         {"TRANSLATE", {"'a'", "'ab'", "'x'"}, "error 9828"},
         {"PARSENAME", {"'db.[my.schema].t'", "2"}, "my.schema"},
-        {"FORMAT", {"1", "'N2'"}, "error 49999"},
     });
 }
 
