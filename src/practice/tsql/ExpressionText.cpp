@@ -131,6 +131,13 @@ Printed PrintNiladic(const std::string& function) {
     return {found->second};
 }
 
+Printed PrintParse(const FunctionCall& call) {
+    const std::string culture =
+        call.arguments.size() > 2 ? " USING " + At(Loosest, *call.arguments[2]) : std::string();
+    return {Lower(call.name.Last()) + "(" + At(Loosest, *call.arguments[0]) + " AS " +
+            TypeText(As<Cast>(*call.arguments[1]).type) + culture + ")"};
+}
+
 Printed Print(const FunctionCall& call) {
     if (call.over || call.star || call.distinct || !call.withinGroup.empty())
         throw NoForm();
@@ -141,6 +148,8 @@ Printed Print(const FunctionCall& call) {
         return PrintNiladic(function);
     if (function == "year" || function == "month" || function == "day")
         return {"datepart(" + function + "," + List(call.arguments) + ")"};
+    if (function == "parse" || function == "try_parse")
+        return PrintParse(call);
     if (function == "iif" && call.arguments.size() == 3)
         return {"case when " + At(Loosest, *call.arguments[0]) + " then " + At(Loosest, *call.arguments[1]) +
                 " else " + At(Loosest, *call.arguments[2]) + " end"};

@@ -36,21 +36,41 @@ ExpressionPtr ParseConvert(ParseState& state, bool tryForm) {
     return Finish(state, std::move(node), scope.Above());
 }
 
-/// IDENTITY(type, seed, increment) of SELECT INTO: the type comes as a CAST of nothing.
+/// A type among the arguments of a call comes as a CAST of nothing.
+ExpressionPtr ParseTypeArgument(ParseState& state) {
+    auto type = Begin<Cast>(state);
+    auto nothing = Begin<Literal>(state);
+    type->type = ParseDataType(state);
+    type->operand = Finish(state, std::move(nothing), 1);
+    return Finish(state, std::move(type), 2);
+}
+
+/// IDENTITY(type, seed, increment) of SELECT INTO.
 ExpressionPtr ParseIdentityCall(ParseState& state) {
     auto node = Begin<FunctionCall>(state);
     node->name.position = node->position;
     node->name.parts = {TakeWord(state)};
     state.Expect(Symbol::LeftParen);
-    auto type = Begin<Cast>(state);
-    auto nothing = Begin<Literal>(state);
-    type->type = ParseDataType(state);
-    type->operand = Finish(state, std::move(nothing), 1);
-    node->arguments.push_back(Finish(state, std::move(type), 2));
+    node->arguments.push_back(ParseTypeArgument(state));
     while (state.Accept(Symbol::Comma))
         node->arguments.push_back(ParseValue(state));
     state.Expect(Symbol::RightParen);
     return Finish(state, std::move(node), 3);
+}
+
+bool IsParse(const Name& name) {
+    return name.parts.size() == 1 && (SameWord(name.Last(), "PARSE") || SameWord(name.Last(), "TRY_PARSE"));
+}
+
+/// PARSE(text AS type USING culture).
+void ParseParseArguments(ParseState& state, FunctionCall& call) {
+    state.Expect(Symbol::LeftParen);
+    call.arguments.push_back(ParseValue(state));
+    state.Expect(Keyword::As);
+    call.arguments.push_back(ParseTypeArgument(state));
+    if (state.Accept("USING"))
+        call.arguments.push_back(ParseValue(state));
+    state.Expect(Symbol::RightParen);
 }
 
 /// TRIM(characters FROM text) as well as TRIM(text).
@@ -98,15 +118,14 @@ bool IsCallKeyword(Keyword keyword) {
 } // namespace
 
 ExpressionPtr ParseCall(ParseState& state, Name name) {
-    static constexpr std::string_view refused[] = {"PARSE", "TRY_PARSE"};
-    for (const std::string_view word : refused) {
-        if (name.parts.size() == 1 && SameWord(name.Last(), word))
-            state.Refuse(word, name.position);
-    }
     const HeightScope scope(state);
     auto node = std::make_unique<FunctionCall>();
     node->position = name.position;
     node->name = std::move(name);
+    if (IsParse(node->name)) {
+        ParseParseArguments(state, *node);
+        return Finish(state, std::move(node), scope.Above());
+    }
     state.Expect(Symbol::LeftParen);
     const bool wasRefused = std::exchange(state.columnsRefused, false); // date parts are bare names
     if (state.Accept(Symbol::Star)) {

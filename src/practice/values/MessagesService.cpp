@@ -150,6 +150,7 @@ constexpr MessageRow rows[] = {
      "Scale argument is not valid. Valid expressions for data type %1 scale argument are integer constants "
      "and "
      "integer constant expressions."},
+    {10761, 16, "Invalid data type %1 in function %2."},
     {11537, 16,
      "EXECUTE statement failed because its WITH RESULT SETS clause specified %1 column(s) for result set "
      "number %2, but the statement sent %3 column(s) at run time."},

@@ -69,6 +69,7 @@ const Accepted kQueries[] = {
      "SELECT CAST(a AS decimal(10, 2)), CONVERT(national character varying(20), b, 120) FROM t"},
     {StatementKind::Select,
      "SELECT TRY_CONVERT(int, 'x'), TRY_CAST('x' AS double precision), {fn UCASE('a')}, {d '2001-01-02'}"},
+    {StatementKind::Select, "SELECT PARSE(a AS money USING 'de-DE'), TRY_PARSE('1' AS decimal(5, 2)) FROM t"},
     {StatementKind::Select,
      "SELECT -$1.50, .5, 1., 1e-3, 0x, N'\xc3\xa9''', +~-1, CURRENT_TIMESTAMP, USER, @@ROWCOUNT"},
     {StatementKind::Select,

@@ -2,6 +2,7 @@
 // functions.
 #include "practice/statements/translate/Translator.h"
 
+#include "practice/functions/ParseText.h"
 #include "practice/functions/RefusedFunctions.h"
 #include "practice/values/SqlError.h"
 #include "practice/values/Unicode.h"
@@ -80,6 +81,8 @@ std::optional<Scalar> Translator::SyntaxFunction(const tsql::FunctionCall& call,
         return Iif(call, scope);
     if (name == "CHOOSE")
         return Choose(call, scope);
+    if (name == "PARSE" || name == "TRY_PARSE")
+        return ParseFunction(call, name, scope);
     if (name == "UPDATE" || name == "COLUMNS_UPDATED")
         return TriggerFunction(call, name);
     return std::nullopt;
@@ -209,6 +212,26 @@ Scalar Translator::CallBuiltIn(const ScalarFunction& function, std::vector<Scala
                         });
     value.nullable = nullable;
     value.label = label;
+    return value;
+}
+
+// The arguments are the text, the type as a CAST of nothing, and perhaps the culture.
+Scalar Translator::ParseFunction(const tsql::FunctionCall& call, const std::string& name,
+                                 const Scope* scope) {
+    const SqlType to = TypeOf(tsql::As<tsql::Cast>(*call.arguments[1]).type, true);
+    std::vector<Scalar> arguments{Value(*call.arguments[0], scope)};
+    RequireParse(arguments[0].type, to, unicode::ToLower(name));
+    const bool hasCulture = call.arguments.size() > 2;
+    if (hasCulture)
+        arguments.push_back(ConvertTo(Value(*call.arguments[2], scope), NVarChar(128)));
+    Engine& engine = m_engine;
+    const auto parse = name == "PARSE" ? ParseText : TryParseText;
+    Scalar value =
+        Call(name, std::move(arguments), to, Evaluation::OncePerStatement,
+             [&engine, to, parse, hasCulture](std::span<const Datum> values) {
+                 return parse(engine.context.Functions(), values[0], to, hasCulture ? &values[1] : nullptr);
+             });
+    value.nullable = true;
     return value;
 }
 

@@ -282,6 +282,7 @@ class Translator {
     Scalar Choose(const tsql::FunctionCall& call, const Scope* scope);
     Scalar BuiltIn(const ScalarFunction& function, const tsql::FunctionCall& call, const Scope* scope);
     Scalar CallBuiltIn(const ScalarFunction& function, std::vector<Scalar> arguments);
+    Scalar ParseFunction(const tsql::FunctionCall& call, const std::string& name, const Scope* scope);
     Scalar TriggerFunction(const tsql::FunctionCall& call, const std::string& name);
     Scalar UserFunction(const Module& function, const tsql::FunctionCall& call, const Scope* scope);
     Scalar AggregateValue(const tsql::FunctionCall& call, const std::string& name, const Scope* scope);
