@@ -86,8 +86,6 @@ void StoreOutput(Engine& engine, const tsql::OutputClause& clause, const std::ve
                  bool merge, ChangeRun& run) {
     Translator translator(engine);
     const Target target = RequireTarget(translator, clause.into);
-    if (!target.table)
-        throw SqlError(330, {target.name});
     const Table& into = *target.table;
     const std::vector<const Column*> columns = IntoColumns(clause, into);
     for (const RowChange* change : changes) {

@@ -169,11 +169,50 @@ FromTarget BindTarget(Translator& translator, const tsql::DmlTarget& target,
     return bound;
 }
 
+namespace {
+
+bool HasTriggers(Engine& engine, const Table& table) {
+    for (const TriggerEvent event : {TriggerEvent::Insert, TriggerEvent::Update, TriggerEvent::Delete})
+        for (const bool insteadOf : {false, true})
+            if (!TriggersFor(engine, table.triggers, event, insteadOf).empty())
+                return true;
+    return false;
+}
+
+// Nothing may act on the rows that OUTPUT INTO stores, or look at them.
+void CheckInto(Engine& engine, const tsql::DmlTarget& into) {
+    Translator translator(engine);
+    const Target target = RequireTarget(translator, into);
+    if (!target.table)
+        throw SqlError(330, {target.name});
+    const Table& table = *target.table;
+    if (HasTriggers(engine, table))
+        throw SqlError(331, {table.name});
+    const auto view = engine.store.View();
+    if (!table.foreignKeys.empty())
+        throw SqlError(332, {table.name, table.foreignKeys.front().name});
+    for (const ObjectId id : table.referencedBy)
+        if (const auto child = view->FindTable(id))
+            for (const ForeignKey& key : child->foreignKeys)
+                if (key.referenced == table.id)
+                    throw SqlError(332, {table.name, key.name});
+    for (const CheckConstraint& check : table.checks)
+        if (!check.disabled)
+            throw SqlError(333, {table.name, check.name});
+    for (const Column& column : table.columns)
+        if (const auto rule = column.ruleObject != 0 ? view->FindObject(column.ruleObject) : nullptr)
+            throw SqlError(333, {table.name, rule->name});
+}
+
+} // namespace
+
 void CheckOutput(Engine& engine, const tsql::DmlStatement& statement, const Table& target,
                  const std::vector<TriggerEvent>& events) {
     for (const tsql::OutputClause& clause : statement.output) {
-        if (clause.hasInto)
+        if (clause.hasInto) {
+            CheckInto(engine, clause.into);
             continue;
+        }
         for (const TriggerEvent event : events)
             if (!TriggersFor(engine, target.triggers, event, false).empty())
                 throw SqlError(334, {target.name});

@@ -41,7 +41,7 @@ FromTarget BindTarget(Translator& translator, const tsql::DmlTarget& target,
 // OUTPUT of changes whose sets are kept: sends or stores the rows.
 void RunOutput(Engine& engine, const tsql::DmlStatement& statement, const std::vector<RowChange*>& changes,
                ChangeRun& run);
-// 334, and targets that are no tables.
+// 334, and what OUTPUT INTO may not fill: 330 to 333.
 void CheckOutput(Engine& engine, const tsql::DmlStatement& statement, const Table& target,
                  const std::vector<TriggerEvent>& events);
 // ` LIMIT n` for TOP and SET ROWCOUNT, or nothing.
