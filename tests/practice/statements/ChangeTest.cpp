@@ -132,6 +132,20 @@ TEST_F(ChangeTest, OutputShowsBothSides) {
     });
 }
 
+TEST_F(ChangeTest, OutputOfOtherTablesIsRefusedByNameAndNothingChanges) {
+    for (const char* batch :
+         {"UPDATE x SET a = 2 OUTPUT inserted.a, s.b FROM @t x JOIN @s s ON s.b = x.a",
+          "DELETE x OUTPUT s.b FROM @t x JOIN @s s ON s.b = x.a",
+          "MERGE @t AS x USING @s AS s ON s.b = x.a WHEN MATCHED THEN DELETE OUTPUT $action, s.b;"})
+        EXPECT_EQ(
+            Run(std::string("DECLARE @t table (a int), @s table (b int); INSERT @t VALUES (1); INSERT @s "
+                            "VALUES (1);\nBEGIN TRY\n") +
+                batch + "\nEND TRY BEGIN CATCH PRINT ERROR_NUMBER() END CATCH SELECT a FROM @t"),
+            "49999\n1")
+            << batch;
+    EXPECT_EQ(Run("DECLARE @t table (a int); INSERT @t OUTPUT s.b VALUES (1)").substr(0, 8), "Msg 4104");
+}
+
 TEST_F(ChangeTest, ChangesThroughJoinsViewsAndCommonTables) {
     Run("CREATE VIEW V AS SELECT Id AS Nr, Txt FROM C WHERE Id < 50");
     Expect({

@@ -104,27 +104,48 @@ void StoreOutput(Engine& engine, const tsql::OutputClause& clause, const std::ve
     }
 }
 
+void SendOutput(Engine& engine, const tsql::OutputClause& clause, const std::vector<RowChange*>& changes,
+                bool merge) {
+    bool told = false;
+    std::vector<Datum> row;
+    for (const RowChange* change : changes) {
+        const std::unique_ptr<Plan> plan = MakeOutput(engine, clause, *change, merge, nullptr, {});
+        if (!std::exchange(told, true))
+            engine.context.Sink().Columns(ResultColumns(plan->columns));
+        while (engine.Step(plan->statement)) {
+            LoadRow(plan->statement, plan->columns, row);
+            engine.context.Sink().Row(row);
+        }
+    }
+}
+
+bool ReadsOtherTables(const tsql::DmlStatement& statement) {
+    switch (statement.kind) {
+    case tsql::StatementKind::Merge: return true;
+    case tsql::StatementKind::Update: return !tsql::As<tsql::UpdateStatement>(statement).from.empty();
+    case tsql::StatementKind::Delete: return !tsql::As<tsql::DeleteStatement>(statement).from.empty();
+    default: return false;
+    }
+}
+
 } // namespace
 
 void RunOutput(Engine& engine, const tsql::DmlStatement& statement, const std::vector<RowChange*>& changes,
                ChangeRun& run) {
     const bool merge = statement.kind == tsql::StatementKind::Merge;
-    for (const tsql::OutputClause& clause : statement.output) {
-        if (clause.hasInto) {
-            StoreOutput(engine, clause, changes, merge, run);
-            continue;
+    try {
+        for (const tsql::OutputClause& clause : statement.output) {
+            if (clause.hasInto)
+                StoreOutput(engine, clause, changes, merge, run);
+            else
+                SendOutput(engine, clause, changes, merge);
         }
-        bool told = false;
-        std::vector<Datum> row;
-        for (const RowChange* change : changes) {
-            const std::unique_ptr<Plan> plan = MakeOutput(engine, clause, *change, merge, nullptr, {});
-            if (!std::exchange(told, true))
-                engine.context.Sink().Columns(ResultColumns(plan->columns));
-            while (engine.Step(plan->statement)) {
-                LoadRow(plan->statement, plan->columns, row);
-                engine.context.Sink().Row(row);
-            }
-        }
+    } catch (const SqlError& error) {
+        // The rows that the change was made from are gone by now; only those that it made are at hand.
+        constexpr int unknownQualifier = 4104;
+        if (error.number == unknownQualifier && ReadsOtherTables(statement))
+            throw SqlError::NotSupported("OUTPUT of columns of other tables");
+        throw;
     }
 }
 
