@@ -237,6 +237,27 @@ TEST_F(Host, StopEndsAScriptFromWithin) {
     EXPECT_EQ(host.Error().Number, 0);
 }
 
+// The report of an error quotes its line: reading a long one is work in which the request to stop is not met.
+TEST_F(Host, StopWithinTheReportOfAnErrorLeavesNothingBehind) {
+    auto* failing = new FreeObject("Failing");
+    const ObjectRef reference(failing);
+    failing->Add("Fail", [&](InvokeKind, std::span<Value>) -> Value {
+        host.Stop();
+        throw Failure(numbers::TypeMismatch);
+    });
+    host.AddObject("o", reference);
+    auto* counted = new FreeObject("Counted");
+    auto alive = std::make_shared<int>(0);
+    counted->Add("X", [alive](InvokeKind, std::span<Value>) { return Value(); });
+    host.AddObject("p", ObjectRef(counted));
+    host.AddCode("Function F : Set F = p : End Function");
+    const std::string line = "o.Fail F() '" + std::string(std::size_t{5} << 20, 'x');
+    EXPECT_EQ(NumberOf([&] { host.AddCode("On Error Resume Next\n" + line + "\nDo : Loop"); }),
+              numbers::ScriptStopped);
+    host.AddCode("Set p = Nothing");
+    EXPECT_EQ(alive.use_count(), 1) << "the arguments of the call are let go";
+}
+
 TEST_F(Host, AStepLimitEndsAnyLoop) {
     host.SetStepLimit(10000);
     for (const char* loop : {"Do : Loop", "While True : Wend", "For i = 1 To 1000000000 : Next",

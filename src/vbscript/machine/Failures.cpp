@@ -2,6 +2,7 @@
 
 #include "platform/FailureNumbers.h"
 #include "vbscript/machine/Machine.h"
+#include "vbscript/machine/Work.h"
 
 namespace quillon::vbscript {
 namespace {
@@ -43,13 +44,16 @@ ScriptFailure Machine::Placed(const Failure& failure, const Code& code, Step at)
 }
 
 void Machine::Locate(ScriptStopped& stopped) const {
+    const Work::Unasked untilLocated;
     const Code& code = *m_frames.back().code;
     stopped.place = MarkOf(code, m_at).place;
     stopped.text = LineOf(code.unit, stopped.place.line);
 }
 
 // Goes back through the frames to one that resumes at its next statement; what none handles leaves the loop.
+// A request to stop waits until then: frames that are left half way would stay.
 Machine::Step Machine::Recover(const Failure& failure) {
+    const Work::Unasked untilRecovered;
     const ScriptFailure placed = Placed(failure, *Top().code, m_at);
     Step at = m_at;
     for (;;) {

@@ -31,6 +31,19 @@ class Work {
     // Gives the run that there was before.
     static Watcher* SetWatcher(Watcher* run) noexcept { return std::exchange(s_watcher, run); }
 
+    // While it lives the run is not asked: what is under way must reach its end.
+    class Unasked {
+      public:
+        Unasked() noexcept
+            : m_run(SetWatcher(nullptr)) {}
+        ~Unasked() { SetWatcher(m_run); }
+        Unasked(const Unasked&) = delete;
+        Unasked& operator=(const Unasked&) = delete;
+
+      private:
+        Watcher* m_run;
+    };
+
   private:
     static constexpr std::size_t BetweenPolls = std::size_t{4} << 20;
 
