@@ -2,6 +2,7 @@
 
 #include "practice/session/SessionState.h"
 #include "practice/tsql/Keywords.h"
+#include "practice/values/Languages.h"
 #include "practice/values/Literals.h"
 #include "practice/values/SqlError.h"
 
@@ -85,65 +86,28 @@ DateOrder DateOrderOf(const std::string& word) {
     throw SqlError(2741, {word});
 }
 
-/// The languages of the documented list whose names of months this server does not know, and their aliases.
-bool IsForeignLanguage(std::string_view word) {
-    static constexpr std::string_view names[] = {"Deutsch",       "German",
-                                                 "Français",      "French",
-                                                 "日本語",        "Japanese",
-                                                 "Dansk",         "Danish",
-                                                 "Español",       "Spanish",
-                                                 "Italiano",      "Italian",
-                                                 "Nederlands",    "Dutch",
-                                                 "Norsk",         "Norwegian",
-                                                 "Português",     "Portuguese",
-                                                 "Suomi",         "Finnish",
-                                                 "Svenska",       "Swedish",
-                                                 "čeština",       "Czech",
-                                                 "magyar",        "Hungarian",
-                                                 "polski",        "Polish",
-                                                 "română",        "Romanian",
-                                                 "hrvatski",      "Croatian",
-                                                 "slovenčina",    "Slovak",
-                                                 "slovenski",     "Slovenian",
-                                                 "ελληνικά",      "Greek",
-                                                 "български",     "Bulgarian",
-                                                 "русский",       "Russian",
-                                                 "Türkçe",        "Turkish",
-                                                 "eesti",         "Estonian",
-                                                 "latviešu",      "Latvian",
-                                                 "lietuvių",      "Lithuanian",
-                                                 "Brazilian",     "Português (Brasil)",
-                                                 "繁體中文",      "Traditional Chinese",
-                                                 "한국어",        "Korean",
-                                                 "简体中文",      "Simplified Chinese",
-                                                 "Arabic",        "ไทย",
-                                                 "Thai",          "Bokmål",
-                                                 "norsk (bokmål)"};
-    return std::any_of(std::begin(names), std::end(names),
-                       [&](std::string_view name) { return SameName(name, word); });
-}
-
-bool IsBritish(const std::string& word) {
-    return tsql::SameWord(word, "British") || tsql::SameWord(word, "British English");
-}
-
-void UseLanguage(SessionState& session, bool british) {
-    session.language = british ? "British" : "us_english";
+void UseLanguage(SessionState& session, std::string_view name) {
+    const bool british = name == "British";
+    session.language = name;
     session.options.dateOrder = british ? DateOrder::Dmy : DateOrder::Mdy;
     session.options.dateFirst = british ? 1 : 7;
 }
 
+/// Of the languages there are, this server speaks English and British English alone.
+bool IsSpoken(const Language& language) {
+    return language.messages == usEnglishMessages;
+}
+
 void SetLanguage(SessionState& session, const std::string& word) {
-    const bool british = IsBritish(word);
-    if (!british && !tsql::SameWord(word, "us_english") && !tsql::SameWord(word, "English")) {
-        if (!IsForeignLanguage(word))
-            throw SqlError(2740, {word});
+    const Language* language = FindLanguage(word);
+    if (language == nullptr)
+        throw SqlError(2740, {word});
+    if (!IsSpoken(*language))
         throw SqlError::NotSupported("SET LANGUAGE " + word);
-    }
     EnvironmentChange change;
     change.kind = EnvironmentChange::Kind::Language;
     change.oldValue = session.language;
-    UseLanguage(session, british);
+    UseLanguage(session, language->name);
     change.newValue = session.language;
     session.sink.Environment(change);
     session.Inform(5703, MessageText(5703, {session.language}));
@@ -262,7 +226,8 @@ void SetLoginDefaults(SessionState& session, const std::string& language) {
     session.options.ansiPadding = odbc;
     session.options.ansiWarnings = odbc;
     session.options.concatNullYieldsNull = odbc;
-    UseLanguage(session, IsBritish(language));
+    const Language* named = FindLanguage(language);
+    UseLanguage(session, named != nullptr && IsSpoken(*named) ? named->name : "us_english");
 }
 
 } // namespace quillon::practice

@@ -46,6 +46,7 @@ constexpr Language languages[] = {
 };
 
 } // namespace
+
 const Language* FindLanguage(std::string_view name) {
     const std::string wanted = unicode::ToLower(name);
     const auto* found = std::find_if(std::begin(languages), std::end(languages), [&](const Language& one) {
